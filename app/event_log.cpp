@@ -1,0 +1,37 @@
+#include "app/event_log.h"
+
+#include <QDateTime>
+
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+const std::filesystem::path log_folder = R"(C:\Users\Public\Documents)";
+
+std::ofstream log_file;
+
+} // namespace
+
+int open_log() {
+    // Opening without the folder would, off Windows, leave a file with backslashes in its name
+    // wherever the program was started.
+    std::error_code no_folder;
+    if (std::filesystem::is_directory(log_folder, no_folder)) {
+        log_file.open(log_folder / "KM_log.txt");
+    } else {
+        log_file.setstate(std::ios::failbit);
+    }
+    log_file << "Start........." << std::endl;
+    return log_file.is_open() ? 1 : -1;
+}
+
+void close_log() {
+    log_file << "Stop........." << std::endl;
+    log_file.close();
+}
+
+void write_log_line(const std::string& message) {
+    const QString now = QDateTime::currentDateTime().toString("yyyy-MM-dd hh:mm:ss");
+    log_file << message << "   " << now.toStdString() << std::endl;
+}

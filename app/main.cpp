@@ -1,0 +1,39 @@
+#include "app/start_up.h"
+#include "windows/halvern_velmoran_lite.h"
+#include "windows/halvern_velmoran_plus.h"
+#include "windows/halvern_velmoran_pro.h"
+
+#include <QApplication>
+
+#include <exception>
+
+namespace {
+
+std::unique_ptr<QMainWindow> make_main_window(const std::string& km_type) {
+    if (km_type == "Lite") {
+        return std::make_unique<Halvern_Velmoran_LITE>();
+    }
+    if (km_type == "Plus") {
+        return std::make_unique<Halvern_Velmoran_PLUS>();
+    }
+    if (km_type == "Pro") {
+        return std::make_unique<Halvern_Velmoran_PRO>();
+    }
+    return nullptr;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    std::exception_ptr construction_failure;
+    int exit_status = 0;
+    {
+        const QApplication application(argc, argv);
+        set_light_palette();
+        exit_status = run_tool(make_main_window, construction_failure);
+    }
+    if (construction_failure) {
+        std::rethrow_exception(construction_failure);
+    }
+    return exit_status;
+}

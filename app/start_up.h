@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include <exception>
+#include <functional>
+#include <memory>
+#include <string>
+
+/// Makes the main window of a model ("Lite", "Plus", "Pro"), or nothing for any other text.
+using Window_Factory = std::function<std::unique_ptr<QMainWindow>(const std::string& km_type)>;
+
+/// Gives the application one light palette, so that texts without a colour of their own stay
+/// readable on the forms' fixed light backgrounds under a dark desktop theme too.
+void set_light_palette();
+
+/// The run between the application object's birth and end: asks for the model, makes and shows its
+/// window, runs the event loop, and deletes the window before the dialog.
+///
+/// @param construction_failure takes an exception that left the making of the window, for the
+/// caller
+///        to throw on once the application object is gone as well; no event loop runs then.
+/// @return the exit status of the event loop; 0 at once if no model was chosen.
+int run_tool(const Window_Factory& make_window, std::exception_ptr& construction_failure);

@@ -1,0 +1,26 @@
+# One target carries the flags, so that no folder sets its own.
+add_library(halvern_options INTERFACE)
+target_compile_options(halvern_options INTERFACE
+  $<$<CXX_COMPILER_ID:GNU,Clang>:-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror>
+  $<$<CXX_COMPILER_ID:MSVC>:/W4 /WX /utf-8>)
+target_compile_definitions(halvern_options INTERFACE
+  QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_include_directories(halvern_options INTERFACE ${PROJECT_SOURCE_DIR})
+
+if(HALVERN_SANITIZE)
+  target_compile_options(halvern_options INTERFACE
+    -fsanitize=${HALVERN_SANITIZE} -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(halvern_options INTERFACE -fsanitize=${HALVERN_SANITIZE})
+endif()
+if(HALVERN_COVERAGE)
+  target_compile_options(halvern_options INTERFACE --coverage)
+  target_link_options(halvern_options INTERFACE --coverage)
+endif()
+
+# halvern_room(<name> SOURCES ... LINK ...): the static library of one folder.
+function(halvern_room name)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${ROOM_SOURCES})
+  target_link_libraries(${name} PUBLIC ${ROOM_LINK} PRIVATE halvern_options)
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+endfunction()

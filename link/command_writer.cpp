@@ -1,0 +1,67 @@
+#include "link/command_writer.h"
+
+#include "app/message_box.h"
+#include "link/vocabulary.h"
+
+#include <utility>
+
+Command_Writer::Command_Writer(Link_State& link_state, Link_Devices& link_devices,
+                               bool asks_for_audio)
+    : state(link_state),
+      devices(link_devices),
+      encoder(report_failure),
+      has_audio(asks_for_audio) {}
+
+void Command_Writer::writeCommand(std::string& command) {
+    if (!devices.is_open() || !state.write_enabled) {
+        return;
+    }
+    try {
+        devices.write(encoder.string_to_bytes(command));
+    } catch (...) {
+        report_failure("Write data error");
+    }
+}
+
+void Command_Writer::writeCommand(std::string&& command) {
+    std::string text = std::move(command);
+    writeCommand(text);
+}
+
+void Command_Writer::writeCommand(const QString& command) {
+    writeCommand(command.toUtf8().toStdString());
+}
+
+void Command_Writer::writeCommand(std::string_view command) { writeCommand(std::string(command)); }
+
+void Command_Writer::writeData(const QByteArray& data) { devices.write(data); }
+
+void Command_Writer::write_unguarded(QString& text) {
+    devices.write(encoder.qstring_to_bytes(text));
+}
+
+void Command_Writer::send_initial_command() {
+    state.report_in_progress = true;
+    writeCommand(vocabulary::status_query);
+}
+
+void Command_Writer::send_information_command() {
+    state.info_report_pending = true;
+    writeCommand(vocabulary::information_query);
+}
+
+void Command_Writer::send_current_layout_command() {
+    state.layout_report_pending = true;
+    writeCommand(vocabulary::layout_query);
+}
+
+void Command_Writer::send_audio_query() { writeCommand(vocabulary::audio_query); }
+
+void Command_Writer::send_start_commands() {
+    send_initial_command();
+    send_information_command();
+    send_current_layout_command();
+    if (has_audio) {
+        send_audio_query();
+    }
+}

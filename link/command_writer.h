@@ -1,0 +1,49 @@
+#pragma once
+
+#include "link/command_encoding.h"
+#include "link/link_devices.h"
+#include "link/link_state.h"
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+/// The way to the switch. A command counts as done when it has been handed to the link: nothing
+/// acknowledges it, nothing paces it.
+class Command_Writer {
+public:
+    /// @param asks_for_audio the model has an audio state to ask for at every start and refresh.
+    Command_Writer(Link_State& link_state, Link_Devices& link_devices, bool asks_for_audio);
+
+    /// Sends one command and its carriage return, which is appended to the caller's own text.
+    /// Dropped in silence while no link is open or write_enabled is false. A failure ends in
+    /// "Write data error".
+    void writeCommand(std::string& command);
+    void writeCommand(std::string&& command);
+    void writeCommand(const QString& command);
+    void writeCommand(std::string_view command);
+
+    /// Sends bytes as they are: no guard, no carriage return.
+    void writeData(const QByteArray& data);
+
+    /// Sends a text and its carriage return past the guard of writeCommand.
+    void write_unguarded(QString& text);
+
+    /// Ask for the status, the information and the layout report. The flags that await the
+    /// answers rise even if the guard drops the command.
+    void send_initial_command();
+    void send_information_command();
+    void send_current_layout_command();
+    void send_audio_query();
+
+    /// What every connection and every refresh begins with: the three questions back to back, and
+    /// the one for the audio where the model has any.
+    void send_start_commands();
+
+private:
+    Link_State& state;
+    Link_Devices& devices;
+    Command_Encoder encoder;
+    bool has_audio;
+};

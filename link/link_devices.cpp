@@ -1,0 +1,85 @@
+#include "link/link_devices.h"
+
+#include <QLoggingCategory>
+
+#include <utility>
+
+namespace {
+
+Q_LOGGING_CATEGORY(link_log, "halvern.link", QtCriticalMsg)
+
+// A port whose other end has gone makes Qt 6.4 raise ReadError without end, which takes a whole
+// core. Closing it at the first error ends that; queued, because the error is raised from inside
+// the port's own notifier.
+void quiet_at_first_error(QSerialPort& port) {
+    QObject::connect(
+        &port, &QSerialPort::errorOccurred, &port,
+        [&port](QSerialPort::SerialPortError error) {
+            if (error != QSerialPort::NoError && port.isOpen()) {
+                qCDebug(link_log) << port.portName() << "quieted:" << port.errorString();
+                port.close();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+} // namespace
+
+Link_Devices::Link_Devices(std::function<bool()> is_network_chosen)
+    : network_chosen(std::move(is_network_chosen)) {}
+
+void Link_Devices::open_port(const QString& port_name) {
+    serial_port = std::make_unique<QSerialPort>(port_name);
+    serial_port->setBaudRate(baud_rate, QSerialPort::AllDirections);
+    serial_port->setDataBits(QSerialPort::Data8);
+    serial_port->setParity(QSerialPort::NoParity);
+    serial_port->setStopBits(QSerialPort::OneStop);
+    serial_port->setFlowControl(QSerialPort::NoFlowControl);
+    serial_port->open(QIODevice::ReadWrite);
+    if (serial_port->isOpen()) {
+        port_open_count += 1;
+        quiet_at_first_error(*serial_port);
+    } else {
+        qCDebug(link_log) << port_name << "did not open:" << serial_port->errorString();
+    }
+}
+
+void Link_Devices::close_port() {
+    if (!serial_port) {
+        return;
+    }
+    port_open_count = 0;
+    serial_port->close();
+    serial_port.reset();
+}
+
+void Link_Devices::write(const QByteArray& bytes) const {
+    QIODevice* device = chosen_device();
+    if (device == nullptr || !device->isOpen()) {
+        qCDebug(link_log) << "dropped, no open device:" << bytes;
+        return;
+    }
+    device->write(bytes);
+}
+
+void Link_Devices::close_socket() {
+    if (!network_socket) {
+        return;
+    }
+    socket_open_count = 0;
+    network_socket->close();
+    network_socket.reset();
+}
+
+void Link_Devices::close_chosen_device() const {
+    if (QIODevice* device = chosen_device()) {
+        device->close();
+    }
+}
+
+QIODevice* Link_Devices::chosen_device() const {
+    if (is_network_chosen()) {
+        return network_socket.get();
+    }
+    return serial_port.get();
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QSerialPort>
+#include <QUdpSocket>
+
+#include <functional>
+#include <memory>
+
+/// The device under the command link. Only one of the two stands at a time; which one commands go
+/// to is decided by the chosen method, not by what stands.
+class Link_Devices {
+public:
+    /// 115200 baud, 8 data bits, no parity, 1 stop bit, no flow control: the unit's fixed setting.
+    static constexpr qint32 baud_rate = QSerialPort::Baud115200;
+
+    /// @param is_network_chosen whether the chosen method is the network.
+    explicit Link_Devices(std::function<bool()> is_network_chosen);
+
+    /// Makes a new port object for a name and tries to open it. A port that does not open stands
+    /// closed, without a word to the user; the reason goes to the diagnostics.
+    void open_port(const QString& port_name);
+    /// Closes and deletes the port, if one stands.
+    void close_port();
+
+    /// Closes and deletes the socket, if one stands.
+    void close_socket();
+    /// Closes the device of the chosen method, if it stands, and keeps the object.
+    void close_chosen_device() const;
+
+    [[nodiscard]] bool is_network_chosen() const { return network_chosen(); }
+    /// True while a port or a socket is open.
+    [[nodiscard]] bool is_open() const { return port_open_count >= 1 || socket_open_count >= 1; }
+    /// Writes to the device of the chosen method. Without an open one the bytes are dropped.
+    void write(const QByteArray& bytes) const;
+
+    std::unique_ptr<QSerialPort> serial_port;
+    /// 1 while serial_port is open, 0 otherwise.
+    int port_open_count = 0;
+    std::unique_ptr<QUdpSocket> network_socket;
+    /// 1 while network_socket stands for a connected socket, 0 otherwise.
+    int socket_open_count = 0;
+
+private:
+    /// The device of the chosen method; null if it does not stand.
+    [[nodiscard]] QIODevice* chosen_device() const;
+
+    std::function<bool()> network_chosen;
+};

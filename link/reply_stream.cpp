@@ -1,0 +1,161 @@
+#include "link/reply_stream.h"
+
+#include "app/message_box.h"
+#include "link/report_values.h"
+#include "link/vocabulary.h"
+
+#include <QTimer>
+
+#include <algorithm>
+
+namespace {
+
+/// UTF-8 text up to the first NUL byte, as the unit ends its texts.
+QString text_of(const QByteArray& raw) { return QString::fromUtf8(raw.constData()); }
+
+} // namespace
+
+Reply_Stream::Reply_Stream(Link_State& link_state, Command_Writer& command_writer,
+                           Reply_Receiver& receiver, QObject& window, Notice_Order network_order)
+    : state(link_state),
+      writer(command_writer),
+      target(receiver),
+      timer_target(window),
+      notice_order(network_order) {}
+
+void Reply_Stream::take_serial_chunk(const QByteArray& raw) {
+    const QString chunk = text_of(raw);
+    find_connected_marker(chunk.toStdString());
+    if (state.received_buff.size() > buffer_limit) {
+        state.received_buff.clear();
+    }
+    state.received_buff += chunk;
+    check_layout_saved(state.received_buff.toStdString());
+
+    const std::string gathered = state.received_buff.toStdString();
+    target.parse_both_notice(gathered);
+    target.parse_km_notice(gathered);
+    target.parse_usb_notice(gathered);
+    target.show_reply(chunk);
+    start_pending_timers();
+    target.apply_audio_reply(gathered);
+    if (!state.report_in_progress) {
+        empty_buffer_after_notice();
+    }
+}
+
+void Reply_Stream::take_network_chunk(const QByteArray& raw) {
+    const QString text = text_of(raw);
+    const std::string chunk = text.toStdString();
+    if (find_connected_marker(chunk)) {
+        target.show_reply(text);
+    }
+    apply_network_reports(chunk);
+    if (notice_order == Notice_Order::both_first) {
+        target.parse_both_notice(chunk);
+    }
+    check_layout_saved(chunk);
+    target.parse_km_notice(chunk);
+    target.parse_usb_notice(chunk);
+    if (notice_order == Notice_Order::layout_first) {
+        target.parse_both_notice(chunk);
+    }
+    target.apply_audio_reply(chunk);
+}
+
+void Reply_Stream::get_data_from_TQL_by_serial_port() {
+    state.info_buff = state.received_buff.toStdString();
+    state.status_buff = state.info_buff;
+    state.layout_buff = get_report_value(vocabulary::layout_line, state.info_buff);
+    state.info_report_pending = false;
+    state.layout_report_pending = false;
+    set_data_from_buffers();
+    state.report_in_progress = false;
+    empty_buffer_after_notice();
+}
+
+void Reply_Stream::set_current_layout_from_buff() {
+    state.layout_buff = state.received_buff.toStdString();
+    state.layout_report_pending = false;
+    target.set_layout_from_report();
+}
+
+bool Reply_Stream::find_connected_marker(const std::string& chunk) {
+    if (state.km_connected) {
+        return true;
+    }
+    const bool found =
+        std::ranges::any_of(vocabulary::connected_markers, [&chunk](std::string_view marker) {
+            return chunk.find(marker) != std::string::npos;
+        });
+    if (!found) {
+        return false;
+    }
+    state.km_connected = true;
+    target.switch_answered();
+    state.status_buff = chunk;
+    return true;
+}
+
+void Reply_Stream::check_layout_saved(const std::string& text) {
+    if (text.find(vocabulary::layout_saved) == std::string::npos) {
+        return;
+    }
+    state.layout_saved_pending = true;
+    state.received_buff.clear();
+    writer.send_current_layout_command();
+}
+
+void Reply_Stream::set_data_from_buffers() {
+    state.ui_changes_enabled = false;
+    try {
+        target.apply_information_report();
+        target.apply_status_report();
+        target.set_layout_from_report();
+        state.received_buff.clear();
+    } catch (...) {
+        report_failure("Setting data from TQL error");
+        state.write_enabled = true;
+        state.refresh_enabled = true;
+    }
+    state.ui_changes_enabled = true;
+}
+
+void Reply_Stream::apply_network_reports(const std::string& chunk) {
+    if (state.info_report_pending) {
+        state.info_buff = chunk;
+        state.info_report_pending = false;
+    }
+    if (!state.layout_report_pending) {
+        return;
+    }
+    state.layout_buff = chunk;
+    state.layout_report_pending = false;
+    if (state.layout_saved_pending) {
+        state.layout_saved_pending = false;
+        target.set_layout_from_report();
+    } else {
+        set_data_from_buffers();
+    }
+}
+
+void Reply_Stream::start_pending_timers() {
+    if (state.info_report_pending) {
+        state.info_report_pending = false;
+        QTimer::singleShot(report_wait_ms, Qt::PreciseTimer, &timer_target,
+                           SLOT(get_data_from_TQL_by_serial_port()));
+    }
+    if (state.layout_saved_pending) {
+        state.layout_saved_pending = false;
+        state.buff_clear_pending = false;
+        QTimer::singleShot(report_wait_ms, Qt::PreciseTimer, &timer_target,
+                           SLOT(set_current_layout_from_buff()));
+    }
+}
+
+void Reply_Stream::empty_buffer_after_notice() {
+    if (state.buff_clear_pending) {
+        state.received_buff.clear();
+        state.buff_clear_pending = false;
+    }
+}

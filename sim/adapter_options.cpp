@@ -1,0 +1,160 @@
+#include "sim/adapter_options.h"
+
+#include <QCommandLineParser>
+
+namespace {
+
+constexpr int most_adapters = 1000;
+constexpr int largest_datagram = 65507;
+
+void describe(QCommandLineParser& parser) {
+    parser.setApplicationDescription(
+        "Simulates serial-to-Ethernet adapters on the loopback of a private network namespace:\n"
+        "\n"
+        "  unshare -Urn sh -c 'ip link set lo up;\n"
+        "      ip route add 255.255.255.255 dev lo src 127.0.0.1; halvern-sim-adapter'\n"
+        "\n"
+        "Each adapter answers searches, logins and configuration frames on UDP port 1901, keeps "
+        "its\n"
+        "configuration, goes away and comes back after an apply, and has a switch behind UDP port\n"
+        "23. Every frame it takes is printed with what it made of it. Outside a private network\n"
+        "nothing is bound, and the exit code is 2.");
+    parser.addHelpOption();
+    parser.addOptions({
+        {"count", "How many adapters, at addresses counted up from the first.", "number", "1"},
+        {"address", "Address of the first one, within 127.0.0.0/8.", "ip", "127.0.0.2"},
+        {"dhcp-address", "Address it gets when set to DHCP; its first one unless given.", "ip"},
+        {"allocation", "\"dhcp\" or \"static\".", "kind", "dhcp"},
+        {"gateway", "Its default gateway.", "ip", "127.0.0.1"},
+        {"subnet-mask", "Its subnet mask.", "mask", "255.0.0.0"},
+        {"mac", "MAC address of the first one, 12 hex digits.", "digits", "d8b04c000002"},
+        {"name", "Its name, 16 bytes at most.", "text", "ADAPTER"},
+        {"name-hex", "The name's bytes, for one that is no text.", "digits"},
+        {"user", "User name, 6 bytes at most.", "text", "admin"},
+        {"password", "Password, 6 bytes at most.", "text", "admin"},
+        {"switch", "The switch behind port 23: \"plus\", \"pro\" or \"none\".", "model", "plus"},
+        {"split", "Bytes of a switch's answer in one datagram; 0 for all in one.", "bytes", "0"},
+        {"away", "Milliseconds between an apply and coming back.", "ms", "1000"},
+        {"delay", "Fault: milliseconds before each answer.", "ms", "0"},
+        {"copies", "Fault: how often each answer is sent.", "number", "1"},
+        {"silent-search", "Fault: no answer to searches."},
+        {"silent-login", "Fault: how many logins are not answered; -1 for all.", "number", "0"},
+        {"never-back", "Fault: does not come back after an apply."},
+        {"search-bytes", "Fault: size of the answer to a search.", "bytes", "36"},
+        {"login-bytes", "Fault: size of the answer to a login.", "bytes", "260"},
+        {"foreign", "Fault: a foreign datagram ahead of each answer to a search.", "bytes"},
+    });
+}
+
+/// Reads options one by one, and keeps the first complaint.
+class Option_Reader {
+public:
+    Option_Reader(const QCommandLineParser& command_line, QString& first_complaint)
+        : parser(command_line), complaint(first_complaint) {}
+
+    int number(const QString& option, int low, int high) {
+        bool is_number = false;
+        const int value = parser.value(option).toInt(&is_number);
+        if (!is_number || value < low || value > high) {
+            complain(option, QString("a number from %1 to %2").arg(low).arg(high));
+        }
+        return value;
+    }
+
+    QHostAddress address(const QString& option) {
+        const QHostAddress value(parser.value(option));
+        if (value.protocol() != QAbstractSocket::IPv4Protocol) {
+            complain(option, "an IPv4 address");
+        }
+        return value;
+    }
+
+    QByteArray text(const QString& option, qsizetype most_bytes) {
+        return within(option, parser.value(option).toUtf8(), most_bytes);
+    }
+
+    QByteArray bytes(const QString& option, qsizetype most_bytes) {
+        return within(option, QByteArray::fromHex(parser.value(option).toLatin1()), most_bytes);
+    }
+
+    QString one_of(const QString& option, const QStringList& choices) {
+        if (!choices.contains(parser.value(option))) {
+            complain(option, "one of " + choices.join(", "));
+        }
+        return parser.value(option);
+    }
+
+private:
+    QByteArray within(const QString& option, const QByteArray& value, qsizetype most_bytes) {
+        if (value.size() > most_bytes) {
+            complain(option, QString("at most %1 bytes").arg(most_bytes));
+        }
+        return value;
+    }
+
+    void complain(const QString& option, const QString& wanted) {
+        if (complaint.isEmpty()) {
+            complaint = QString("--%1 wants %2").arg(option, wanted);
+        }
+    }
+
+    const QCommandLineParser& parser;
+    QString& complaint;
+};
+
+Adapter_State read_state(const QCommandLineParser& parser, Option_Reader& reader) {
+    Adapter_State state;
+    state.address = reader.address("address");
+    state.static_ip = state.address;
+    state.dhcp_address =
+        parser.isSet("dhcp-address") ? reader.address("dhcp-address") : state.address;
+    state.dhcp = reader.one_of("allocation", {"dhcp", "static"}) == "dhcp";
+    state.gateway = reader.address("gateway");
+    state.subnet_mask = reader.address("subnet-mask");
+    state.mac = reader.bytes("mac", 6).leftJustified(6, '\0');
+    state.name = parser.isSet("name-hex") ? reader.bytes("name-hex", 16) : reader.text("name", 16);
+    state.username = reader.text("user", 6);
+    state.password = reader.text("password", 6);
+    return state;
+}
+
+Adapter_Faults read_faults(const QCommandLineParser& parser, Option_Reader& reader) {
+    Adapter_Faults faults;
+    faults.silent_to_search = parser.isSet("silent-search");
+    faults.unanswered_logins = reader.number("silent-login", -1, most_adapters);
+    faults.never_comes_back = parser.isSet("never-back");
+    faults.copies = reader.number("copies", 0, most_adapters);
+    faults.search_reply_bytes = reader.number("search-bytes", 0, largest_datagram);
+    faults.login_answer_bytes = reader.number("login-bytes", 0, largest_datagram);
+    if (parser.isSet("foreign")) {
+        faults.foreign_datagram_bytes = reader.number("foreign", 0, largest_datagram);
+    }
+    return faults;
+}
+
+} // namespace
+
+std::optional<Adapter_Options> read_adapter_options(const QStringList& arguments,
+                                                    QString& complaint) {
+    constexpr int longest_wait_ms = 3'600'000;
+    QCommandLineParser parser;
+    describe(parser);
+    parser.process(arguments);
+
+    Option_Reader reader(parser, complaint);
+    Adapter_Options options;
+    options.first = read_state(parser, reader);
+    options.faults = read_faults(parser, reader);
+    options.count = reader.number("count", 1, most_adapters);
+    options.delay = std::chrono::milliseconds(reader.number("delay", 0, longest_wait_ms));
+    options.time_away = std::chrono::milliseconds(reader.number("away", 0, longest_wait_ms));
+    options.split_bytes = reader.number("split", 0, largest_datagram);
+    options.switch_model = reader.one_of("switch", {"plus", "pro", "none"});
+    if (!parser.positionalArguments().isEmpty()) {
+        complaint = "no arguments but options are wanted";
+    }
+    if (!complaint.isEmpty()) {
+        return std::nullopt;
+    }
+    return options;
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "sim/adapter_state.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <chrono>
+#include <optional>
+
+/// What the command line of halvern-sim-adapter asks for.
+struct Adapter_Options {
+    Adapter_State first;
+    Adapter_Faults faults;
+    int count = 1;
+    std::chrono::milliseconds delay{0};
+    std::chrono::milliseconds time_away{1000};
+    int split_bytes = 0;
+    QString switch_model; ///< "plus", "pro", or empty for no switch
+};
+
+/// Reads the command line; --help is answered here and ends the process.
+/// @param complaint takes why the arguments can't be used.
+std::optional<Adapter_Options> read_adapter_options(const QStringList& arguments,
+                                                    QString& complaint);

@@ -1,0 +1,84 @@
+#include "sim/adapter_network.h"
+#include "sim/adapter_options.h"
+#include "sim/switch_unit.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+#include <memory>
+
+namespace {
+
+constexpr int exit_wrong_arguments = 1;
+constexpr int exit_no_private_network = 2;
+
+/// One line at once, so that whoever reads along never waits for it.
+void print_line(const QString& line) { QTextStream(stdout) << line << Qt::endl; }
+
+/// A switch of its own for each adapter.
+Switch_Answer make_switch(const QString& model) {
+    if (model == "none") {
+        return {};
+    }
+    const auto unit =
+        std::make_shared<Switch_Unit>(model == "pro" ? Switch_Model::pro : Switch_Model::plus);
+    return [unit](const QByteArray& command) { return unit->answer(command); };
+}
+
+void print_doings(const Simulated_Adapter& adapter) {
+    const auto address = [&adapter] { return adapter.unit().state().address.toString(); };
+    QObject::connect(
+        &adapter, &Simulated_Adapter::frame_taken, &adapter,
+        [address](const QByteArray& frame, const Adapter_Reaction& reaction) {
+            print_line(QString("%1 took %2: %3")
+                           .arg(address(), QString::fromLatin1(frame.toHex()), reaction.note));
+        });
+    QObject::connect(
+        &adapter, &Simulated_Adapter::switch_command_taken, &adapter,
+        [address](const QByteArray& command) {
+            print_line(QString("%1 switch command: %2").arg(address(), QString::fromUtf8(command)));
+        });
+    QObject::connect(&adapter, &Simulated_Adapter::came_back, &adapter, [address, &adapter] {
+        print_line(address() + (adapter.is_online() ? " came back" : " can't be had"));
+    });
+}
+
+bool add_adapters(Adapter_Network& network, const Adapter_Options& options) {
+    for (int number = 0; number < options.count; ++number) {
+        Simulated_Adapter& adapter = network.add(Adapter_Network::numbered(options.first, number));
+        if (!adapter.is_online()) {
+            print_line(adapter.unit().state().address.toString() + " can't be had");
+            return false;
+        }
+        adapter.unit().set_faults(options.faults);
+        adapter.set_delay(options.delay);
+        adapter.set_time_away(options.time_away);
+        adapter.set_split(options.split_bytes);
+        adapter.set_switch(make_switch(options.switch_model));
+        print_doings(adapter);
+    }
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const QCoreApplication application(argc, argv);
+    QString complaint;
+    const auto options = read_adapter_options(QCoreApplication::arguments(), complaint);
+    if (!options) {
+        QTextStream(stderr) << complaint << Qt::endl;
+        return exit_wrong_arguments;
+    }
+    Adapter_Network network;
+    if (!network.start() || !add_adapters(network, *options)) {
+        QTextStream(stderr)
+            << "No private network with a free port 1901; --help tells how to make one."
+            << Qt::endl;
+        return exit_no_private_network;
+    }
+    print_line(QString("%1 adapter(s) from %2 on")
+                   .arg(options->count)
+                   .arg(options->first.address.toString()));
+    return QCoreApplication::exec();
+}

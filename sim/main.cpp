@@ -1,0 +1,115 @@
+#include "sim/desk.h"
+#include "sim/desk_options.h"
+#include "sim/ending_signals.h"
+#include "sim/line_input.h"
+#include "sim/port_list.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QProcess>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int not_understood_status = 2;
+constexpr int not_started_status = 127;
+constexpr int signal_status_base = 128;
+
+/// At once: whoever reads the output through a pipe waits for the port names.
+void print(const QString& line) {
+    std::puts(line.toLocal8Bit().constData());
+    std::fflush(stdout);
+}
+
+/// The library stands beside the program in the build folder, and in a folder of its own where the
+/// program is installed.
+QString find_port_list_library() {
+    const QDir here(QCoreApplication::applicationDirPath());
+    for (const char* place : {"", "../lib/halvern/"}) {
+        QString path = QDir::cleanPath(here.filePath(QString(place) + port_list_library));
+        if (QFile::exists(path)) {
+            return path;
+        }
+    }
+    return port_list_library;
+}
+
+void print_how_to_start(const Desk& desk) {
+    print("Start the tool on them with:");
+    print(QString("  %1=%2 LD_PRELOAD=%3 halvern")
+              .arg(port_list_variable, QString::fromLocal8Bit(port_list_value(desk.device_names())),
+                   find_port_list_library()));
+    print("Lines of input act on the units; \"help\" lists them.");
+}
+
+/// Runs the program on the units; this process ends with it and with its status.
+void run_program(const QStringList& command, const Desk& desk, QProcess& process) {
+    process.setProcessEnvironment(environment_with_ports(
+        QProcessEnvironment::systemEnvironment(), desk.device_names(), find_port_list_library()));
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    QObject::connect(&process, &QProcess::finished, qApp,
+                     [](int code, QProcess::ExitStatus status) {
+                         const bool crashed = status == QProcess::CrashExit;
+                         QCoreApplication::exit(crashed ? signal_status_base + code : code);
+                     });
+    QObject::connect(&process, &QProcess::errorOccurred, qApp, [&](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) {
+            std::fprintf(stderr, "halvern-sim: cannot start %s\n", qPrintable(process.program()));
+            QCoreApplication::exit(not_started_status);
+        }
+    });
+    process.start(command.first(), command.mid(1));
+}
+
+/// Ends the program first, whose end then ends this process.
+void end(QProcess& process) {
+    if (process.state() == QProcess::NotRunning) {
+        QCoreApplication::quit();
+    } else {
+        process.terminate();
+    }
+}
+
+int run(const Desk_Options& options) {
+    Desk desk(options, print);
+    const Ending_Signals signals_to_end;
+    const Line_Input input;
+    QProcess process;
+
+    const auto end_all = [&] { end(process); };
+    QObject::connect(&signals_to_end, &Ending_Signals::received, qApp, end_all);
+    QObject::connect(&desk, &Desk::quit_wanted, qApp, end_all);
+    QObject::connect(&input, &Line_Input::line, &desk,
+                     [&](const QString& line) { desk.carry_out(line); });
+    if (options.end_with_input) {
+        QObject::connect(&input, &Line_Input::ended, qApp, end_all);
+    }
+    desk.introduce_units();
+    print_how_to_start(desk);
+    if (!options.program.isEmpty()) {
+        // In the event loop, so that a failure to start can end it.
+        QMetaObject::invokeMethod(
+            qApp, [&] { run_program(options.program, desk, process); }, Qt::QueuedConnection);
+    }
+    const int status = QCoreApplication::exec();
+    desk.keep_state();
+    return status;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const QCoreApplication application(argc, argv);
+    const Desk_Options options = read_desk_options(QCoreApplication::arguments());
+    if (options.help_wanted) {
+        print(desk_help().trimmed());
+        return 0;
+    }
+    if (!options.error.isEmpty()) {
+        std::fprintf(stderr, "halvern-sim: %s\nTry halvern-sim --help.\n",
+                     qPrintable(options.error));
+        return not_understood_status;
+    }
+    return run(options);
+}

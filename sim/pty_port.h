@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+class QSocketNotifier;
+
+/// A pseudo-terminal that stands for one serial line. The tool opens the slave end by its name;
+/// this object is the device at the other end. Event driven, in the thread that made it.
+class Pty_Port : public QObject {
+    Q_OBJECT
+
+public:
+    /// Opens the pair in raw mode: no echo, no line editing. The process ends with a message if the
+    /// system has no pseudo-terminal left.
+    explicit Pty_Port(QObject* parent = nullptr);
+    ~Pty_Port() override;
+
+    Pty_Port(const Pty_Port&) = delete;
+    Pty_Port& operator=(const Pty_Port&) = delete;
+
+    /// The slave's name, such as "/dev/pts/7". It stays the same after close().
+    const QString& device_name() const { return slave_name; }
+
+    /// Sends bytes to whoever has the slave open. What the line does not take at once follows when
+    /// it has room; without a reader the kernel keeps a few kilobytes and this object the rest.
+    /// Dropped after close().
+    void write(const QByteArray& bytes);
+
+    /// Whether everything written has been handed to the line.
+    bool all_written() const { return unwritten.isEmpty(); }
+
+    /// Takes the device off the line for good, like a plug that is pulled: the other end reads
+    /// errors from now on.
+    void close();
+
+    bool is_open() const { return master >= 0; }
+
+signals:
+    /// Bytes have come in, in the order they were written, none twice.
+    void received(const QByteArray& bytes);
+
+private:
+    void read_incoming();
+    void write_pending();
+
+    int master = -1;
+    /// Held open, so that the master survives the tool's closing and reopening of the slave.
+    int slave = -1;
+    QString slave_name;
+    QByteArray unwritten;
+    QSocketNotifier* read_notifier = nullptr;
+    QSocketNotifier* write_notifier = nullptr;
+};

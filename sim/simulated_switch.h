@@ -1,0 +1,88 @@
+#pragma once
+
+#include "sim/fault_plan.h"
+#include "sim/pty_port.h"
+#include "sim/switch_unit.h"
+
+#include <QByteArray>
+#include <QByteArrayList>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include <deque>
+
+/// A whole simulated switch: a unit on a pseudo-terminal that answers what it is asked, as well or
+/// as badly as its fault plan says. Works in the event loop of the thread that made it, so a test
+/// can have it in its own.
+///
+/// Answers go out strictly one after the other: the delay of the second begins when the first has
+/// been sent.
+class Simulated_Switch : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Simulated_Switch(Switch_Model model = Switch_Model::lite, QObject* parent = nullptr);
+
+    /// The name to list, such as "/dev/pts/7".
+    const QString& device_name() const { return port.device_name(); }
+
+    /// The name under which the tool shows the port, such as "pts/7".
+    QString port_name() const;
+
+    Switch_Unit& unit() { return switch_unit; }
+    const Switch_Unit& unit() const { return switch_unit; }
+
+    /// Puts a new plan in force for the answers to all commands from now on. What has been planned
+    /// before still goes out.
+    void set_faults(const Fault_Plan& plan) { faults = plan; }
+    const Fault_Plan& fault_plan() const { return faults; }
+
+    /// Every byte that has come in since the start or the last clear_record().
+    const QByteArray& received_bytes() const { return all_bytes; }
+
+    /// The commands among them, without their carriage returns. A command counts when its carriage
+    /// return has come.
+    const QByteArrayList& received_commands() const { return commands; }
+
+    void clear_record();
+
+    /// Sends bytes unasked and untouched by any fault, behind the answers still on their way.
+    void send(const QByteArray& bytes);
+
+    /// Puts all on a channel, as the unit's own hotkey does, and sends the notice "**M".
+    void press_hotkey(int channel) { send(switch_unit.notice_both(channel)); }
+
+    /// Leaves the line for good, without a word.
+    void vanish();
+
+    bool is_on_line() const { return port.is_open(); }
+
+    /// Whether every answer has been handed to the line.
+    bool all_sent() const { return outgoing.empty() && port.all_written(); }
+
+signals:
+    /// A command has come in and has been carried out; its answer may still be on its way.
+    void command_received(const QByteArray& command);
+
+    /// A piece of an answer, or of what send() was given, has been handed to the line.
+    void sent(const QByteArray& bytes);
+
+    /// The unit has left the line.
+    void vanished();
+
+private:
+    void take_bytes(const QByteArray& bytes);
+    void obey(const QByteArray& command);
+    void send_next();
+    void send_due();
+
+    Pty_Port port;
+    Switch_Unit switch_unit;
+    Fault_Plan faults;
+    QByteArray all_bytes;
+    QByteArrayList commands;
+    QByteArray unfinished_command;
+    std::deque<Timed_Chunk> outgoing;
+    QTimer pause_timer;
+};

@@ -1,0 +1,65 @@
+#include "tests/end_to_end/desktop.h"
+
+#include "tests/support/wait_until.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+constexpr int longest_wait = 20'000;
+
+QString exactly(const QString& title) { return '^' + QRegularExpression::escape(title) + '$'; }
+
+} // namespace
+
+Desktop::Desktop()
+    : window_manager(
+          {.program = "openbox", .arguments = {"--sm-disable"}, .display = screen.name()}) {}
+
+bool Desktop::is_ready() const {
+    // The first key of all changes the server's key map, and the window manager takes its own keys
+    // anew; a key that comes just then is lost to it. So the first one is one that means nothing.
+    return wait_until([this] { return run_tool({"get_desktop"}); }, longest_wait) &&
+           run_tool({"key", "Shift_L"});
+}
+
+QString Desktop::find_window(const QString& title) const {
+    QString window;
+    (void)run_tool({"search", "--sync", "--onlyvisible", "--name", exactly(title)}, &window);
+    // The window manager takes hold of a window a little after it can be seen.
+    const bool managed = wait_until(
+        [&] {
+            return run_tool({"get_desktop_for_window", window});
+        },
+        longest_wait);
+    return managed ? window : QString();
+}
+
+bool Desktop::shows_window(const QString& title) const {
+    return run_tool({"search", "--onlyvisible", "--name", exactly(title)});
+}
+
+bool Desktop::click(const QString& window, const QPoint& place) const {
+    return run_tool({"mousemove", "--window", window, QString::number(place.x()),
+                     QString::number(place.y()), "click", "1"});
+}
+
+bool Desktop::press(const QString& window, const QString& keys) const {
+    // Asked more than once: the window manager lets a request pass that comes while it is busy with
+    // the window's first showing.
+    const auto becomes_active = [&] {
+        QString active;
+        return run_tool({"windowactivate", window}) && run_tool({"getactivewindow"}, &active) &&
+               active == window;
+    };
+    return wait_until(becomes_active, longest_wait) && run_tool({"key", keys});
+}
+
+bool Desktop::run_tool(const QStringList& arguments, QString* output) const {
+    Program_Run tool({.program = "xdotool", .arguments = arguments, .display = screen.name()});
+    const bool succeeded = tool.wait_for_end(longest_wait) && tool.exit_status() == 0;
+    if (output != nullptr) {
+        *output = QString::fromLatin1(tool.output()).section('\n', 0, 0);
+    }
+    return succeeded;
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "tests/support/program_run.h"
+
+#include <QString>
+#include <QStringList>
+
+/// What a driven program finds on its machine.
+enum class Port_List { answers, throws };
+
+/// The real program without a display, and a hand inside it that does what it is told; see hand.h
+/// for the words.
+class Driven_Program {
+public:
+    /// @param ports device names of the only serial ports that it shall see.
+    explicit Driven_Program(const QStringList& ports = {},
+                            Port_List port_list = Port_List::answers);
+
+    /// Answers the next modal window, or the one that stands.
+    void answer(const QString& actions);
+    /// Chooses "LITE", "PLUS" or "PRO" in the model dialog and continues.
+    void choose_model(const QString& model);
+    void close_window();
+
+    /// Waits for a line that begins like this.
+    [[nodiscard]] bool wait_for(const QString& beginning);
+    [[nodiscard]] bool wait_for_end(int milliseconds = 20'000) {
+        return run.wait_for_end(milliseconds);
+    }
+
+    /// Everything the hand has told so far.
+    QStringList lines();
+
+    std::optional<int> exit_status() const { return run.exit_status(); }
+    std::optional<int> ending_signal() const { return run.ending_signal(); }
+    const QByteArray& errors() { return run.errors(); }
+
+private:
+    Program_Run run;
+};

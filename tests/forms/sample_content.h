@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QWidget>
+
+/// Fills the widgets that show nothing before a unit has answered, and does what every window's
+/// constructor does to the look of its form: the page buttons, the refresh icon, the grid.
+void fill_with_samples(QWidget& form);

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstddef>
+
+/// While it stands, every operator new of this size or more throws std::bad_alloc, as it does when
+/// memory runs out. It replaces the operators of the whole program, so that a test which lists
+/// failing_allocation.cpp among its sources reaches the code under test with it. Memory that is not
+/// taken by operator new, such as that of QString and QByteArray, is not touched.
+class Failing_Allocation {
+public:
+    explicit Failing_Allocation(std::size_t smallest_failing);
+    ~Failing_Allocation();
+    Failing_Allocation(const Failing_Allocation&) = delete;
+    Failing_Allocation& operator=(const Failing_Allocation&) = delete;
+
+    /// How many allocations have failed since this object was made.
+    [[nodiscard]] int failed() const;
+};

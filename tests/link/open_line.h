@@ -1,0 +1,40 @@
+#pragma once
+
+#include "link/command_writer.h"
+#include "link/link_devices.h"
+#include "link/link_state.h"
+#include "sim/pty_port.h"
+
+#include <QByteArray>
+#include <QObject>
+
+/// A serial line with the tool's link at one end and a device that only listens at the other.
+class Open_Line : public QObject {
+    Q_OBJECT
+
+public:
+    /// Opens the port and raises write_enabled, as a window does when it starts.
+    /// @param asks_for_audio as a Pro does.
+    explicit Open_Line(bool asks_for_audio = false);
+    ~Open_Line() override;
+    Open_Line(const Open_Line&) = delete;
+    Open_Line& operator=(const Open_Line&) = delete;
+
+    /// What the device has received, complete up to this call: a mark is sent behind it by a way
+    /// that no guard closes, and its arrival is awaited. Forgotten by the next call.
+    QByteArray received();
+
+    /// The name by which the port list shows the line, such as "pts/7".
+    [[nodiscard]] QString port_name() const;
+
+    Pty_Port device;
+    Link_State state;
+    bool network_chosen = false;
+    Link_Devices devices{[this] { return network_chosen; }};
+    Command_Writer writer;
+
+private:
+    /// A second way into the line. Opened first: the tool claims the line for itself.
+    int side_entrance;
+    QByteArray all_received;
+};

@@ -1,0 +1,22 @@
+#include "tests/link/recording_receiver.h"
+
+QStringList Recording_Receiver::texts_of(const QString& word) const {
+    QStringList texts;
+    for (const QString& record : records) {
+        if (record.startsWith(word + ':')) {
+            texts.append(record.mid(word.size() + 1));
+        }
+    }
+    return texts;
+}
+
+void Recording_Receiver::keep(const QString& record) {
+    records.append(record);
+    if (on_record) {
+        on_record(record);
+    }
+}
+
+void Recording_Receiver::keep_text(const QString& word, const std::string& text) {
+    keep(word + QString::fromStdString(text));
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "link/reply_stream.h"
+#include "tests/link/open_line.h"
+#include "tests/link/recording_receiver.h"
+
+#include <QElapsedTimer>
+#include <QList>
+#include <QObject>
+
+/// The slots that a reply stream's timers call, in place of a window's. Each call is kept as the
+/// time since this object was made, in milliseconds.
+class Timed_Slots : public QObject {
+    Q_OBJECT
+
+public:
+    Timed_Slots() { clock.start(); }
+
+    QList<qint64> report_calls;
+    QList<qint64> layout_calls;
+    QElapsedTimer clock;
+
+public slots:
+    void get_data_from_TQL_by_serial_port() { report_calls.append(clock.elapsed()); }
+    void set_current_layout_from_buff() { layout_calls.append(clock.elapsed()); }
+};
+
+/// A reply stream, with an open line for what it says and a record of what it finds.
+struct Reply_Bench {
+    explicit Reply_Bench(Notice_Order order = Notice_Order::layout_first)
+        : stream(line.state, line.writer, receiver, window, order) {}
+
+    Open_Line line;
+    Link_State& state = line.state;
+    Recording_Receiver receiver;
+    Timed_Slots window;
+    Reply_Stream stream;
+};

@@ -1,0 +1,133 @@
+#include "tests/link/open_line.h"
+#include "tests/support/modal_robot.h"
+#include "tests/support/wait_until.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <chrono>
+#include <ctime>
+
+/// A port whose other end goes away while it is open: the tool shows nothing and rests.
+class Test_Vanished_Port : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void a_vanished_end_costs_next_to_no_processor_time();
+    void a_vanished_end_leaves_the_counter_as_it_was();
+    void the_last_words_before_vanishing_are_still_read();
+    void commands_to_a_vanished_end_are_dropped_in_silence();
+    void vanishing_with_unsent_bytes_costs_no_processor_time_either();
+    void a_vanished_port_is_closed_and_another_opened();
+
+private:
+    std::unique_ptr<Modal_Robot> robot;
+};
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds watched_time{300};
+/// A port that spins takes all of the watched time, or half of it on a machine that others use.
+constexpr milliseconds bearable_time{50};
+
+/// The processor time that this process takes while it only serves events.
+milliseconds processor_time_of_waiting() {
+    const std::clock_t before = std::clock();
+    (void)wait_until([] { return false; }, watched_time.count());
+    return milliseconds((std::clock() - before) * 1000 / CLOCKS_PER_SEC);
+}
+
+void serve_events_for_a_while() {
+    (void)wait_until([] { return false; }, 50);
+}
+
+} // namespace
+
+void Test_Vanished_Port::init() { robot = std::make_unique<Modal_Robot>(); }
+
+void Test_Vanished_Port::cleanup() {
+    QVERIFY2(robot->done(), robot->why());
+    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(windows_left(), QStringList());
+}
+
+void Test_Vanished_Port::a_vanished_end_costs_next_to_no_processor_time() {
+    Open_Line line;
+    QSignalSpy ready(line.devices.serial_port.get(), &QSerialPort::readyRead);
+    line.device.write("KM\n");
+    QVERIFY(wait_until([&] { return ready.size() == 1; }));
+    line.device.close();
+    const milliseconds taken = processor_time_of_waiting();
+    QVERIFY2(taken < bearable_time, qPrintable(QString::number(taken.count()) + " ms"));
+    QCOMPARE(ready.size(), 1);
+}
+
+void Test_Vanished_Port::a_vanished_end_leaves_the_counter_as_it_was() {
+    Open_Line line;
+    line.state.km_connected = true;
+    line.device.close();
+    serve_events_for_a_while();
+    QCOMPARE(line.devices.port_open_count, 1);
+    QVERIFY(line.devices.serial_port != nullptr);
+    QVERIFY(line.devices.is_open());
+    QVERIFY(line.state.km_connected);
+}
+
+void Test_Vanished_Port::the_last_words_before_vanishing_are_still_read() {
+    Open_Line line;
+    QByteArray read;
+    connect(line.devices.serial_port.get(), &QSerialPort::readyRead, this,
+            [&] { read += line.devices.serial_port->readAll(); });
+    line.device.write("KM Port Limit: 2\n");
+    QVERIFY(wait_until([&] { return read.endsWith('\n'); }));
+    line.device.close();
+    serve_events_for_a_while();
+    QCOMPARE(read, "KM Port Limit: 2\n");
+}
+
+void Test_Vanished_Port::commands_to_a_vanished_end_are_dropped_in_silence() {
+    Open_Line line;
+    line.device.close();
+    // At once, while the port does not know yet, and when it does.
+    line.writer.writeCommand(std::string("//c3"));
+    serve_events_for_a_while();
+    line.writer.send_start_commands();
+    line.writer.writeData("raw");
+    serve_events_for_a_while();
+    QVERIFY(line.state.info_report_pending && line.state.report_in_progress);
+    QCOMPARE(line.devices.port_open_count, 1);
+}
+
+void Test_Vanished_Port::vanishing_with_unsent_bytes_costs_no_processor_time_either() {
+    Open_Line line;
+    // More than the line takes while nobody reads.
+    line.devices.write(QByteArray(1'000'000, 'x'));
+    line.device.close();
+    const milliseconds taken = processor_time_of_waiting();
+    QVERIFY2(taken < bearable_time, qPrintable(QString::number(taken.count()) + " ms"));
+}
+
+void Test_Vanished_Port::a_vanished_port_is_closed_and_another_opened() {
+    Open_Line line;
+    line.device.close();
+    serve_events_for_a_while();
+    line.devices.close_port();
+    QCOMPARE(line.devices.port_open_count, 0);
+
+    Pty_Port other;
+    QSignalSpy received(&other, &Pty_Port::received);
+    line.devices.open_port(other.device_name());
+    QCOMPARE(line.devices.port_open_count, 1);
+    line.writer.writeCommand(std::string("//c3"));
+    QVERIFY(wait_until([&] { return received.size() == 1; }));
+    QCOMPARE(received.first().first().toByteArray(), "//c3\r");
+}
+
+QTEST_MAIN(Test_Vanished_Port)
+
+#include "test_vanished_port.moc"

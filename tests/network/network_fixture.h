@@ -1,0 +1,89 @@
+#pragma once
+
+#include "tests/support/modal_robot.h"
+#include "tests/support/window_fixture.h"
+#include "tests/usr/fast_network.h"
+
+#include <QByteArrayList>
+#include <QList>
+
+// The ways through the connection wizard's dialogs.
+Modal_Expectation choose_network();
+Modal_Expectation choose_serial();
+Modal_Expectation choose_adapter();
+Modal_Expectation log_in(const QString& username = "admin", const QString& password = "admin");
+Modal_Expectation connect_adapter();
+
+/// The dialogs of the network road, in order.
+QStringList network_road();
+/// The frame's close button ends the dialog of this class.
+Modal_Expectation close_dialog(const QString& class_name);
+/// The Escape key ends the dialog of this class.
+Modal_Expectation escape_dialog(const QString& class_name);
+
+/// A Plus or Pro window, an adapter at 127.0.0.2 with a switch behind its data port, and another
+/// switch on a serial line. All work in the test's own thread, so that searches take no real time.
+class Network_Fixture : public Window_Fixture {
+public:
+    explicit Network_Fixture(Switch_Model model);
+    ~Network_Fixture() override;
+
+    /// The robot will answer the first dialogs of the network road, all unless told otherwise.
+    void expect_network_road(int dialogs = 4);
+
+    /// Makes the window by the network road and waits until the first report has filled the pages.
+    /// What the switch has received until then is forgotten.
+    [[nodiscard]] bool open_network();
+    /// As open_network(), but the switch says nothing; waits until it has been asked.
+    [[nodiscard]] bool open_silent();
+    /// Makes the window by the serial road and waits until the pages are filled.
+    [[nodiscard]] bool open_serial();
+    /// Presses the button that starts the wizard, and is back when it has ended.
+    void run_wizard() { button("pushButton_Connection_Settings").click(); }
+
+    void silence_switch() { adapter.set_switch({}); }
+    void wake_switch();
+
+    /// What the model asks at every connection and refresh.
+    [[nodiscard]] QByteArrayList start_commands() const;
+    /// All answers of the adapter's switch to that, in one.
+    QByteArray report();
+
+    /// Waits for so many commands at the adapter's switch, and a little longer for unwanted ones;
+    /// then forgets them.
+    QByteArrayList take_commands(qsizetype count);
+
+    /// Picks another KM channel and waits for its command at the adapter's switch, or at the one on
+    /// the serial line.
+    [[nodiscard]] bool change_reaches_adapter();
+    [[nodiscard]] bool change_reaches_serial_line();
+
+    /// Serves events for a little while, in which everything sent has arrived.
+    static void settle(int milliseconds = 100);
+
+    /// Sockets of this network that are connected to an adapter's data port.
+    static int socket_count();
+
+    /// Those of the left menu's link widgets that can be seen.
+    [[nodiscard]] QStringList visible_link_widgets() const;
+    static QStringList network_widgets();
+    static QStringList serial_widgets();
+
+    /// The grid cells, 1 to 16, of channel 1 to 4; 0 for one that is not on the grid.
+    [[nodiscard]] QList<int> layout_positions() const;
+
+    Modal_Robot robot;
+    Fast_Network network;
+    Simulated_Adapter& adapter;
+    Switch_Unit unit;     ///< the switch behind the adapter
+    QByteArrayList taken; ///< the commands it has got
+
+protected:
+    std::unique_ptr<QMainWindow> make_window() override;
+    void write_command(const std::string& command) override;
+
+private:
+    QByteArray pick_another_channel();
+
+    Switch_Model window_model;
+};

@@ -1,0 +1,21 @@
+#include "tests/network/network_test.h"
+
+void Network_Test::initTestCase_data() {
+    QTest::addColumn<Switch_Model>("model");
+    QTest::newRow("Plus") << Switch_Model::plus;
+    QTest::newRow("Pro") << Switch_Model::pro;
+}
+
+void Network_Test::init() {
+    QFETCH_GLOBAL(const Switch_Model, model);
+    at = std::make_unique<Network_Fixture>(model);
+}
+
+void Network_Test::cleanup() {
+    const bool done = at->robot.done();
+    const QByteArray why = at->robot.why();
+    at.reset();
+    QVERIFY2(done, why.constData());
+    QCOMPARE(windows_left(), QStringList());
+    QCOMPARE(Network_Fixture::socket_count(), 0);
+}

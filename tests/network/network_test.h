@@ -1,0 +1,33 @@
+#pragma once
+
+#include "tests/network/network_fixture.h"
+#include "tests/usr/private_network.h"
+
+#include <QApplication>
+#include <QTest>
+
+#include <memory>
+
+/// What every test of the network link begins and ends with: each of its functions runs with a
+/// fresh fixture, on the Plus and on the Pro.
+class Network_Test : public QObject {
+    Q_OBJECT
+
+protected:
+    std::unique_ptr<Network_Fixture> at;
+
+private slots:
+    void initTestCase_data();
+    void init();
+    void cleanup();
+};
+
+/// Runs a test in a network of its own.
+template <class Test>
+int run_network_test(int argc, char** argv) {
+    return run_in_private_network(argc, argv, [](int count, char** values) {
+        const QApplication application(count, values);
+        Test test;
+        return QTest::qExec(&test, count, values);
+    });
+}

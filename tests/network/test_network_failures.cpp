@@ -1,0 +1,131 @@
+#include "link/link_devices.h"
+#include "tests/app/log_folder.h"
+#include "tests/network/network_test.h"
+#include "tests/support/wait_until.h"
+#include "tests/usr/expect_box.h"
+
+#include <new>
+
+namespace {
+
+bool closing_sockets_fails = false;
+bool closing_ports_fails = false;
+
+} // namespace
+
+// The linker sends the calls of Link_Devices::close_socket() and close_port() here (see
+// CMakeLists.txt): they can fail on cue, which no input from outside can bring about.
+void real_close_socket(Link_Devices* devices) __asm__("__real__ZN12Link_Devices12close_socketEv");
+void failing_close_socket(Link_Devices* devices) __asm__(
+    "__wrap__ZN12Link_Devices12close_socketEv");
+void real_close_port(Link_Devices* devices) __asm__("__real__ZN12Link_Devices10close_portEv");
+void failing_close_port(Link_Devices* devices) __asm__("__wrap__ZN12Link_Devices10close_portEv");
+
+void failing_close_socket(Link_Devices* devices) {
+    if (closing_sockets_fails) {
+        throw std::bad_alloc();
+    }
+    real_close_socket(devices);
+}
+
+void failing_close_port(Link_Devices* devices) {
+    if (closing_ports_fails) {
+        throw std::bad_alloc();
+    }
+    real_close_port(devices);
+}
+
+/// Failures of the links themselves: each is shown, stands in the event log, and ends there.
+class Test_Network_Failures : public Network_Test {
+    Q_OBJECT
+
+private slots:
+    void a_failed_connecting_leaves_the_link_unchanged();
+    void a_socket_that_cannot_be_closed_is_kept();
+    void a_socket_that_cannot_be_closed_stops_the_serial_road_nowhere();
+    void a_port_that_cannot_be_closed_is_kept();
+    void a_port_that_cannot_be_closed_does_not_stop_the_network_road();
+};
+
+void Test_Network_Failures::a_failed_connecting_leaves_the_link_unchanged() {
+    const Log_Folder folder;
+    QVERIFY(at->open_network());
+    at->expect_network_road();
+    expect_warning(at->robot, "Connection to socket error");
+    closing_sockets_fails = true;
+    at->run_wizard();
+    closing_sockets_fails = false;
+    QVERIFY2(at->robot.done(), at->robot.why());
+    QCOMPARE(folder.entries(), QStringList("Connection to socket error"));
+    QCOMPARE(Network_Fixture::socket_count(), 1);
+    // The questions that follow go out on the link in force.
+    QCOMPARE(at->take_commands(at->start_commands().size()), at->start_commands());
+    QVERIFY(at->wait_filled());
+    QVERIFY(at->is_connected());
+    QVERIFY(at->change_reaches_adapter());
+}
+
+void Test_Network_Failures::a_socket_that_cannot_be_closed_is_kept() {
+    const Log_Folder folder;
+    QVERIFY(at->open_network());
+    expect_warning(at->robot, "Close socket error");
+    closing_sockets_fails = true;
+    at->button("pushButton_OFF_Connection").click();
+    closing_sockets_fails = false;
+    QVERIFY2(at->robot.done(), at->robot.why());
+    QCOMPARE(folder.entries(), QStringList("Close socket error"));
+    QCOMPARE(Network_Fixture::socket_count(), 1);
+    QVERIFY(!at->is_connected());
+    QVERIFY(!at->combo("comboBox_KM_Control").isEnabled());
+    QVERIFY(at->change_reaches_adapter());
+    at->button("pushButton_ON_Connection").click();
+    QCOMPARE(Network_Fixture::socket_count(), 1);
+    QVERIFY(at->wait_filled());
+}
+
+void Test_Network_Failures::a_socket_that_cannot_be_closed_stops_the_serial_road_nowhere() {
+    const Log_Folder folder;
+    QVERIFY(at->open_network());
+    at->robot.expect(choose_serial());
+    // Once as the port list's first line is chosen, once as the road opens the port.
+    expect_warning(at->robot, "Close socket error");
+    expect_warning(at->robot, "Close socket error");
+    closing_sockets_fails = true;
+    at->run_wizard();
+    closing_sockets_fails = false;
+    QVERIFY2(at->robot.done(), at->robot.why());
+    QVERIFY(at->wait_filled());
+    QVERIFY(at->change_reaches_serial_line());
+    QCOMPARE(Network_Fixture::socket_count(), 1);
+}
+
+void Test_Network_Failures::a_port_that_cannot_be_closed_is_kept() {
+    const Log_Folder folder;
+    QVERIFY(at->open_serial());
+    expect_warning(at->robot, "Close serial error");
+    closing_ports_fails = true;
+    at->button("pushButton_OFF_Connection").click();
+    closing_ports_fails = false;
+    QVERIFY2(at->robot.done(), at->robot.why());
+    QCOMPARE(folder.entries(), QStringList("Close serial error"));
+    QVERIFY(!at->is_connected());
+    QVERIFY(!at->combo("comboBox_KM_Control").isEnabled());
+    QVERIFY(at->change_reaches_serial_line());
+}
+
+void Test_Network_Failures::a_port_that_cannot_be_closed_does_not_stop_the_network_road() {
+    const Log_Folder folder;
+    QVERIFY(at->open_serial());
+    at->expect_network_road();
+    expect_warning(at->robot, "Close serial error");
+    closing_ports_fails = true;
+    at->run_wizard();
+    closing_ports_fails = false;
+    QVERIFY2(at->robot.done(), at->robot.why());
+    QCOMPARE(folder.entries(), QStringList("Close serial error"));
+    QVERIFY(at->wait_filled());
+    QVERIFY(at->change_reaches_adapter());
+}
+
+int main(int argc, char** argv) { return run_network_test<Test_Network_Failures>(argc, argv); }
+#include "test_network_failures.moc"

@@ -1,0 +1,217 @@
+#include "tests/settings/settings_desk.h"
+#include "tests/settings/settings_sight.h"
+#include "tests/support/wait_until.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+/// Files of all kinds: other line ends, bytes that are no text, and paths with nothing to read.
+class Test_Settings_Load_Files : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void a_file_with_windows_line_ends_loads_the_same();
+    void a_last_line_without_an_end_counts();
+    void a_file_with_bare_carriage_returns_is_one_long_line();
+    void bytes_that_are_no_utf8_go_out_as_they_stand();
+    void a_nul_byte_goes_out_as_it_stands();
+    void a_file_without_a_single_label_data();
+    void a_file_without_a_single_label();
+    void labels_without_values_are_missing_lines();
+    void a_path_with_nothing_to_read_is_a_file_without_labels_data();
+    void a_path_with_nothing_to_read_is_a_file_without_labels();
+    void a_folder_is_entered_and_not_loaded();
+    void a_file_that_vanishes_between_the_parts_is_loaded_whole();
+    void a_file_that_changes_between_the_parts_is_loaded_as_it_was();
+    void a_path_beyond_ascii_is_read();
+
+private:
+    [[nodiscard]] bool load(const QString& path, int first_part_errors = 0,
+                            int second_part_errors = 0);
+
+    std::unique_ptr<Settings_Desk> desk;
+    Settings_Lines lines;
+};
+
+namespace {
+
+/// After a load in which every line is missing, beginning with a filled page.
+const Sight sight_without_lines = {{"km", "0"},       {"usb", "0"},
+                                   {"limit", "-1"},   {"roll", "0"},
+                                   {"mode", "0"},     {"parking", "0|0"},
+                                   {"names", ""},     {"resolutions", "-1 -1 -1 -1"},
+                                   {"buzzer", "off"}, {"label 1", ""},
+                                   {"label 2", ""},   {"label 3", ""},
+                                   {"label 4", ""},   {"fields", "100|100|DESK"}};
+
+/// A file without labels brings an error box for each custom entry, and one for the empty label.
+constexpr int first_errors_without_lines = 4;
+constexpr int second_errors_without_lines = 1;
+
+} // namespace
+
+void Test_Settings_Load_Files::init() {
+    lines = Settings_Lines();
+    desk = std::make_unique<Settings_Desk>();
+    QVERIFY(desk->lite.open_filled());
+    desk->silence_switch();
+}
+
+void Test_Settings_Load_Files::cleanup() {
+    const bool robot_done = desk->robot.done();
+    const QByteArray why = desk->robot.why();
+    desk.reset();
+    QVERIFY2(robot_done, why);
+    QCOMPARE(windows_left(), QStringList());
+}
+
+bool Test_Settings_Load_Files::load(const QString& path, int first_part_errors,
+                                    int second_part_errors) {
+    return desk->load_first_part(path, first_part_errors) &&
+           desk->load_second_part_now(second_part_errors);
+}
+
+void Test_Settings_Load_Files::a_file_with_windows_line_ends_loads_the_same() {
+    QVERIFY2(load(desk->write(lines.text("\r\n"))), desk->robot.why());
+    QCOMPARE(look_at(desk->lite), good_sight);
+    QCOMPARE(desk->lite.commands(),
+             lines.values(first_part_labels) + lines.values(second_part_labels));
+}
+
+void Test_Settings_Load_Files::a_last_line_without_an_end_counts() {
+    QVERIFY2(load(desk->write(lines.text().chopped(1))), desk->robot.why());
+    QCOMPARE(look_at(desk->lite), good_sight);
+    QCOMPARE(desk->lite.commands().constLast(), QByteArray("//km"));
+}
+
+// Every value runs to the end of the file, and the switch gets all that as it stands.
+void Test_Settings_Load_Files::a_file_with_bare_carriage_returns_is_one_long_line() {
+    const QByteArray text = lines.text("\r");
+    QVERIFY2(desk->load_first_part(desk->write(text)), desk->robot.why());
+    QByteArray sent;
+    for (const QByteArray& label : first_part_labels) {
+        sent += text.mid(text.indexOf(label) + label.size()) + '\r';
+    }
+    QVERIFY(wait_until([&] { return desk->lite.device.received_bytes().size() >= sent.size(); }));
+    QCOMPARE(desk->lite.device.received_bytes(), sent);
+    const Sight sight = look_at(desk->lite);
+    QCOMPARE(sight.value("km"), "1");
+    QCOMPARE(sight.value("resolutions"), "1 12 9 8");
+    QVERIFY(sight.value("names").startsWith("BANK\rCustommousemovementsetting2:"));
+}
+
+void Test_Settings_Load_Files::bytes_that_are_no_utf8_go_out_as_they_stand() {
+    lines["Custom mouse movement setting 2: "] = "//MM C2 101 102 \xFF\x80T\xC3";
+    lines["Data from mouse movement label 2: "] = "101 102 \xFF\x80T\xC3";
+    lines["Cursor Rolling: "] = "//o1\xE2\x82";
+    QVERIFY2(load(desk->write(lines.text())), desk->robot.why());
+    QCOMPARE(desk->lite.commands(),
+             lines.values(first_part_labels) + lines.values(second_part_labels));
+    const QString replaced = QString("%1%1T%1").arg(QChar(QChar::ReplacementCharacter));
+    QCOMPARE(look_at(desk->lite), good_sight_but({{"names", "BANK " + replaced + " LAMP SOFA"},
+                                                  {"label 2", "101 102 " + replaced},
+                                                  {"roll", "0"}}));
+}
+
+void Test_Settings_Load_Files::a_nul_byte_goes_out_as_it_stands() {
+    lines["KM Control: "] = QByteArray("//c3\0//F", 8);
+    lines["USB Control: "] = QByteArray("\0//u2", 5);
+    QVERIFY2(load(desk->write(lines.text())), desk->robot.why());
+    QCOMPARE(desk->lite.commands(),
+             lines.values(first_part_labels) + lines.values(second_part_labels));
+    QCOMPARE(look_at(desk->lite), good_sight_but({{"km", "2"}, {"usb", "1"}}));
+}
+
+void Test_Settings_Load_Files::a_file_without_a_single_label_data() {
+    QTest::addColumn<QByteArray>("content");
+    QByteArray all_bytes;
+    for (int byte = 0; byte < 256; ++byte) {
+        all_bytes.append(static_cast<char>(byte));
+    }
+    QTest::addRow("empty") << QByteArray();
+    QTest::addRow("binary") << all_bytes.repeated(64);
+    QTest::addRow("text") << QByteArray("Dear Sir or Madam,\nthis is no settings file.\n");
+    QTest::addRow("labels without their blank") << QByteArray("KM Control://c2\nUSB Control:\n");
+    QTest::addRow("labels in other letters") << QByteArray("km control: //c2\n");
+    QTest::addRow("UTF-16") << QByteArray("\xFF\xFEK\0M\0 \0C\0o\0n\0t\0r\0o\0l\0:\0 \0", 26);
+}
+
+void Test_Settings_Load_Files::a_file_without_a_single_label() {
+    QFETCH(const QByteArray, content);
+    QVERIFY2(load(desk->write(content), first_errors_without_lines, second_errors_without_lines),
+             desk->robot.why());
+    QCOMPARE(desk->lite.commands(), QByteArrayList(16));
+    Sight sight = look_at(desk->lite);
+    // All four stand on the first cell, and both gray channels have marked the one tile there.
+    QCOMPARE(sight.take("tiles"), "[Channel 4\nINACTIVE\nINACTIVE #a0a0a4].../..../..../....");
+    QCOMPARE(sight, sight_without_lines);
+}
+
+void Test_Settings_Load_Files::labels_without_values_are_missing_lines() {
+    QByteArray labels_alone;
+    for (const QByteArray& line : lines.text().split('\n')) {
+        labels_alone += line.left(line.indexOf(": ") + 2) + '\n';
+    }
+    QVERIFY2(
+        load(desk->write(labels_alone), first_errors_without_lines, second_errors_without_lines),
+        desk->robot.why());
+    QCOMPARE(desk->lite.commands(), QByteArrayList(16));
+    Sight sight = look_at(desk->lite);
+    QVERIFY(sight.take("tiles").startsWith("[Channel 4"));
+    QCOMPARE(sight, sight_without_lines);
+}
+
+void Test_Settings_Load_Files::a_path_with_nothing_to_read_is_a_file_without_labels_data() {
+    QTest::addColumn<QString>("path");
+    QTest::addRow("no such file") << "/nowhere/to/be/found/settings.txt";
+    QTest::addRow("a file in place of the folder") << "/dev/null/settings.txt";
+    // It opens, and the first reading fails.
+    QTest::addRow("a file that can't be read on") << "/proc/self/mem";
+}
+
+void Test_Settings_Load_Files::a_path_with_nothing_to_read_is_a_file_without_labels() {
+    QFETCH(const QString, path);
+    QVERIFY2(load(path, first_errors_without_lines, second_errors_without_lines),
+             desk->robot.why());
+    QCOMPARE(desk->lite.commands(), QByteArrayList(16));
+}
+
+void Test_Settings_Load_Files::a_folder_is_entered_and_not_loaded() {
+    QVERIFY(QDir(QDir::homePath()).mkdir("folder"));
+    desk->expect_file_dialog("Select file", choose_file(desk->path("folder")));
+    // It stands on, in the folder.
+    desk->expect_file_dialog("Select file", press_key(Qt::Key_Escape));
+    desk->lite.button("pushButton_Load_Settings_File").click();
+    QVERIFY2(desk->robot.done(), desk->robot.why());
+    QCOMPARE(desk->lite.commands(), (QByteArrayList{"//rl", "//??", "//BP"}));
+}
+
+void Test_Settings_Load_Files::a_file_that_vanishes_between_the_parts_is_loaded_whole() {
+    const QString path = desk->write(lines.text());
+    QVERIFY2(desk->load_first_part(path), desk->robot.why());
+    QVERIFY(QFile::remove(path));
+    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QCOMPARE(look_at(desk->lite), good_sight);
+}
+
+void Test_Settings_Load_Files::a_file_that_changes_between_the_parts_is_loaded_as_it_was() {
+    const QString path = desk->write(lines.text());
+    QVERIFY2(desk->load_first_part(path), desk->robot.why());
+    desk->write("USB Control: //u4\n");
+    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QCOMPARE(look_at(desk->lite), good_sight);
+}
+
+void Test_Settings_Load_Files::a_path_beyond_ascii_is_read() {
+    const QString name = QString::fromUtf8("Größe 東京 🖥.txt");
+    QVERIFY2(load(desk->write(lines.text(), name)), desk->robot.why());
+    QCOMPARE(look_at(desk->lite), good_sight);
+}
+
+QTEST_MAIN(Test_Settings_Load_Files)
+
+#include "test_settings_load_files.moc"

@@ -1,0 +1,160 @@
+#include "app/event_log.h"
+#include "tests/app/log_folder.h"
+#include "tests/settings/settings_desk.h"
+#include "tests/settings/settings_sight.h"
+
+#include <QTest>
+
+/// What each line of a file does when it is missing: the rest of the file is loaded as ever.
+class Test_Settings_Load_Missing : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void a_missing_line_data();
+    void a_missing_line();
+    void a_resolution_of_a_missing_custom_line_is_no_selection();
+    void a_missing_grid_line_sends_an_empty_command_and_moves_the_tiles();
+    void an_error_is_logged_before_its_box();
+    void the_flags_are_down_while_an_error_box_stands();
+
+private:
+    /// Loads the lines, both parts, with so many error boxes in each.
+    [[nodiscard]] bool load(int first_part_errors, int second_part_errors);
+
+    std::unique_ptr<Log_Folder> log;
+    std::unique_ptr<Settings_Desk> desk;
+    Settings_Lines lines;
+};
+
+void Test_Settings_Load_Missing::init() {
+    log = std::make_unique<Log_Folder>();
+    QCOMPARE(open_log(), 1);
+    lines = Settings_Lines();
+    desk = std::make_unique<Settings_Desk>();
+    QVERIFY(desk->lite.open_filled());
+    desk->silence_switch();
+    // So that a line which is not applied leaves something other than what its absence means.
+    desk->lite.combo("comboBox_KM_Control").setCurrentIndex(3);
+    desk->lite.combo("comboBox_USB_Control").setCurrentIndex(3);
+    desk->lite.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
+    desk->lite.combo("comboBox_Select_Display_Mode").setCurrentIndex(1);
+    (void)desk->lite.commands();
+}
+
+void Test_Settings_Load_Missing::cleanup() {
+    const bool robot_done = desk->robot.done();
+    const QByteArray why = desk->robot.why();
+    desk.reset();
+    close_log();
+    log.reset();
+    QVERIFY2(robot_done, why);
+    QCOMPARE(windows_left(), QStringList());
+}
+
+bool Test_Settings_Load_Missing::load(int first_part_errors, int second_part_errors) {
+    return desk->load_first_part(desk->write(lines.text()), first_part_errors) &&
+           desk->load_second_part_now(second_part_errors);
+}
+
+void Test_Settings_Load_Missing::a_missing_line_data() {
+    QTest::addColumn<QByteArray>("label");
+    QTest::addColumn<int>("first_part_errors");
+    QTest::addColumn<int>("second_part_errors");
+    QTest::addColumn<Sight>("changed");
+    const auto row = [](const char* label, int first, int second, const Sight& changed) {
+        QTest::addRow("%s", label) << QByteArray(label) << first << second << changed;
+    };
+    row("KM Control: ", 0, 0, {{"km", "3"}});
+    row("USB Control: ", 0, 0, {{"usb", "3"}});
+    row("Mouse Mode: ", 0, 0, {{"mode", "0"}});
+    row("Limit Ports: ", 0, 0, {{"limit", "-1"}, {"tiles", "..../.12./.cd./...."}});
+    row("Cursor Rolling: ", 0, 0, {{"roll", "0"}});
+    row("Mouse Parking: ", 0, 0, {{"parking", "0|0"}});
+    // Each name after a missing one stands one item earlier, and the last item is gone.
+    row("Custom mouse movement setting 1: ", 1, 0,
+        {{"names", "TREE LAMP SOFA"}, {"resolutions", "1 -1 9 8"}});
+    row("Custom mouse movement setting 2: ", 1, 0,
+        {{"names", "BANK LAMP SOFA"}, {"resolutions", "1 -1 9 8"}});
+    row("Custom mouse movement setting 3: ", 1, 0,
+        {{"names", "BANK TREE SOFA"}, {"resolutions", "1 -1 9 8"}});
+    row("Custom mouse movement setting 4: ", 1, 0,
+        {{"names", "BANK TREE LAMP"}, {"resolutions", "1 -1 9 8"}});
+    row("Resolution channel 1: ", 0, 0, {{"resolutions", "-1 12 9 8"}});
+    row("Resolution channel 2: ", 0, 0, {{"resolutions", "1 -1 9 8"}});
+    row("Resolution channel 3: ", 0, 0, {{"resolutions", "1 12 -1 8"}});
+    row("Resolution channel 4: ", 0, 0, {{"resolutions", "1 12 9 -1"}});
+    row("Grid settings: ", 0, 0, {});
+    row("Coordinates channel 1: ", 0, 0, {{"tiles", "1.../..2./.3d./...."}});
+    row("Coordinates channel 4: ", 0, 0, {{"tiles", "d.../.12./.3../...."}});
+    row("Buzzer: ", 0, 0, {});
+    row("Data from mouse movement label 1: ", 0, 1, {{"label 1", ""}, {"fields", "100|100|DESK"}});
+    row("Data from mouse movement label 2: ", 0, 0, {{"label 2", ""}});
+    row("Data from mouse movement label 3: ", 0, 0, {{"label 3", ""}});
+    row("Data from mouse movement label 4: ", 0, 0, {{"label 4", ""}});
+}
+
+void Test_Settings_Load_Missing::a_missing_line() {
+    QFETCH(const QByteArray, label);
+    QFETCH(const int, first_part_errors);
+    QFETCH(const int, second_part_errors);
+    QFETCH(const Sight, changed);
+    lines.remove(label);
+    QVERIFY2(load(first_part_errors, second_part_errors), desk->robot.why());
+    QCOMPARE(look_at(desk->lite), good_sight_but(changed));
+    // The place of a command that is missing is taken by a lone carriage return.
+    QCOMPARE(desk->lite.commands(),
+             lines.values(first_part_labels) + lines.values(second_part_labels));
+}
+
+void Test_Settings_Load_Missing::a_resolution_of_a_missing_custom_line_is_no_selection() {
+    for (const char digit : {'1', '2', '3', '4'}) {
+        lines.remove(QByteArray("Custom mouse movement setting ") + digit + ": ");
+        lines[QByteArray("Resolution channel ") + digit + ": "] =
+            QByteArray("//CE ") + digit + " 1" + static_cast<char>(digit - 1);
+    }
+    QVERIFY2(load(4, 0), desk->robot.why());
+    QCOMPARE(look_at(desk->lite).value("names"), "");
+    QCOMPARE(look_at(desk->lite).value("resolutions"), "-1 -1 -1 -1");
+    QCOMPARE(desk->lite.commands().mid(5, 4),
+             (QByteArrayList{"//CE 1 10", "//CE 2 11", "//CE 3 12", "//CE 4 13"}));
+}
+
+void Test_Settings_Load_Missing::a_missing_grid_line_sends_an_empty_command_and_moves_the_tiles() {
+    lines.remove("Grid settings: ");
+    QVERIFY2(load(0, 0), desk->robot.why());
+    QCOMPARE(look_at(desk->lite).value("tiles"), "..../.12./.3d./....");
+    QCOMPARE(desk->lite.commands().value(13), QByteArray());
+}
+
+void Test_Settings_Load_Missing::an_error_is_logged_before_its_box() {
+    lines.remove("Custom mouse movement setting 2: ");
+    QStringList entries_at_box;
+    desk->expect_file_dialog("Select file", choose_file(desk->write(lines.text())));
+    desk->robot.expect({.text = "Error in setting the interface", .action = [&](QWidget& box) {
+                            entries_at_box = log->entries();
+                            return press_key(Qt::Key_Return)(box);
+                        }});
+    desk->lite.button("pushButton_Load_Settings_File").click();
+    QCOMPARE(entries_at_box, QStringList{"Error in setting the interface"});
+}
+
+void Test_Settings_Load_Missing::the_flags_are_down_while_an_error_box_stands() {
+    lines.remove("Custom mouse movement setting 1: ");
+    desk->expect_file_dialog("Select file", choose_file(desk->write(lines.text())));
+    desk->robot.expect({.text = "Error in setting the interface", .action = [&](QWidget& box) {
+                            desk->lite.combo("comboBox_USB_Control").setCurrentIndex(0);
+                            desk->lite.button("pushButton_Soft_Reset").click();
+                            return press_key(Qt::Key_Return)(box);
+                        }});
+    desk->lite.button("pushButton_Load_Settings_File").click();
+    QCOMPARE(desk->lite.combo("comboBox_USB_Control").currentIndex(), 0);
+    // Neither the choice nor the reset is among the commands.
+    QCOMPARE(desk->lite.commands(), lines.values(first_part_labels));
+}
+
+QTEST_MAIN(Test_Settings_Load_Missing)
+
+#include "test_settings_load_missing.moc"

@@ -1,0 +1,106 @@
+#include "tests/settings/settings_desk.h"
+#include "tests/settings/settings_sight.h"
+#include "tests/support/wait_until.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+/// Files far larger than any unit's settings: they load, and the time of each part is told.
+class Test_Settings_Load_Size : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void a_file_of_100_mb_loads();
+    void a_line_of_10_mb_loads_data();
+    void a_line_of_10_mb_loads();
+
+private:
+    void tell_time(const char* part, const QElapsedTimer& since) const;
+
+    std::unique_ptr<Settings_Desk> desk;
+    Settings_Lines lines;
+};
+
+namespace {
+
+constexpr int megabyte = 1'000'000;
+/// Far above what is needed, far below what a user would take for a crash.
+constexpr int longest_part = 120'000;
+
+} // namespace
+
+void Test_Settings_Load_Size::init() {
+    lines = Settings_Lines();
+    desk = std::make_unique<Settings_Desk>();
+    QVERIFY(desk->lite.open_filled());
+    desk->silence_switch();
+}
+
+void Test_Settings_Load_Size::cleanup() {
+    const bool robot_done = desk->robot.done();
+    const QByteArray why = desk->robot.why();
+    desk.reset();
+    QVERIFY2(robot_done, why);
+    QCOMPARE(windows_left(), QStringList());
+}
+
+void Test_Settings_Load_Size::tell_time(const char* part, const QElapsedTimer& since) const {
+    qInfo("%s, %s: %lld ms", QTest::currentDataTag() ? QTest::currentDataTag() : "100 MB", part,
+          since.elapsed());
+}
+
+void Test_Settings_Load_Size::a_file_of_100_mb_loads() {
+    const QByteArray noise = QByteArray("No label stands in this line, just words.\r\n");
+    const QString path =
+        desk->write(noise.repeated(100 * megabyte / static_cast<int>(noise.size())) + lines.text());
+    QElapsedTimer time;
+    time.start();
+    QVERIFY2(desk->load_first_part(path), desk->robot.why());
+    tell_time("first part", time);
+    QVERIFY(time.elapsed() < longest_part);
+    // The real timer: a part that takes long would meet it inside the box at its end.
+    time.start();
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
+    tell_time("second part and the 2000 ms before it", time);
+    QVERIFY(time.elapsed() < longest_part);
+    QCOMPARE(look_at(desk->lite), good_sight);
+    QCOMPARE(desk->lite.commands(),
+             lines.values(first_part_labels) + lines.values(second_part_labels));
+}
+
+void Test_Settings_Load_Size::a_line_of_10_mb_loads_data() {
+    QTest::addColumn<QByteArray>("label");
+    for (const char* label : {"Cursor Rolling: ", "Custom mouse movement setting 1: ",
+                              "Data from mouse movement label 1: ", "Mouse Parking: "}) {
+        QTest::addRow("%s", label) << QByteArray(label);
+    }
+}
+
+void Test_Settings_Load_Size::a_line_of_10_mb_loads() {
+    QFETCH(const QByteArray, label);
+    lines[label] += QByteArray(10 * megabyte, 'W');
+    const QString path = desk->write(lines.text());
+    QElapsedTimer time;
+    time.start();
+    QVERIFY2(desk->load_first_part(path), desk->robot.why());
+    tell_time("first part", time);
+    QVERIFY(time.elapsed() < longest_part);
+    // The real timer: a part that takes long would meet it inside the box at its end.
+    time.start();
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
+    tell_time("second part and the 2000 ms before it", time);
+    QVERIFY(time.elapsed() < longest_part);
+    // The page that shows the text has to be drawn, too.
+    time.start();
+    desk->lite.button("pushButton_Mouse_Speed_Settings").click();
+    desk->lite.window().grab();
+    tell_time("drawing", time);
+    QVERIFY(time.elapsed() < longest_part);
+}
+
+QTEST_MAIN(Test_Settings_Load_Size)
+
+#include "test_settings_load_size.moc"

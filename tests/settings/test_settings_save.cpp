@@ -1,0 +1,267 @@
+#include "tests/settings/settings_desk.h"
+
+#include <QFile>
+#include <QTest>
+
+/// The file that Create Settings File writes.
+class Test_Settings_Save : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void a_whole_file_byte_for_byte();
+    void a_silent_switch_gives_a_file_of_start_values_and_empty_lines();
+    void gray_channels_come_out_as_digit_3_and_keep_their_coordinates_data();
+    void gray_channels_come_out_as_digit_3_and_keep_their_coordinates();
+    void the_mouse_mode_follows_the_km_channel_on_a_lite_data();
+    void the_mouse_mode_follows_the_km_channel_on_a_lite();
+    void a_name_with_blanks_keeps_them_in_the_data_line_only();
+    void custom_figures_come_from_the_report_and_the_name_from_the_list();
+    void a_custom_line_is_cut_at_49_bytes();
+    void texts_beyond_ascii_are_written_as_utf8();
+    void the_file_holds_what_the_widgets_show();
+    void with_nothing_chosen_the_commands_say_so();
+
+private:
+    /// The value of a line of the file that is saved now.
+    QByteArrayList saved_lines();
+
+    std::unique_ptr<Settings_Desk> desk;
+};
+
+namespace {
+
+/// The unit of the example file below.
+Switch_State example_state() {
+    Switch_State state;
+    state.km_channel = 2;
+    state.usb_channel = 1;
+    state.relative_mouse = true;
+    state.port_limit = 4;
+    state.cursor_rolling = true;
+    state.parking_x = 50;
+    state.parking_y = 50;
+    state.buzzer = true;
+    state.custom_entries = {
+        {{150, 300, "DESK"}, {100, 100, "WALL"}, {200, 200, "HALL"}, {500, 500, "ROOM"}}};
+    state.resolutions = {1, 4, 10, 7};
+    state.layout_positions = {1, 2, 5, 6};
+    return state;
+}
+
+const QByteArray example_file = "KM Control: //c2\n"
+                                "USB Control: //u1\n"
+                                "Limit Ports: //D4\n"
+                                "Cursor Rolling: //o1\n"
+                                "Mouse Parking: //MP 50 50\n"
+                                "Resolution channel 1: //CE 1 1\n"
+                                "Resolution channel 2: //CE 2 4\n"
+                                "Resolution channel 3: //CE 3 10\n"
+                                "Resolution channel 4: //CE 4 7\n"
+                                "Custom mouse movement setting 1: //MM C1 150 300 DESK\n"
+                                "Custom mouse movement setting 2: //MM C2 100 100 WALL\n"
+                                "Custom mouse movement setting 3: //MM C3 200 200 HALL\n"
+                                "Custom mouse movement setting 4: //MM C4 500 500 ROOM\n"
+                                "Data from mouse movement label 1: 150 300 DESK\n"
+                                "Data from mouse movement label 2: 100 100 WALL\n"
+                                "Data from mouse movement label 3: 200 200 HALL\n"
+                                "Data from mouse movement label 4: 500 500 ROOM\n"
+                                "Grid settings: //FF01B01FF02B02FF03B05FF04B06\n"
+                                "Coordinates channel 1: 0 0\n"
+                                "Coordinates channel 2: 0 1\n"
+                                "Coordinates channel 3: 1 0\n"
+                                "Coordinates channel 4: 1 1\n"
+                                "Buzzer: //B1\n"
+                                "Mouse Mode: //km\n";
+
+const QByteArray empty_file = "KM Control: //c1\n"
+                              "USB Control: //u1\n"
+                              "Limit Ports: //D2\n"
+                              "Cursor Rolling: //o0\n"
+                              "Mouse Parking: //MP  \n"
+                              "Resolution channel 1: //CE 1 1\n"
+                              "Resolution channel 2: //CE 2 1\n"
+                              "Resolution channel 3: //CE 3 1\n"
+                              "Resolution channel 4: //CE 4 1\n"
+                              "Custom mouse movement setting 1: \n"
+                              "Custom mouse movement setting 2: \n"
+                              "Custom mouse movement setting 3: \n"
+                              "Custom mouse movement setting 4: \n"
+                              "Data from mouse movement label 1: \n"
+                              "Data from mouse movement label 2: \n"
+                              "Data from mouse movement label 3: \n"
+                              "Data from mouse movement label 4: \n"
+                              "Grid settings: //FF01B01FF02B02FF03B03FF04B04\n"
+                              "Coordinates channel 1: 0 0\n"
+                              "Coordinates channel 2: 0 1\n"
+                              "Coordinates channel 3: 0 2\n"
+                              "Coordinates channel 4: 0 3\n"
+                              "Buzzer: //B1\n"
+                              "Mouse Mode: //ks\n";
+
+} // namespace
+
+void Test_Settings_Save::init() { desk = std::make_unique<Settings_Desk>(); }
+
+void Test_Settings_Save::cleanup() {
+    const bool robot_done = desk->robot.done();
+    const QByteArray why = desk->robot.why();
+    desk.reset();
+    QVERIFY2(robot_done, why);
+    QCOMPARE(windows_left(), QStringList());
+}
+
+QByteArrayList Test_Settings_Save::saved_lines() {
+    const QString path = desk->path("lines.txt");
+    QFile::remove(path);
+    return desk->save(path) ? Settings_Desk::read(path).split('\n') : QByteArrayList();
+}
+
+void Test_Settings_Save::a_whole_file_byte_for_byte() {
+    desk->lite.device.unit().set_state(example_state());
+    QVERIFY(desk->lite.open_filled());
+    QVERIFY2(desk->save(desk->path()), desk->robot.why());
+    QCOMPARE(Settings_Desk::read(desk->path()), example_file);
+}
+
+void Test_Settings_Save::a_silent_switch_gives_a_file_of_start_values_and_empty_lines() {
+    desk->silence_switch();
+    desk->lite.open();
+    desk->expect_file_dialog("Save Settings File", choose_file(desk->path()));
+    desk->expect_saved_box();
+    // The button is out of reach as long as no switch has answered.
+    QVERIFY(!desk->lite.button("pushButton_Create_Settings_File").isEnabled());
+    QVERIFY(desk->lite.run_slot("on_pushButton_Create_Settings_File_clicked"));
+    QCOMPARE(Settings_Desk::read(desk->path()), empty_file);
+}
+
+void Test_Settings_Save::gray_channels_come_out_as_digit_3_and_keep_their_coordinates_data() {
+    QTest::addColumn<int>("port_limit");
+    QTest::addColumn<QByteArray>("grid");
+    QTest::addRow("4 ports") << 4 << QByteArray("//FF01B14FF02B10FF03B06FF04B02");
+    QTest::addRow("3 ports") << 3 << QByteArray("//FF01B14FF02B10FF03B06FF03B02");
+    QTest::addRow("2 ports") << 2 << QByteArray("//FF01B14FF02B10FF03B06FF03B02");
+}
+
+void Test_Settings_Save::gray_channels_come_out_as_digit_3_and_keep_their_coordinates() {
+    QFETCH(const int, port_limit);
+    QFETCH(const QByteArray, grid);
+    Switch_State state;
+    state.port_limit = port_limit;
+    state.layout_positions = {14, 10, 6, 2};
+    desk->lite.device.unit().set_state(state);
+    QVERIFY(desk->lite.open_filled());
+    const QByteArrayList lines = saved_lines();
+    QCOMPARE(lines.value(2), "Limit Ports: //D" + QByteArray::number(port_limit));
+    QCOMPARE(lines.mid(17, 5),
+             (QByteArrayList{"Grid settings: " + grid, "Coordinates channel 1: 3 1",
+                             "Coordinates channel 2: 2 1", "Coordinates channel 3: 1 1",
+                             "Coordinates channel 4: 0 1"}));
+}
+
+void Test_Settings_Save::the_mouse_mode_follows_the_km_channel_on_a_lite_data() {
+    QTest::addColumn<int>("km_channel");
+    QTest::addColumn<bool>("relative");
+    QTest::addColumn<QByteArray>("line");
+    QTest::addRow("channel 1, relative") << 1 << true << QByteArray("Mouse Mode: //ks");
+    QTest::addRow("channel 3, absolute") << 3 << false << QByteArray("Mouse Mode: //km");
+}
+
+void Test_Settings_Save::the_mouse_mode_follows_the_km_channel_on_a_lite() {
+    QFETCH(const int, km_channel);
+    QFETCH(const bool, relative);
+    QFETCH(const QByteArray, line);
+    Switch_State state;
+    state.km_channel = km_channel;
+    state.relative_mouse = relative;
+    desk->lite.device.unit().set_state(state);
+    QVERIFY(desk->lite.open_filled());
+    QCOMPARE(desk->lite.combo("comboBox_Select_Display_Mode").currentIndex(), relative ? 1 : 0);
+    QCOMPARE(saved_lines().value(23), line);
+}
+
+void Test_Settings_Save::a_name_with_blanks_keeps_them_in_the_data_line_only() {
+    Switch_State state;
+    state.custom_entries[1] = {101, 102, "MY  BIG DESK"};
+    state.custom_entries[2] = {103, 104, ""};
+    desk->lite.device.unit().set_state(state);
+    QVERIFY(desk->lite.open_filled());
+    const QByteArrayList lines = saved_lines();
+    QCOMPARE(lines.value(10), "Custom mouse movement setting 2: //MM C2 101 102 MYBIGDESK");
+    QCOMPARE(lines.value(14), "Data from mouse movement label 2: 101 102 MY  BIG DESK");
+    // Nothing squeezes a single blank at the end.
+    QCOMPARE(lines.value(11), "Custom mouse movement setting 3: //MM C3 103 104 ");
+    QCOMPARE(lines.value(15), "Data from mouse movement label 3: 103 104 ");
+}
+
+void Test_Settings_Save::custom_figures_come_from_the_report_and_the_name_from_the_list() {
+    QVERIFY(desk->lite.open_filled());
+    desk->lite.line_edit("lineEdit_Mouse_Movement_Name").setText("two  words ");
+    desk->lite.line_edit("lineEdit_Mouse_Movement_X").setText("7");
+    desk->lite.line_edit("lineEdit_Mouse_Movement_Y").setText("8");
+    desk->lite.button("pushButton_Submit_Custom_Mouse_Movement_Settings").click();
+    // The switch has not been asked again yet.
+    const QByteArrayList lines = saved_lines();
+    QCOMPARE(lines.value(9), "Custom mouse movement setting 1: //MM C1 100 100 two words ");
+    QCOMPARE(lines.value(13), "Data from mouse movement label 1: 100 100 DESK");
+}
+
+void Test_Settings_Save::a_custom_line_is_cut_at_49_bytes() {
+    Switch_State state;
+    state.custom_entries[3] = {1, 2, QByteArray(60, 'N')};
+    desk->lite.device.unit().set_state(state);
+    QVERIFY(desk->lite.open_filled());
+    const QByteArray line = saved_lines().value(12);
+    QCOMPARE(line, "Custom mouse movement setting 4: //MM C4 001 002 " + QByteArray(33, 'N'));
+}
+
+void Test_Settings_Save::texts_beyond_ascii_are_written_as_utf8() {
+    Switch_State state;
+    state.custom_entries[0] = {1, 2, "Büro東京"};
+    desk->lite.device.unit().set_state(state);
+    QVERIFY(desk->lite.open_filled());
+    const QByteArrayList lines = saved_lines();
+    QCOMPARE(lines.value(9), "Custom mouse movement setting 1: //MM C1 001 002 Büro東京");
+    QCOMPARE(lines.value(13), "Data from mouse movement label 1: 001 002 Büro東京");
+}
+
+void Test_Settings_Save::the_file_holds_what_the_widgets_show() {
+    QVERIFY(desk->lite.open_filled());
+    desk->lite.combo("comboBox_KM_Control").setCurrentIndex(3);
+    desk->lite.combo("comboBox_USB_Control").setCurrentIndex(2);
+    desk->lite.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
+    desk->lite.button("pushButton_OFF_Beep").click();
+    desk->lite.resolution(2).setCurrentIndex(12);
+    // Typed, and not applied.
+    desk->lite.line_edit("lineEdit_MouseParking_x").setText("7");
+    desk->lite.line_edit("lineEdit_MouseParking_y").setText("99");
+    const QByteArrayList lines = saved_lines();
+    QCOMPARE(lines.value(0), "KM Control: //c4");
+    QCOMPARE(lines.value(1), "USB Control: //u3");
+    QCOMPARE(lines.value(3), "Cursor Rolling: //o1");
+    QCOMPARE(lines.value(4), "Mouse Parking: //MP 7 99");
+    QCOMPARE(lines.value(6), "Resolution channel 2: //CE 2 13");
+    QCOMPARE(lines.value(22), "Buzzer: //B0");
+}
+
+void Test_Settings_Save::with_nothing_chosen_the_commands_say_so() {
+    QVERIFY(desk->lite.open_filled());
+    for (const char* name :
+         {"comboBox_KM_Control", "comboBox_USB_Control", "comboBox_Select_active_port",
+          "comboBox_Enable_or_Disable_Cursor_Roll",
+          "comboBox_mouse_movement_resolution_setting_1"}) {
+        desk->lite.combo(name).setCurrentIndex(-1);
+    }
+    const QByteArrayList lines = saved_lines();
+    QCOMPARE(lines.value(0), "KM Control: //c0");
+    QCOMPARE(lines.value(1), "USB Control: //u0");
+    QCOMPARE(lines.value(2), "Limit Ports: //D1");
+    QCOMPARE(lines.value(3), "Cursor Rolling: //o1");
+    QCOMPARE(lines.value(5), "Resolution channel 1: //CE 1 0");
+}
+
+QTEST_MAIN(Test_Settings_Save)
+
+#include "test_settings_save.moc"

@@ -1,0 +1,43 @@
+#include "tests/support/model_fixture.h"
+
+#include "tests/support/lite_fixture.h"
+#include "tests/support/wizard_fixture.h"
+#include "windows/halvern_velmoran_plus.h"
+#include "windows/halvern_velmoran_pro.h"
+
+#include <QTest>
+
+Modal_Expectation serial_method() {
+    return {.class_name = "Select_connection_method_Dialog",
+            .action = in_order({press_object("radioButton_RS232"), press_button("Continue")})};
+}
+
+std::unique_ptr<Window_Fixture> make_model_fixture(Switch_Model model, Modal_Robot& robot) {
+    switch (model) {
+    case Switch_Model::lite:
+        return std::make_unique<Lite_Fixture>();
+    case Switch_Model::plus:
+        return std::make_unique<Wizard_Fixture<Halvern_Velmoran_PLUS>>(model, robot);
+    case Switch_Model::pro:
+        return std::make_unique<Wizard_Fixture<Halvern_Velmoran_PRO>>(model, robot);
+    }
+    return nullptr;
+}
+
+const Model& model_row(Switch_Model model) {
+    switch (model) {
+    case Switch_Model::plus:
+        return plus_model;
+    case Switch_Model::pro:
+        return pro_model;
+    default:
+        return lite_model;
+    }
+}
+
+void add_model_rows() {
+    QTest::addColumn<Switch_Model>("model");
+    QTest::newRow("Lite") << Switch_Model::lite;
+    QTest::newRow("Plus") << Switch_Model::plus;
+    QTest::newRow("Pro") << Switch_Model::pro;
+}

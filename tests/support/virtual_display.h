@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QProcess>
+#include <QString>
+
+/// An X server without a screen (Xvfb) of the test's own, on the first free display number. It ends
+/// with this object.
+class Virtual_Display {
+public:
+    /// Starts the server and waits until it can be used.
+    /// @param screen width, height and depth.
+    explicit Virtual_Display(const QString& screen = "1600x1200x24");
+    ~Virtual_Display();
+
+    Virtual_Display(const Virtual_Display&) = delete;
+    Virtual_Display& operator=(const Virtual_Display&) = delete;
+
+    /// Such as ":7"; empty if the server did not start.
+    const QString& name() const { return display; }
+
+private:
+    QProcess server;
+    QString display;
+};

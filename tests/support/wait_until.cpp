@@ -1,0 +1,21 @@
+#include "tests/support/wait_until.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEvent>
+#include <QTimer>
+
+bool wait_until(const std::function<bool()>& condition, int milliseconds) {
+    constexpr std::chrono::milliseconds longest_round{10};
+    const QDeadlineTimer deadline(milliseconds);
+    QTimer waker;
+    waker.start(longest_round);
+    while (!condition()) {
+        if (deadline.hasExpired()) {
+            return false;
+        }
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    return true;
+}

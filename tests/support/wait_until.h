@@ -1,0 +1,10 @@
+#pragma once
+
+#include <functional>
+
+/// Serves events until the condition holds, and looks at it after each round of events and at least
+/// every 10 ms. Unlike QTest::qWaitFor it never sleeps while events are waiting, so that a fast
+/// line is served at its speed. Objects deleted later are deleted.
+/// @param milliseconds how long to wait at most.
+/// @return whether the condition holds.
+[[nodiscard]] bool wait_until(const std::function<bool()>& condition, int milliseconds = 5000);

@@ -1,0 +1,84 @@
+#include "tests/tour/stages.h"
+#include "tests/tour/step_failed.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QThread>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+/// The way into the unmodified program: this library is preloaded, and as soon as the program's
+/// application object stands, the stage named in HALVERN_TOUR_STAGE begins in a thread of its own.
+/// Pictures and the settings file go to the folder HALVERN_TOUR_FOLDER.
+
+namespace {
+
+struct Stage {
+    const char* name;
+    void (*take)(Visitor& visitor, const QString& settings_file);
+    const char* unit_names[2];
+};
+
+constexpr std::array stages = {
+    Stage{"lite", take_lite_tour, {"unit 1  ", "unit 2  "}},
+    Stage{"plus-serial", take_plus_serial_tour, {"unit 1  ", "unit 2  "}},
+    Stage{"pro-serial", take_pro_serial_tour, {"unit 1  ", "unit 2  "}},
+    Stage{"plus-adapter",
+          take_plus_adapter_tour,
+          {"127.0.0.2 switch command: ", "127.0.0.3 switch command: "}},
+    Stage{"pro-adapter",
+          take_pro_adapter_tour,
+          {"127.0.0.2 switch command: ", "127.0.0.3 switch command: "}},
+};
+
+[[noreturn]] void end_in_failure(const QString& stage, const char* reason) {
+    std::printf("%-13s FAILED: %s\n", qPrintable(stage), reason);
+    std::fflush(stdout);
+    // No destructor of the program may wait for a window that nobody answers.
+    std::_Exit(EXIT_FAILURE);
+}
+
+void take_stage(const Stage& stage) {
+    const QDir folder(qEnvironmentVariable("HALVERN_TOUR_FOLDER"));
+    Visitor visitor(stage.name, folder.path());
+    visitor.unit_names[0] = stage.unit_names[0];
+    visitor.unit_names[1] = stage.unit_names[1];
+    try {
+        stage.take(visitor, folder.filePath(QString(stage.name) + "-settings.txt"));
+        visitor.close_window();
+    } catch (const Step_Failed& failure) {
+        try {
+            visitor.take_picture("FAILED");
+        } catch (const Step_Failed& no_picture) {
+            std::puts(no_picture.what());
+        }
+        end_in_failure(stage.name, failure.what());
+    }
+}
+
+std::unique_ptr<QThread> guide;
+
+void begin_tour() {
+    const QString wanted = qEnvironmentVariable("HALVERN_TOUR_STAGE");
+    // Whatever the program or the tour starts is not to be visited.
+    qunsetenv("LD_PRELOAD");
+    for (const Stage& stage : stages) {
+        if (wanted == stage.name) {
+            guide.reset(QThread::create([&stage] { take_stage(stage); }));
+            guide->start();
+            qAddPostRoutine([] {
+                guide->wait();
+                guide.reset();
+            });
+            return;
+        }
+    }
+    end_in_failure(wanted, "there is no such stage");
+}
+
+} // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(begin_tour)

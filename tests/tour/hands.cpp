@@ -1,0 +1,47 @@
+#include "tests/tour/hands.h"
+
+#include "tests/tour/in_gui.h"
+
+#include <QProcess>
+#include <QStringList>
+
+namespace {
+
+void xdotool(const QStringList& arguments) {
+    constexpr int longest_ms = 30'000;
+    QProcess process;
+    process.start("xdotool", arguments);
+    if (!process.waitForFinished(longest_ms) || process.exitStatus() != QProcess::NormalExit ||
+        process.exitCode() != 0) {
+        throw Step_Failed("xdotool " + arguments.join(' ') + ": " +
+                          QString::fromLocal8Bit(process.readAllStandardError()));
+    }
+}
+
+QStringList move_to(const QPoint& spot) {
+    return {"mousemove", QString::number(spot.x()), QString::number(spot.y())};
+}
+
+/// A drag is followed by the program's own event loop: lets it take what has come in.
+void let_program_follow() {
+    in_gui([] { return true; });
+}
+
+} // namespace
+
+void hands::click_at(const QPoint& spot) { xdotool(move_to(spot) + QStringList{"click", "1"}); }
+
+void hands::press_key(const QString& key) { xdotool({"key", key}); }
+
+void hands::type(const QString& text) { xdotool({"type", "--delay", "2", text}); }
+
+void hands::drag(const QPoint& from, const QPoint& to) {
+    constexpr int stops = 8;
+    xdotool(move_to(from) + QStringList{"mousedown", "1"});
+    for (int stop = 1; stop <= stops; ++stop) {
+        let_program_follow();
+        xdotool(move_to(from + (to - from) * stop / stops));
+    }
+    let_program_follow();
+    xdotool({"mouseup", "1"});
+}

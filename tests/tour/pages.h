@@ -1,0 +1,25 @@
+#pragma once
+
+#include "tests/tour/visitor.h"
+
+/// What the tour does on the pages, the same on every model and over either link.
+
+/// The three pages as a unit fresh from the factory fills them, and the sign of the connection.
+void see_factory_settings(Visitor& visitor);
+
+/// Each control of the first page; the unit receives each command the moment it is used.
+void change_configuration(Visitor& visitor);
+
+/// A custom entry, and the resolutions of two channels.
+void change_mouse_speeds(Visitor& visitor);
+
+/// Drags a tile, submits the layout and sees it read back from the unit.
+void rearrange_displays(Visitor& visitor);
+
+/// The Pro's audio panel.
+void change_audio(Visitor& visitor);
+
+/// The pages after all these changes.
+void see_changed_settings(Visitor& visitor);
+/// The Pro's audio panel after its changes.
+void see_changed_audio(Visitor& visitor);

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "tests/tour/visitor.h"
+
+#include <QString>
+
+/// Saves the unit's settings and looks at the file.
+/// @param line_count of the file: 24, and 26 on the Pro.
+void save_settings(Visitor& visitor, const QString& path, int line_count);
+
+/// Loads the file into the unit that is connected now, which is the second one.
+void load_settings(Visitor& visitor, const QString& path);
+
+/// Asks the unit for everything anew, and waits until its answer has come.
+void refresh(Visitor& visitor);

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "tests/tour/visitor.h"
+
+#include <QString>
+
+/// The stages of the tour. Each is one run of the program from the model dialog to the closing of
+/// its window, beside two units of the model.
+///
+/// @param settings_file to be made on the way.
+void take_lite_tour(Visitor& visitor, const QString& settings_file);
+void take_plus_serial_tour(Visitor& visitor, const QString& settings_file);
+void take_pro_serial_tour(Visitor& visitor, const QString& settings_file);
+void take_plus_adapter_tour(Visitor& visitor, const QString& settings_file);
+void take_pro_adapter_tour(Visitor& visitor, const QString& settings_file);

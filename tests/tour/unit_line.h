@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <chrono>
+
+/// The other side of the link: what the simulated units print of the commands they receive, which
+/// comes in on the program's standard input, and what they can be asked.
+class Unit_Line {
+public:
+    /// Waits until a unit has received a command, behind those that were awaited before.
+    /// @param unit how the unit's lines name it, such as "unit 1  ".
+    /// @throws Step_Failed if it does not come.
+    void await_command(const QString& unit, const QString& command);
+
+    /// Asks a unit on the serial line (1, 2) for its settings, as its own report.
+    /// @param last_line how the report's last line begins.
+    QString report(int unit_number, const QString& last_line);
+
+private:
+    QString next_line(std::chrono::milliseconds patience);
+
+    QByteArray unread;
+    QStringList lines_met;
+};

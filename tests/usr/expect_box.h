@@ -1,0 +1,21 @@
+#pragma once
+
+#include "tests/support/modal_robot.h"
+
+/// The next modal widget is a message box in the common look with this text; it is answered by OK.
+inline void expect_box(Modal_Robot& robot, QMessageBox::Icon icon, const QString& text) {
+    robot.expect({.class_name = "QMessageBox",
+                  .title = "Information",
+                  .text = text,
+                  .icon = icon,
+                  .buttons = QStringList("OK"),
+                  .action = press_button("OK")});
+}
+
+inline void expect_warning(Modal_Robot& robot, const QString& text) {
+    expect_box(robot, QMessageBox::Warning, text);
+}
+
+inline void expect_information(Modal_Robot& robot, const QString& text) {
+    expect_box(robot, QMessageBox::Information, text);
+}

@@ -1,0 +1,69 @@
+#include "tests/usr/fast_network.h"
+
+#include "tests/usr/raw_sender.h"
+#include "tests/usr/test_time.h"
+
+#include <QElapsedTimer>
+#include <QThread>
+
+#include <stdexcept>
+
+namespace {
+
+// A broadcast on the loopback has arrived when its sending returns, but for a machine under heavy
+// load.
+constexpr int patience_ms = 2000;
+
+} // namespace
+
+Fast_Network::Fast_Network() {
+    if (!start()) {
+        qFatal("the simulated adapters can't listen");
+    }
+    connect(this, &Adapter_Network::frame_received, this,
+            [this](const QByteArray& frame) { all_frames << frame.toHex(); });
+    test_time::reset();
+    test_time::while_blocked([this] { catch_up(); });
+}
+
+Fast_Network::~Fast_Network() { test_time::reset(); }
+
+Simulated_Adapter& Fast_Network::add_adapter() {
+    Adapter_State first;
+    first.name = "OSTREL";
+    Simulated_Adapter& adapter = add(numbered(first, static_cast<int>(adapters().size())));
+    if (!adapter.is_online()) {
+        qFatal("a simulated adapter can't be on the network");
+    }
+    adapter.set_time_away(std::chrono::milliseconds(0));
+    connect(&adapter, &Simulated_Adapter::frame_taken, this,
+            [this, &adapter](const QByteArray&, const Adapter_Reaction& reaction) {
+                all_notes << adapter.unit().state().address.toString() + ": " + reaction.note;
+            });
+    return adapter;
+}
+
+QByteArrayList Fast_Network::frames_of(const QByteArray& command) const {
+    QByteArrayList found;
+    for (const QByteArray& frame : all_frames) {
+        if (frame.mid(4, 2) == command) {
+            found << frame;
+        }
+    }
+    return found;
+}
+
+void Fast_Network::catch_up() {
+    QElapsedTimer timer;
+    timer.start();
+    while (serve() == 0 && timer.elapsed() < patience_ms) {
+        QThread::msleep(1);
+    }
+}
+
+void spoil_coming_search() {
+    constexpr int readings_until_the_reply_is_taken = 50;
+    test_time::while_blocked([] { Raw_Sender().send("abc"); });
+    test_time::at_clock_reading(readings_until_the_reply_is_taken,
+                                [] { throw std::runtime_error("no clock now"); });
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "sim/adapter_network.h"
+
+#include <QByteArrayList>
+
+/// Simulated adapters in the test's own thread: they are served while the tool blocks that thread,
+/// so that a search takes no real time and its outcome does not hang on a race. For programs linked
+/// with test_time.
+class Fast_Network : public Adapter_Network {
+public:
+    Fast_Network();
+    ~Fast_Network() override;
+
+    /// Adds an adapter named "OSTREL" at 127.0.0.2, the next one at 127.0.0.3, and so on.
+    Simulated_Adapter& add_adapter();
+
+    /// Every frame broadcast so far, in hexadecimal.
+    [[nodiscard]] const QByteArrayList& frames() const { return all_frames; }
+    /// Those of a command, given as two digits such as "03".
+    [[nodiscard]] QByteArrayList frames_of(const QByteArray& command) const;
+
+    /// What the adapters made of the frames, as "127.0.0.2: login, answered".
+    [[nodiscard]] const QStringList& notes() const { return all_notes; }
+
+    /// Takes what has been sent since the tool last blocked.
+    void catch_up();
+
+private:
+    QByteArrayList all_frames;
+    QStringList all_notes;
+};
+
+/// Lets the coming search fail, after it has taken a reply of 3 bytes into its list.
+void spoil_coming_search();

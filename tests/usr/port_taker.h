@@ -1,0 +1,34 @@
+#pragma once
+
+#include "tests/usr/debug_lines.h"
+#include "tests/usr/raw_sender.h"
+
+/// Another program that takes the search port just between a spoiled search and its repetition,
+/// where a debug line stands.
+class Port_Taker {
+public:
+    Port_Taker() {
+        waiting_socket() = &socket;
+        earlier_handler =
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
+                if (text.contains("searching again")) {
+                    waiting_socket()->bind(QHostAddress::AnyIPv4, search_port);
+                }
+            });
+    }
+    ~Port_Taker() { qInstallMessageHandler(earlier_handler); }
+    Port_Taker(const Port_Taker&) = delete;
+    Port_Taker& operator=(const Port_Taker&) = delete;
+
+    [[nodiscard]] bool has_port() const { return socket.state() == QAbstractSocket::BoundState; }
+
+private:
+    static QUdpSocket*& waiting_socket() {
+        static QUdpSocket* waiting = nullptr;
+        return waiting;
+    }
+
+    const Debug_Lines debug_lines;
+    QUdpSocket socket;
+    QtMessageHandler earlier_handler = nullptr;
+};

@@ -1,0 +1,91 @@
+#include "tests/usr/debug_lines.h"
+#include "tests/usr/fast_network.h"
+#include "tests/usr/private_network.h"
+#include "usr/usr_configurator.h"
+#include "usr/usr_log.h"
+
+#include <QApplication>
+#include <QTest>
+
+/// What a developer can have told about the adapter's conversation.
+class Test_USR_Diagnostics : public QObject {
+    Q_OBJECT
+
+private slots:
+    void nothing_is_told_unless_switched_on();
+    void searches_and_frames_are_told_when_switched_on();
+    void no_user_name_or_password_is_ever_told_data();
+    void no_user_name_or_password_is_ever_told();
+
+private:
+    static QStringList lines_of_a_conversation();
+};
+
+namespace {
+
+QStringList& told_lines() {
+    static QStringList lines;
+    return lines;
+}
+
+} // namespace
+
+QStringList Test_USR_Diagnostics::lines_of_a_conversation() {
+    Fast_Network network;
+    Adapter_State state;
+    state.username = "keller";
+    state.password = "geheim";
+    network.add(state);
+    told_lines().clear();
+    const QtMessageHandler earlier = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& text) { told_lines() << text; });
+    USR_configurator configurator("127.0.0.2", "127.0.0.2", "255.0.0.0", "127.0.0.1", "80",
+                                  "keller", "geheim");
+    configurator.login_to_USR();
+    configurator.change_credentials_and_name("dach", "offen", "OSTREL");
+    qInstallMessageHandler(earlier);
+    return told_lines();
+}
+
+void Test_USR_Diagnostics::nothing_is_told_unless_switched_on() {
+    QVERIFY(!usr_log().isDebugEnabled());
+    QCOMPARE(lines_of_a_conversation(), QStringList());
+}
+
+void Test_USR_Diagnostics::searches_and_frames_are_told_when_switched_on() {
+    const Debug_Lines debug_lines;
+    const QStringList lines = lines_of_a_conversation();
+    QCOMPARE(lines.filter("reply of 36 bytes from QHostAddress(\"127.0.0.2\")").size(), 2);
+    QCOMPARE(lines.filter("login attempt 1 answered with 520 digits").size(), 1);
+    QCOMPARE(lines.filter("frame \"03\" of 22 bytes, sent 22").size(), 1);
+    QCOMPARE(lines.filter("frame \"05\" of 89 bytes, sent 89").size(), 1);
+    QCOMPARE(lines.filter("frame \"04\" of 22 bytes, sent 22").size(), 1);
+    QCOMPARE(lines.filter("search receive buffer in bytes: ").size(), 2);
+}
+
+void Test_USR_Diagnostics::no_user_name_or_password_is_ever_told_data() {
+    QTest::addColumn<QByteArray>("secret");
+    for (const char* secret : {"keller", "geheim", "dach", "offen"}) {
+        QTest::newRow(secret) << QByteArray(secret);
+    }
+}
+
+void Test_USR_Diagnostics::no_user_name_or_password_is_ever_told() {
+    QFETCH(const QByteArray, secret);
+    const Debug_Lines debug_lines;
+    const QString all = lines_of_a_conversation().join('\n');
+    QVERIFY(!all.isEmpty());
+    QVERIFY(!all.contains(secret));
+    QVERIFY(!all.contains(secret.toHex()));
+}
+
+int main(int argc, char** argv) {
+    // What is on by itself is to be seen, not what the environment asks for.
+    qunsetenv("QT_LOGGING_RULES");
+    return run_in_private_network(argc, argv, [](int count, char** values) {
+        const QApplication application(count, values);
+        Test_USR_Diagnostics test;
+        return QTest::qExec(&test, count, values);
+    });
+}
+#include "test_usr_diagnostics.moc"

@@ -1,0 +1,24 @@
+# The pages: the grid's arithmetic without a window, then each page in the Lite window.
+foreach(subject grid grid_neighbours)
+  halvern_test(test_${subject} SOURCES test_${subject}.cpp LINK halvern_grid)
+endforeach()
+
+foreach(subject layout_page layout_inactive layout_submit layout_report)
+  halvern_test(test_${subject}
+    SOURCES test_${subject}.cpp test_layout_table.cpp test_layout_table.h
+    LINK halvern_lite_fixture)
+endforeach()
+target_link_libraries(test_layout_report PRIVATE halvern_log_folder)
+
+halvern_test(test_layout_drag
+  SOURCES
+    test_layout_drag.cpp
+    test_layout_drag_display.cpp test_layout_drag_display.h
+    test_layout_drag_pointer.cpp test_layout_drag_pointer.h
+    test_layout_table.cpp test_layout_table.h
+  LINK halvern_lite_fixture
+  TIMEOUT 300)
+
+foreach(subject mouse_speed_page mouse_speed_custom)
+  halvern_test(test_${subject} SOURCES test_${subject}.cpp LINK halvern_lite_fixture TIMEOUT 240)
+endforeach()

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "tests/support/lite_fixture.h"
+
+#include <QPoint>
+#include <QString>
+#include <QTableWidget>
+
+/// The grid of the layout page as a test looks at it and presses it.
+class Layout_Table {
+public:
+    explicit Layout_Table(const Lite_Fixture& lite);
+
+    /// All 16 cells, row by row: "1234/..../..../....". A digit is an active channel's tile in its
+    /// own colour, "c" and "d" are the gray tiles of channels 3 and 4 with their second line, a dot
+    /// is an empty cell. Any other tile is written out in brackets, with its colour.
+    QString picture() const;
+
+    /// Shows the layout page, which a switch must have answered for.
+    void show_page() const;
+
+    /// Presses and releases the left button in the middle of a cell.
+    void press(int row, int column, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+
+    /// The middle of a cell, on the table's viewport.
+    QPoint centre(int row, int column) const;
+
+    /// Whether a tile can be dragged now, as all three settings of the table say.
+    bool is_armed() const;
+    bool is_disarmed() const;
+
+    QTableWidget& widget;
+
+private:
+    const Lite_Fixture& fixture;
+};

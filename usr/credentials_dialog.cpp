@@ -1,0 +1,65 @@
+#include "usr/credentials_dialog.h"
+
+#include "app/message_box.h"
+#include "ui_credentials_dialog.h"
+#include "usr/adapter_limits.h"
+#include "usr/usr_configurator.h"
+
+#include <QCloseEvent>
+#include <QIcon>
+
+Credentials_Dialog::Credentials_Dialog(const QString& given_current_ip,
+                                       const QStringList& given_replies, QWidget* parent)
+    : QDialog(parent),
+      current_ip(given_current_ip),
+      replies(given_replies),
+      ui(std::make_unique<Ui::Credentials_Dialog>()) {
+    ui->setupUi(this);
+    setFixedSize(405, 205);
+    setWindowTitle("Velmoran Ostrel");
+    setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
+    ui->lineEdit_password->setEchoMode(QLineEdit::Password);
+    ui->label_current_ip->setTextFormat(Qt::PlainText);
+    ui->label_current_ip->setText(current_ip);
+}
+
+Credentials_Dialog::~Credentials_Dialog() = default;
+
+QString Credentials_Dialog::get_username() const { return ui->lineEdit_username->text(); }
+
+QString Credentials_Dialog::get_password() const { return ui->lineEdit_password->text(); }
+
+bool Credentials_Dialog::check_credentials() const {
+    const char* complaint = nullptr;
+    if (get_username().size() > most_credential_characters) {
+        complaint = "Username is too long";
+    } else if (get_password().size() > most_credential_characters) {
+        complaint = "Password is too long";
+    } else if (get_username().isEmpty()) {
+        complaint = "Enter username";
+    } else if (get_password().isEmpty()) {
+        complaint = "Enter password";
+    }
+    if (complaint) {
+        show_information_box(complaint, QMessageBox::Warning);
+    }
+    return !complaint;
+}
+
+void Credentials_Dialog::on_pushButton_ip_allocation_clicked() {
+    if (!check_credentials()) {
+        return;
+    }
+    ip_allocation.clear();
+    USR_configurator configurator(current_ip, get_username(), get_password());
+    ip_allocation += configurator.get_ip_allocation();
+    hide();
+    closed_by_user = false;
+}
+
+void Credentials_Dialog::closeEvent(QCloseEvent* event) {
+    if (event->type() == QEvent::Close) {
+        closed_by_user = true;
+    }
+    QDialog::closeEvent(event);
+}

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QString>
+
+/// Whether a text looks like a dotted IPv4 address: four groups of one to three digits. The shape
+/// only: 999.1.1.1 has it.
+[[nodiscard]] bool has_dotted_shape(const QString& text);

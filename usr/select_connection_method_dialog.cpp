@@ -1,0 +1,44 @@
+#include "usr/select_connection_method_dialog.h"
+
+#include "app/event_log.h"
+#include "app/message_box.h"
+#include "ui_select_connection_method_dialog.h"
+
+#include <QCloseEvent>
+#include <QIcon>
+
+Select_connection_method_Dialog::Select_connection_method_Dialog(QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::Select_connection_method_Dialog>()) {
+    ui->setupUi(this);
+    setFixedSize(405, 170);
+    setWindowTitle("Velmoran Ostrel");
+    setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
+    ui->radioButton_TCP_IP->setChecked(true);
+    ui->radioButton_RS232->setChecked(false);
+    open_log();
+}
+
+Select_connection_method_Dialog::~Select_connection_method_Dialog() = default;
+
+void Select_connection_method_Dialog::on_pushButton_continue_clicked() {
+    if (ui->radioButton_RS232->isChecked()) {
+        rs232_selected = true;
+        tcp_ip_selected = false;
+    } else if (ui->radioButton_TCP_IP->isChecked()) {
+        tcp_ip_selected = true;
+        rs232_selected = false;
+    } else {
+        show_information_box("Select connection method", QMessageBox::Warning);
+        return;
+    }
+    method_chosen = true;
+    closed_by_user = false;
+    hide();
+}
+
+void Select_connection_method_Dialog::closeEvent(QCloseEvent* event) {
+    if (event->type() == QEvent::Close) {
+        closed_by_user = true;
+    }
+    QDialog::closeEvent(event);
+}

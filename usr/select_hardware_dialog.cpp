@@ -1,0 +1,96 @@
+#include "usr/select_hardware_dialog.h"
+
+#include "app/message_box.h"
+#include "ui_select_hardware_dialog.h"
+#include "usr/adapter_answers.h"
+
+#include <QCloseEvent>
+#include <QIcon>
+#include <QSet>
+
+#include <algorithm>
+#include <cstdlib>
+
+Select_hardware_Dialog::Select_hardware_Dialog(QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::Select_hardware_Dialog>()) {
+    ui->setupUi(this);
+    setFixedSize(405, 341);
+    setWindowTitle("Velmoran Ostrel");
+    setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
+    set_buttons_enabled(false);
+    refresh_hardware_list();
+    set_buttons_enabled(true);
+}
+
+Select_hardware_Dialog::~Select_hardware_Dialog() = default;
+
+void Select_hardware_Dialog::refresh_hardware_list() {
+    list_ready = false;
+    if (search_USR_in_network() != 1) {
+        show_information_box("No hardware online", QMessageBox::Warning);
+        std::exit(1);
+    }
+    ui->comboBox->clear();
+    fill_hardware_list();
+    set_buttons_enabled(true);
+    list_ready = true;
+    take_selected_ip();
+}
+
+void Select_hardware_Dialog::fill_hardware_list() {
+    // A search that was spoiled and could not be repeated leaves addresses without replies.
+    const qsizetype count = std::min(USR_addresses.size(), USR_replies.size());
+    for (qsizetype i = 0; i < count; ++i) {
+        const QString item =
+            USR_addresses[i]->toString() + "   " + get_name_from_reply(USR_replies[i]);
+        ui->comboBox->insertItem(ui->comboBox->count(), QIcon(), item, QVariant());
+    }
+    remove_duplicate_items();
+}
+
+void Select_hardware_Dialog::remove_duplicate_items() {
+    QSet<QString> seen;
+    for (int index = ui->comboBox->count() - 1; index >= 0; --index) {
+        const QString item = ui->comboBox->itemText(index);
+        if (seen.contains(item)) {
+            ui->comboBox->removeItem(index);
+        } else {
+            seen.insert(item);
+        }
+    }
+}
+
+void Select_hardware_Dialog::set_buttons_enabled(bool enabled) {
+    ui->pushButton_Refresh->setEnabled(enabled);
+    ui->pushButton_Continue->setEnabled(enabled);
+}
+
+void Select_hardware_Dialog::take_selected_ip() {
+    const int index = ui->comboBox->currentIndex();
+    const bool has_choice = index >= 0 && index < USR_addresses.size();
+    selected_ip = has_choice ? USR_addresses[index]->toString() : QString();
+}
+
+void Select_hardware_Dialog::on_comboBox_currentIndexChanged() {
+    if (list_ready) {
+        take_selected_ip();
+    }
+}
+
+void Select_hardware_Dialog::on_pushButton_Refresh_clicked() {
+    set_buttons_enabled(false);
+    refresh_hardware_list();
+    closed_by_user = false;
+}
+
+void Select_hardware_Dialog::on_pushButton_Continue_clicked() {
+    closed_by_user = false;
+    hide();
+}
+
+void Select_hardware_Dialog::closeEvent(QCloseEvent* event) {
+    if (event->type() == QEvent::Close) {
+        closed_by_user = true;
+    }
+    QDialog::closeEvent(event);
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "usr/usr_searcher.h"
+
+#include <QDialog>
+#include <QString>
+
+#include <memory>
+
+namespace Ui {
+class Select_hardware_Dialog;
+}
+
+/// Lets the user pick one of the adapters that answer a search: address, three blanks, name. The
+/// search runs when the dialog is made and on Refresh; one without an answer ends the process with
+/// exit code 1, after the box "No hardware online".
+class Select_hardware_Dialog : public QDialog, public USR_searcher {
+    Q_OBJECT
+
+public:
+    explicit Select_hardware_Dialog(QWidget* parent = nullptr);
+    ~Select_hardware_Dialog() override;
+
+    /// The window's close button ended the dialog. The Escape key does not count.
+    [[nodiscard]] bool is_closed_by_user() const { return closed_by_user; }
+
+    /// Dotted address of the choice; empty if the search left nothing to choose from.
+    ///
+    /// It is the address at the box's index among all replies. An adapter that answers twice has
+    /// one line in the box but two replies, so the addresses of the lines behind it are then
+    /// shifted.
+    [[nodiscard]] QString get_selected_ip() const { return selected_ip; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private slots:
+    void on_comboBox_currentIndexChanged();
+    void on_pushButton_Refresh_clicked();
+    void on_pushButton_Continue_clicked();
+
+private:
+    void refresh_hardware_list();
+    void fill_hardware_list();
+    void remove_duplicate_items();
+    void set_buttons_enabled(bool enabled);
+    void take_selected_ip();
+
+    bool closed_by_user = false;
+    bool list_ready = false; ///< the box is filled, so that its index changes count
+    QString selected_ip;
+    std::unique_ptr<Ui::Select_hardware_Dialog> ui;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "link/audio_state.h"
+#include "link/command_writer.h"
+#include "windows/window_widgets.h"
+
+#include <string>
+#include <string_view>
+
+/// The Pro's audio routing. The check boxes are the state; they only edit a choice on the screen
+/// until Audio Submit sends it. All, Follow and the channels exclude each other.
+class Audio_Panel {
+public:
+    Audio_Panel(const Audio_Widgets& panel_widgets, Command_Writer& command_writer);
+
+    // The user's clicks; the box has toggled already.
+    void all_clicked();
+    void follow_clicked();
+    void channel_clicked();
+    void submit();
+
+    /// "//a 0", "//a f", "//a 1 3", "//a x"; All wins over Follow, and both over the channels.
+    [[nodiscard]] QString get_audio_command() const { return audio_command(shown_state()); }
+    /// The state as a settings file records it.
+    [[nodiscard]] QString get_audio_state_text() const { return audio_state_text(shown_state()); }
+
+    /// Shows the state that a text names. A text without content leaves the boxes as they are, an
+    /// unknown one clears them.
+    /// @return whether the text was understood.
+    bool parse_audio_state(std::string_view text);
+    /// Shows the state that stands behind the first of the switch's audio marks that leads to one.
+    void apply_audio_reply(std::string_view text);
+
+private:
+    void uncheck_audio_channels();
+    void enable_audio_channels();
+    [[nodiscard]] Audio_State shown_state() const;
+    void show_state(const Audio_State& state);
+
+    Audio_Widgets widgets;
+    Command_Writer& writer;
+};

@@ -1,0 +1,171 @@
+#include "windows/configuration_page.h"
+
+#include "app/yes_no_dialog.h"
+#include "link/report_values.h"
+#include "link/vocabulary.h"
+#include "windows/combo_box.h"
+#include "windows/range_check.h"
+
+#include <QTimer>
+
+namespace {
+
+constexpr const char* parking_range_text = "Mouse Parking Range is between ";
+constexpr int parking_low = 0;
+constexpr int parking_high = 100;
+
+} // namespace
+
+Configuration_Page::Configuration_Page(const Configuration_Widgets& page_widgets,
+                                       Link_State& link_state, Command_Writer& command_writer,
+                                       const Link_Devices& link_devices, Layout_Page& layout_page,
+                                       const Model& switch_model, QObject& window)
+    : widgets(page_widgets),
+      state(link_state),
+      writer(command_writer),
+      devices(link_devices),
+      layout(layout_page),
+      model(switch_model),
+      timer_target(window) {}
+
+void Configuration_Page::km_control_changed() { send_user_change(get_km_control_command()); }
+
+void Configuration_Page::usb_control_changed() { send_user_change(get_usb_control_command()); }
+
+void Configuration_Page::mouse_mode_changed() { send_user_change(get_mouse_mode_command()); }
+
+void Configuration_Page::active_ports_changed() {
+    if (send_user_change(get_limit_ports_command())) {
+        layout.update_inactive_channels(widgets.comboBox_Select_active_port.currentIndex());
+    }
+}
+
+void Configuration_Page::cursor_roll_changed() { send_user_change(get_cursor_roll_command()); }
+
+void Configuration_Page::parking_x_edited() {
+    check_value_range(widgets.lineEdit_MouseParking_x, parking_range_text, parking_low,
+                      parking_high);
+}
+
+void Configuration_Page::parking_y_edited() {
+    check_value_range(widgets.lineEdit_MouseParking_y, parking_range_text, parking_low,
+                      parking_high);
+}
+
+void Configuration_Page::apply_mouse_parking() { writer.writeCommand(get_mouse_parking_command()); }
+
+void Configuration_Page::factory_reset() {
+    Yes_No_Dialog question("Perform factory reset?", "Confirm", "Cancel");
+    question.exec();
+    if (question.get_result_text() != "OK") {
+        return;
+    }
+    writer.writeCommand(vocabulary::factory_reset);
+    if (devices.network_socket) {
+        QTimer::singleShot(reset_wait_network_ms, Qt::PreciseTimer, &timer_target,
+                           SLOT(refresh_UI()));
+    } else if (devices.serial_port) {
+        QTimer::singleShot(reset_wait_serial_ms, Qt::PreciseTimer, &timer_target,
+                           SLOT(refresh_UI()));
+    }
+}
+
+void Configuration_Page::soft_reset() { writer.writeCommand(vocabulary::soft_reset); }
+
+void Configuration_Page::beep_on() {
+    show_buzzer(true);
+    writer.writeCommand(vocabulary::buzzer_on);
+}
+
+void Configuration_Page::beep_off() {
+    show_buzzer(false);
+    writer.writeCommand(vocabulary::buzzer_off);
+}
+
+QString Configuration_Page::get_km_control_command() const {
+    return vocabulary::numbered(vocabulary::km_control,
+                                widgets.comboBox_KM_Control.currentIndex() + 1);
+}
+
+QString Configuration_Page::get_usb_control_command() const {
+    return vocabulary::numbered(vocabulary::usb_control,
+                                widgets.comboBox_USB_Control.currentIndex() + 1);
+}
+
+QString Configuration_Page::get_limit_ports_command() const {
+    return vocabulary::numbered(vocabulary::port_limit,
+                                widgets.comboBox_Select_active_port.currentIndex() + 2);
+}
+
+QString Configuration_Page::get_cursor_roll_command() const {
+    const bool off = widgets.comboBox_Enable_or_Disable_Cursor_Roll.currentIndex() == 0;
+    return vocabulary::text(off ? vocabulary::cursor_roll_off : vocabulary::cursor_roll_on);
+}
+
+QString Configuration_Page::get_mouse_parking_command() const {
+    return vocabulary::mouse_parking_command(widgets.lineEdit_MouseParking_x.text(),
+                                             widgets.lineEdit_MouseParking_y.text());
+}
+
+QString Configuration_Page::get_mouse_mode_command() const {
+    const QComboBox& source = model.mouse_mode_source == Mouse_Mode_Source::km_control
+                                  ? widgets.comboBox_KM_Control
+                                  : widgets.comboBox_Select_Display_Mode;
+    return vocabulary::text(source.currentIndex() == 0 ? vocabulary::mouse_absolute
+                                                       : vocabulary::mouse_relative);
+}
+
+QString Configuration_Page::get_buzzer_command() const {
+    return vocabulary::text(widgets.pushButton_ON_Beep.isEnabled() ? vocabulary::buzzer_off
+                                                                   : vocabulary::buzzer_on);
+}
+
+void Configuration_Page::set_cursor_roll_from_value(const std::string& value) {
+    const bool on = value == "Enabled" || value == vocabulary::cursor_roll_on;
+    widgets.comboBox_Enable_or_Disable_Cursor_Roll.setCurrentIndex(on ? 1 : 0);
+}
+
+void Configuration_Page::set_mouse_mode_from_value(const std::string& value) {
+    const bool relative = value == "Relative Mouse Mode" || value == vocabulary::mouse_relative;
+    widgets.comboBox_Select_Display_Mode.setCurrentIndex(relative ? 1 : 0);
+}
+
+void Configuration_Page::set_buzzer_from_value(const std::string& value) {
+    show_buzzer(value == "on" || value == vocabulary::buzzer_on);
+}
+
+void Configuration_Page::apply_mouse_parking_value(const std::string& value) {
+    const std::string x = get_report_token(vocabulary::mouse_parking, value);
+    const std::string y = get_report_value(std::string(vocabulary::mouse_parking) + x, value);
+    set_mouse_parking(x, y);
+}
+
+void Configuration_Page::set_km_channel(const std::string& channel) {
+    set_combo_from_text(widgets.comboBox_KM_Control, channel);
+}
+
+void Configuration_Page::set_usb_channel(const std::string& channel) {
+    set_combo_from_text(widgets.comboBox_USB_Control, channel);
+}
+
+void Configuration_Page::set_hotkey_trigger(const std::string& text) {
+    widgets.label_Current_Hotkey_Trigger_Data.setText(QString::fromStdString(text));
+}
+
+void Configuration_Page::set_mouse_parking(const std::string& x, const std::string& y) {
+    widgets.lineEdit_MouseParking_x.setText(QString::fromStdString(x));
+    widgets.lineEdit_MouseParking_y.setText(QString::fromStdString(y));
+}
+
+bool Configuration_Page::send_user_change(const QString& command) {
+    if (!state.ui_changes_enabled) {
+        return false;
+    }
+    writer.writeCommand(command);
+    return true;
+}
+
+void Configuration_Page::show_buzzer(bool on) {
+    widgets.pushButton_ON_Beep.setEnabled(!on);
+    widgets.pushButton_OFF_Beep.setEnabled(on);
+}

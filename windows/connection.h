@@ -1,0 +1,57 @@
+#pragma once
+
+#include "link/command_writer.h"
+#include "link/link_devices.h"
+#include "link/link_state.h"
+#include "windows/left_menu.h"
+#include "windows/model.h"
+#include "windows/mouse_speed_page.h"
+#include "windows/terminal_view.h"
+
+#include <QMainWindow>
+
+#include <functional>
+
+/// The life of the switch's links as the left menu controls them: the port list, ON for the serial
+/// line, OFF, and asking the switch for everything.
+class Connection {
+public:
+    /// @param main_window its slot serialRecieve() gets every readyRead() of a port.
+    Connection(QMainWindow& main_window, const Model& switch_model, Link_State& link_state,
+               Link_Devices& link_devices, Command_Writer& command_writer, Left_Menu& left_menu,
+               Terminal_View& terminal_view, Mouse_Speed_Page& mouse_speed_page);
+
+    /// Fills the port list with what the machine has now. A machine without any port ends the
+    /// process with exit status 1 after a box "No available port".
+    void list_serial_ports();
+    /// Replaces the current link by the chosen port. A port that can't be opened leaves no sign but
+    /// the red indicator.
+    void open_serial_port();
+    void connect_ready_read();
+    /// Close and delete the port, or the socket, if one stands.
+    void close_serial_port();
+    void close_network_socket();
+    /// Closes the device of the chosen method.
+    void close_current_link();
+
+    void port_changed();
+    void turn_on();
+    void turn_off();
+
+    /// Forgets what the switch has said and asks it for everything.
+    void refresh_UI();
+
+private:
+    /// Closes one device, with the controls before it where the model has it so.
+    void close_device(const char* failure, const std::function<void()>& close);
+    void disable_controls();
+
+    QMainWindow& window;
+    const Model& model;
+    Link_State& state;
+    Link_Devices& devices;
+    Command_Writer& writer;
+    Left_Menu& menu;
+    Terminal_View& terminal;
+    Mouse_Speed_Page& mouse_speed;
+};

@@ -1,0 +1,76 @@
+#include "windows/main_window_frame.h"
+
+#include <QIcon>
+#include <QTimer>
+
+#include <utility>
+
+namespace {
+
+constexpr QSize window_size(1305, 693);
+constexpr QSize refresh_icon_size(25, 25);
+
+constexpr const char* active_button_style =
+    "background-color: rgb(77, 156, 238); border: 2.5px solid rgb(189, 189, 189); border-radius: "
+    "10px";
+constexpr const char* idle_button_style =
+    "QPushButton {background-color: rgb(189, 189, 189);border: 2.5px solid rgb(77, 156, 238);"
+    "border-radius: 10px;}QPushButton:hover {background-color: rgb(77, 156, 238);border-radius: "
+    "10px;}QPushButton:pressed {background-color: rgb(189, 189, 189);border: 2.5px solid rgb(77, "
+    "156, 238);border-radius: 10px;}";
+
+} // namespace
+
+Main_Window_Frame::Main_Window_Frame(QMainWindow& main_window, const Frame_Widgets& frame_widgets,
+                                     Link_State& link_state, std::function<void()> refresh_UI)
+    : window(main_window),
+      widgets(frame_widgets),
+      state(link_state),
+      refresh(std::move(refresh_UI)) {}
+
+void Main_Window_Frame::set_window_looks() {
+    window.setFixedSize(window_size);
+    window.setFocusPolicy(Qt::StrongFocus);
+    window.setWindowTitle("Halvern");
+    window.setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
+}
+
+void Main_Window_Frame::set_refresh_icon() {
+    widgets.pushButton_Refresh.setIconSize(refresh_icon_size);
+    widgets.pushButton_Refresh.setIcon(QIcon(":/img/logos/refresh.png"));
+}
+
+void Main_Window_Frame::show_configuration_page() { show_page(0, widgets.ConfigurationBtn); }
+
+void Main_Window_Frame::show_mouse_speed_page() {
+    show_page(1, widgets.pushButton_Mouse_Speed_Settings);
+}
+
+void Main_Window_Frame::show_layout_page() { show_page(2, widgets.TopologyAndDisplayBtn); }
+
+void Main_Window_Frame::show_page(int index, QPushButton& active) {
+    for (QPushButton* button : {&widgets.ConfigurationBtn, &widgets.pushButton_Mouse_Speed_Settings,
+                                &widgets.TopologyAndDisplayBtn}) {
+        button->setStyleSheet(button == &active ? active_button_style : idle_button_style);
+    }
+    widgets.stackedWidget.setCurrentIndex(index);
+}
+
+void Main_Window_Frame::refresh_clicked() {
+    QTimer::singleShot(refresh_disable_ms, Qt::PreciseTimer, &window,
+                       SLOT(disable_refresh_button()));
+    widgets.pushButton_Refresh.setEnabled(false);
+    if (state.refresh_enabled) {
+        state.refresh_enabled = false;
+        refresh();
+    }
+    QTimer::singleShot(refresh_lock_out_ms, Qt::PreciseTimer, &window,
+                       SLOT(enable_refresh_button()));
+}
+
+void Main_Window_Frame::enable_refresh_button() {
+    state.refresh_enabled = true;
+    widgets.pushButton_Refresh.setEnabled(true);
+}
+
+void Main_Window_Frame::disable_refresh_button() { widgets.pushButton_Refresh.setEnabled(false); }

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "link/link_state.h"
+#include "windows/window_widgets.h"
+
+#include <QMainWindow>
+
+#include <functional>
+
+/// The window around the pages: its fixed looks, the three page buttons, and the Refresh button
+/// with its lock-out.
+class Main_Window_Frame {
+public:
+    /// The button is disabled once more after this time, in case something enabled it meanwhile.
+    static constexpr int refresh_disable_ms = 50;
+    /// From a click on Refresh to the next one that counts.
+    static constexpr int refresh_lock_out_ms = 1700;
+
+    /// @param refresh_UI asks the switch for everything.
+    /// The timers call the window's slots disable_refresh_button() and enable_refresh_button().
+    Main_Window_Frame(QMainWindow& main_window, const Frame_Widgets& frame_widgets,
+                      Link_State& link_state, std::function<void()> refresh_UI);
+
+    /// Fixed size, focus policy, title and window icon.
+    void set_window_looks();
+    void set_refresh_icon();
+
+    void show_configuration_page();
+    void show_mouse_speed_page();
+    void show_layout_page();
+
+    void refresh_clicked();
+    void enable_refresh_button();
+    void disable_refresh_button();
+
+private:
+    void show_page(int index, QPushButton& active);
+
+    QMainWindow& window;
+    Frame_Widgets widgets;
+    Link_State& state;
+    std::function<void()> refresh;
+};

@@ -1,0 +1,168 @@
+#include "windows/mouse_speed_page.h"
+
+#include "app/message_box.h"
+#include "link/report_values.h"
+#include "link/vocabulary.h"
+#include "windows/combo_box.h"
+#include "windows/range_check.h"
+
+#include <QTimer>
+
+#include <stdexcept>
+
+namespace {
+
+constexpr int speed_low = 1;
+constexpr int speed_high = 500;
+
+std::size_t list_index(int number_from_one) {
+    return static_cast<std::size_t>(number_from_one - 1);
+}
+
+bool warn(const QString& text) {
+    show_information_box(text, QMessageBox::Warning);
+    return false;
+}
+
+} // namespace
+
+Mouse_Speed_Page::Mouse_Speed_Page(const Mouse_Speed_Widgets& page_widgets, Link_State& link_state,
+                                   Command_Writer& command_writer, QObject& window)
+    : widgets(page_widgets), state(link_state), writer(command_writer), timer_target(window) {}
+
+void Mouse_Speed_Page::resolution_changed(int channel) {
+    if (state.ui_changes_enabled) {
+        writer.writeCommand(get_resolution_command(channel));
+    }
+}
+
+void Mouse_Speed_Page::number_of_setting_changed(int index) {
+    try {
+        show_custom_setting(index);
+    } catch (const std::out_of_range&) {
+        // No report has filled the label yet.
+        show_fields({});
+    }
+}
+
+void Mouse_Speed_Page::submit_custom_setting() {
+    if (!check_custom_setting()) {
+        return;
+    }
+    writer.writeCommand(vocabulary::submitted_custom_setting(
+        widgets.comboBox_number_of_setting.currentText().toStdString(),
+        widgets.lineEdit_Mouse_Movement_X.text().toStdString(),
+        widgets.lineEdit_Mouse_Movement_Y.text().toStdString(),
+        widgets.lineEdit_Mouse_Movement_Name.text().toStdString()));
+    for (QComboBox* combo : widgets.resolution_combo_boxes) {
+        combo->setItemText(current_custom_item(), widgets.lineEdit_Mouse_Movement_Name.text());
+    }
+    QTimer::singleShot(custom_setting_wait_ms, Qt::PreciseTimer, &timer_target, SLOT(refresh_UI()));
+}
+
+QString Mouse_Speed_Page::get_resolution_command(int channel) const {
+    return vocabulary::resolution_command(QString::number(channel),
+                                          resolutions_of(channel).currentIndex() + 1);
+}
+
+QString Mouse_Speed_Page::get_custom_setting_command(int number) const {
+    if (state.status_buff.empty() || number < 1 || number > channel_count) {
+        return {};
+    }
+    const std::string data =
+        get_report_value(vocabulary::custom_keys[list_index(number)], state.status_buff);
+    const std::string y = data.substr(4, 3);
+    const std::string x = data.substr(0, 3);
+    const QString name =
+        widgets.resolution_combo_boxes.front()->itemText(first_custom_item + number - 1);
+    return QString::fromStdString(
+        vocabulary::filed_custom_setting(number, x, y, name.toStdString()));
+}
+
+QString Mouse_Speed_Page::get_custom_label_text(int number) const {
+    return widgets.custom_setting_labels.at(list_index(number))->text();
+}
+
+void Mouse_Speed_Page::add_custom_setting_name(const std::string& text, std::size_t position) {
+    const QString name = QString::fromStdString(custom_setting_name(text, position));
+    for (QComboBox* combo : widgets.resolution_combo_boxes) {
+        combo->addItem(name);
+    }
+}
+
+void Mouse_Speed_Page::remove_custom_setting_items(int first, int last) {
+    if (widgets.resolution_combo_boxes.front()->count() <= last_custom_item) {
+        return;
+    }
+    state.ui_changes_enabled = false;
+    for (int item = last; item >= first; --item) {
+        for (QComboBox* combo : widgets.resolution_combo_boxes) {
+            combo->removeItem(item);
+        }
+    }
+    state.ui_changes_enabled = true;
+}
+
+void Mouse_Speed_Page::set_custom_label(int number, const std::string& line) {
+    widgets.custom_setting_labels.at(list_index(number))->setText(QString::fromStdString(line));
+}
+
+void Mouse_Speed_Page::show_custom_setting(int index) {
+    const QLabel* label = widgets.custom_setting_labels.at(static_cast<std::size_t>(index));
+    show_fields(read_custom_setting(label->text()));
+}
+
+void Mouse_Speed_Page::show_current_custom_setting() {
+    show_custom_setting(widgets.comboBox_number_of_setting.currentIndex());
+}
+
+void Mouse_Speed_Page::set_channels_resolution() {
+    int channel = 1;
+    for (const std::string& number : read_channel_resolutions(state.status_buff)) {
+        set_channel_resolution(channel, number);
+        ++channel;
+    }
+}
+
+void Mouse_Speed_Page::set_channel_resolution(int channel, const std::string& number) {
+    set_combo_from_text(resolutions_of(channel), number);
+}
+
+bool Mouse_Speed_Page::check_custom_setting() const {
+    if (widgets.lineEdit_Mouse_Movement_Name.text().isEmpty()) {
+        return warn("Enter name of setting");
+    }
+    if (widgets.lineEdit_Mouse_Movement_X.text().isEmpty()) {
+        return warn("Enter X for setting");
+    }
+    if (widgets.lineEdit_Mouse_Movement_Y.text().isEmpty()) {
+        return warn("Enter Y for setting");
+    }
+    if (is_name_taken()) {
+        return warn("This custom name already exists");
+    }
+    const QString prefix = "Mouse Speed Range is between ";
+    return check_value_range(widgets.lineEdit_Mouse_Movement_X, prefix, speed_low, speed_high) &&
+           check_value_range(widgets.lineEdit_Mouse_Movement_Y, prefix, speed_low, speed_high);
+}
+
+bool Mouse_Speed_Page::is_name_taken() const {
+    const int found = widgets.resolution_combo_boxes.front()->findText(
+        widgets.lineEdit_Mouse_Movement_Name.text().toUpper(),
+        Qt::MatchExactly | Qt::MatchCaseSensitive);
+    return found != -1 && found != current_custom_item();
+}
+
+QComboBox& Mouse_Speed_Page::resolutions_of(int channel) const {
+    return *widgets.resolution_combo_boxes.at(list_index(channel));
+}
+
+int Mouse_Speed_Page::current_custom_item() const {
+    return first_custom_item + widgets.comboBox_number_of_setting.currentIndex();
+}
+
+void Mouse_Speed_Page::show_fields(const Custom_Setting& setting) {
+    widgets.lineEdit_Mouse_Movement_X.setText(setting.x);
+    widgets.lineEdit_Mouse_Movement_Y.setText(setting.y);
+    widgets.lineEdit_Mouse_Movement_Name.setText(setting.name);
+}

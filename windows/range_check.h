@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QString>
+
+/// Whether a line edit holds a decimal integer from low to high; a text that is no number counts as
+/// 0. Otherwise warns the user with prefix, low, "-", high, and leaves the field as it is.
+bool check_value_range(const QLineEdit& line_edit, const QString& prefix, int low, int high);

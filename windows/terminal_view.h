@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QObject>
+#include <QTextEdit>
+
+/// The terminal pane: everything the switch has said, untrimmed, in the order of arrival.
+class Terminal_View {
+public:
+    /// The view is scrolled once more after this time, when the layout of a chunk has settled.
+    static constexpr int second_scroll_ms = 100;
+
+    /// @param window the object whose slot scroll_Cursor_to_the_end() the second scroll calls.
+    Terminal_View(QTextEdit& text_edit, QObject& window);
+
+    /// Adds a chunk at the end, as its characters and never as markup, and scrolls there. The work
+    /// does not grow with what is already shown.
+    void append(const QString& chunk);
+    void scroll_Cursor_to_the_end();
+    void clear();
+
+private:
+    QTextEdit& view;
+    QObject& timer_target;
+};
