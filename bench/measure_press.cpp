@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int rounds = 40;
+constexpr int press_rounds = 40;
 constexpr int tile_count = 4;
 
 qint64 painted_ns = 0;
@@ -70,7 +70,7 @@ Rows measure_press() {
     auto& table = find_child<QTableWidget>(lite.window(), "tableWidget");
     Samples tool;
     Samples bare;
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < press_rounds; ++round) {
         tool.push_back(press_milliseconds(table, round % tile_count));
         bare.push_back(press_milliseconds(*form.tableWidget, round % tile_count));
     }

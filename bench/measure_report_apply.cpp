@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int rounds = 31;
+constexpr int apply_rounds = 31;
 constexpr int fixed_items = 9;
 
 const QStringList resolution_boxes = {
@@ -142,7 +142,7 @@ Rows measure_report_apply() {
     bare.set_milliseconds(one_state());
     Samples applying;
     Samples setting;
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < apply_rounds; ++round) {
         const Switch_State& state = round % 2 == 0 ? other_state() : one_state();
         applying.push_back(apply_milliseconds(lite, state));
         setting.push_back(bare.set_milliseconds(state));

@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int rounds = 11;
+constexpr int wait_rounds = 11;
 
 struct Moments {
     qint64 first_byte = 0;
@@ -85,7 +85,7 @@ Rows measure_report_wait() {
     Samples filled;
     Samples painted;
     Samples lateness;
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < wait_rounds; ++round) {
         const Moments moments = take_report(lite, round % 2 == 0 ? other_state() : one_state());
         filled.push_back(milliseconds_between(moments.first_byte, moments.filled) -
                          Reply_Stream::report_wait_ms);

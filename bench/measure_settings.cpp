@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int rounds = 9;
+constexpr int small_rounds = 9;
 constexpr int big_rounds = 3;
 constexpr qsizetype big_size = 100'000'000;
 constexpr double one_frame_ms = 16;
@@ -91,7 +91,7 @@ double read_once_milliseconds(const QString& path) {
 Rows measure_usual_file(Settings_Window& window) {
     Samples saving;
     Samples loading;
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < small_rounds; ++round) {
         saving.push_back(window.save_milliseconds("settings.txt"));
         loading.push_back(window.load_milliseconds("settings.txt"));
     }

@@ -15,7 +15,7 @@
 namespace {
 
 constexpr int warm_up_rounds = 2;
-constexpr int rounds = 21;
+constexpr int start_rounds = 21;
 constexpr int longest_start_ms = 20'000;
 
 /// A pipe whose ends only those children have that are told to.
@@ -82,7 +82,7 @@ Rows measure_start() {
     Samples tool;
     Samples bare;
     Samples form;
-    for (int round = -warm_up_rounds; round < rounds; ++round) {
+    for (int round = -warm_up_rounds; round < start_rounds; ++round) {
         const double tool_time = milliseconds_to_screen("halvern");
         const double bare_time = milliseconds_to_screen("halvern-bench-bare-dialog");
         const double form_time = milliseconds_to_screen("halvern-bench-bare-form-dialog");

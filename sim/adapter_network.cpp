@@ -5,12 +5,6 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr quint16 configuration_port = 1901;
-
-} // namespace
-
 Adapter_Network::Adapter_Network(QObject* parent) : QObject(parent) {
     connect(&listener, &QUdpSocket::readyRead, this, &Adapter_Network::serve);
 }

@@ -4,7 +4,6 @@
 
 namespace {
 
-constexpr quint16 configuration_port = 1901;
 constexpr quint16 switch_port = 23;
 
 // A serial adapter gathers what its serial side says until that side pauses.

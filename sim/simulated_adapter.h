@@ -9,6 +9,9 @@
 #include <chrono>
 #include <functional>
 
+/// The UDP port on which adapters take searches, logins and configuration frames.
+constexpr quint16 configuration_port = 1901;
+
 /// What a switch says to a command, given without its carriage return.
 using Switch_Answer = std::function<QByteArray(const QByteArray& command)>;
 

@@ -50,12 +50,7 @@ void Test_Program_On_A_Display::initTestCase() {
 }
 
 Program_Setting Test_Program_On_A_Display::program_on_screen(const QStringList& ports) const {
-    // Read by programs built with LeakSanitizer only.
-    const QString suppressions = "suppressions=" + QString(HALVERN_LEAKS_OF_LIBRARIES);
-    return {.program = halvern_program(),
-            .ports = ports,
-            .display = desktop->display(),
-            .environment = {{"LSAN_OPTIONS", suppressions}}};
+    return {.program = halvern_program(), .ports = ports, .display = desktop->display()};
 }
 
 void Test_Program_On_A_Display::

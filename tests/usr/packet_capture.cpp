@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int patience_ms = 20'000;
+constexpr int capture_patience_ms = 20'000;
 
 // IP header without options, and UDP header.
 constexpr qsizetype header_bytes = 20 + 8;
@@ -18,7 +18,7 @@ Packet_Capture::Packet_Capture() {
                               place.filePath("capture"), "udp"});
     QByteArray said;
     while (!said.contains("listening on")) {
-        if (!tcpdump.waitForReadyRead(patience_ms)) {
+        if (!tcpdump.waitForReadyRead(capture_patience_ms)) {
             qFatal("tcpdump doesn't listen: %s %s", qPrintable(tcpdump.errorString()),
                    said.constData());
         }
@@ -28,10 +28,10 @@ Packet_Capture::Packet_Capture() {
 
 QList<Captured_Datagram> Packet_Capture::finish() {
     tcpdump.terminate();
-    tcpdump.waitForFinished(patience_ms);
+    tcpdump.waitForFinished(capture_patience_ms);
     QProcess reader;
     reader.start("tcpdump", {"-Z", "root", "-n", "-x", "-r", place.filePath("capture")});
-    reader.waitForFinished(patience_ms);
+    reader.waitForFinished(capture_patience_ms);
 
     static const QRegularExpression packet_line(R"(IP (\S+) > (\S+): UDP, length (\d+))");
     static const QRegularExpression bytes_line(R"(^\s+0x[0-9a-f]{4}:\s+([0-9a-f ]+)$)");

@@ -10,13 +10,15 @@ foreach(subject layout_page layout_inactive layout_submit layout_report)
 endforeach()
 target_link_libraries(test_layout_report PRIVATE halvern_log_folder)
 
-halvern_test(test_layout_drag
+halvern_test_room(halvern_layout_drag
   SOURCES
-    test_layout_drag.cpp
     test_layout_drag_display.cpp test_layout_drag_display.h
     test_layout_drag_pointer.cpp test_layout_drag_pointer.h
     test_layout_table.cpp test_layout_table.h
-  LINK halvern_lite_fixture
+  LINK halvern_lite_fixture)
+halvern_test(test_layout_drag
+  SOURCES test_layout_drag.cpp
+  LINK halvern_layout_drag
   TIMEOUT 300)
 
 foreach(subject mouse_speed_page mouse_speed_custom)

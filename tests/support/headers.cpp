@@ -1,0 +1,1 @@
+// Belongs to the target whose precompiled headers the tests share.
