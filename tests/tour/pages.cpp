@@ -131,6 +131,13 @@ void rearrange_displays(Visitor& visitor) {
     visitor.tell("layout submitted and asked back: the unit received FF04B07, then //BP");
 }
 
+void change_everything(Visitor& visitor) {
+    see_factory_settings(visitor);
+    change_configuration(visitor);
+    change_mouse_speeds(visitor);
+    rearrange_displays(visitor);
+}
+
 void change_audio(Visitor& visitor) {
     visitor.click("ConfigurationBtn");
     visitor.see_shown("checkBox_ALL", "checked");

@@ -19,6 +19,9 @@ void rearrange_displays(Visitor& visitor);
 /// The Pro's audio panel.
 void change_audio(Visitor& visitor);
 
+/// Looks at the factory settings and changes all but the Pro's audio.
+void change_everything(Visitor& visitor);
+
 /// The pages after all these changes.
 void see_changed_settings(Visitor& visitor);
 /// The Pro's audio panel after its changes.

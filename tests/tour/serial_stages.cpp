@@ -33,19 +33,9 @@ void compare_units(Visitor& visitor, const QString& last_line) {
     visitor.tell("the second unit's own report is the first one's, line by line");
 }
 
-void change_everything(Visitor& visitor) {
-    see_factory_settings(visitor);
-    change_configuration(visitor);
-    change_mouse_speeds(visitor);
-    rearrange_displays(visitor);
-}
-
-void copy_to_second_unit(Visitor& visitor, const QString& settings_file) {
+void copy_over_serial_line(Visitor& visitor, const QString& settings_file) {
     switch_to_second_unit(visitor);
-    load_settings(visitor, settings_file);
-    refresh(visitor);
-    see_changed_settings(visitor);
-    visitor.take_picture("loaded");
+    load_and_compare(visitor, settings_file);
 }
 
 } // namespace
@@ -54,7 +44,7 @@ void take_lite_tour(Visitor& visitor, const QString& settings_file) {
     pick_model(visitor, "radioButton_LITE");
     change_everything(visitor);
     save_settings(visitor, settings_file, 24);
-    copy_to_second_unit(visitor, settings_file);
+    copy_over_serial_line(visitor, settings_file);
     compare_units(visitor, layout_line);
 }
 
@@ -63,7 +53,7 @@ void take_plus_serial_tour(Visitor& visitor, const QString& settings_file) {
     take_serial_road(visitor);
     change_everything(visitor);
     save_settings(visitor, settings_file, 24);
-    copy_to_second_unit(visitor, settings_file);
+    copy_over_serial_line(visitor, settings_file);
     compare_units(visitor, layout_line);
 }
 
@@ -73,7 +63,7 @@ void take_pro_serial_tour(Visitor& visitor, const QString& settings_file) {
     change_everything(visitor);
     change_audio(visitor);
     save_settings(visitor, settings_file, 26);
-    copy_to_second_unit(visitor, settings_file);
+    copy_over_serial_line(visitor, settings_file);
     see_changed_audio(visitor);
     compare_units(visitor, audio_line);
 }

@@ -1,5 +1,5 @@
 #include "tests/tour/settings.h"
-
+#include "tests/tour/pages.h"
 #include "tests/tour/step_failed.h"
 
 #include <QFile>
@@ -39,4 +39,11 @@ void load_settings(Visitor& visitor, const QString& path) {
 void refresh(Visitor& visitor) {
     visitor.click("pushButton_Refresh");
     visitor.see_received(2, "//BP");
+}
+
+void load_and_compare(Visitor& visitor, const QString& path) {
+    load_settings(visitor, path);
+    refresh(visitor);
+    see_changed_settings(visitor);
+    visitor.take_picture("loaded");
 }

@@ -11,5 +11,8 @@ void save_settings(Visitor& visitor, const QString& path, int line_count);
 /// Loads the file into the unit that is connected now, which is the second one.
 void load_settings(Visitor& visitor, const QString& path);
 
+/// Loads the file into the second unit and sees that it says of itself what was saved.
+void load_and_compare(Visitor& visitor, const QString& path);
+
 /// Asks the unit for everything anew, and waits until its answer has come.
 void refresh(Visitor& visitor);
