@@ -1,9 +1,9 @@
 #include "app/event_log.h"
+#include "tests/app/open_log.h"
 #include "tests/support/find_child.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"
-#include "tests/usr/event_log_probe.h"
 
 #include <QCheckBox>
 #include <QFile>
@@ -152,7 +152,7 @@ void Test_Model_Settings::the_mouse_mode_line_follows_the_km_channel_on_the_lite
 
 void Test_Model_Settings::a_coordinates_look_up_is_logged_on_the_lite_only() {
     QVERIFY(fixture->open_filled());
-    const Event_Log_Probe log;
+    const Open_Log log;
     save();
     // The first channel is found at the first comparison, the fourth at the fourth.
     QCOMPARE(log.entries().size(), row().logs_coordinate_lookup ? 1 + 2 + 3 + 4 : 0);

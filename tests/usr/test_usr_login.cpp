@@ -1,4 +1,4 @@
-#include "tests/usr/event_log_probe.h"
+#include "tests/app/open_log.h"
 #include "tests/usr/expect_box.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/private_network.h"
@@ -128,7 +128,7 @@ void Test_USR_Login::a_new_conversation_logs_in_anew() {
 void Test_USR_Login::a_refusal_at_the_first_attempt_is_told_to_the_caller() {
     Fast_Network network;
     network.add_adapter();
-    const Event_Log_Probe log;
+    const Open_Log log;
     Modal_Robot robot;
     expect_warning(robot, "Bad credentials");
     USR_configurator configurator(adapter_ip, "admin", "wrong");
@@ -208,7 +208,7 @@ void Test_USR_Login::an_address_after_a_login_without_answer_fails() {
     QFETCH(const QString, failure);
     Fast_Network network;
     network.add_adapter().unit().set_faults({.unanswered_logins = -1});
-    const Event_Log_Probe log;
+    const Open_Log log;
     Modal_Robot robot;
     expect_warning(robot, failure);
     USR_configurator configurator(adapter_ip, "admin", "admin");
@@ -338,7 +338,7 @@ void Test_USR_Login::a_failed_search_fails_each_reading_in_turn() {
     QFETCH(const QString, failure);
     const QStringList texts = {"Search USR error", "Error in getting data from the USR", failure};
     const Fast_Network network;
-    const Event_Log_Probe log;
+    const Open_Log log;
     Modal_Robot robot;
     for (const QString& text : texts) {
         expect_warning(robot, text);

@@ -1,6 +1,6 @@
+#include "tests/app/open_log.h"
 #include "tests/support/modal_robot.h"
 #include "tests/usr/debug_lines.h"
-#include "tests/usr/event_log_probe.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/port_taker.h"
 #include "tests/usr/private_network.h"
@@ -282,7 +282,7 @@ void Test_USR_Searcher::within_one_pass_the_buffer_keeps_the_first_size() {
 void Test_USR_Searcher::a_failure_is_logged_and_shown_and_frees_the_port() {
     Fast_Network network;
     network.add_adapter();
-    const Event_Log_Probe log;
+    const Open_Log log;
     QStringList log_behind_the_box;
     Modal_Robot robot;
     robot.expect({.class_name = "QMessageBox",

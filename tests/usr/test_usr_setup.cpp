@@ -1,4 +1,4 @@
-#include "tests/usr/event_log_probe.h"
+#include "tests/app/open_log.h"
 #include "tests/usr/expect_box.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/private_network.h"
@@ -153,7 +153,7 @@ void Test_USR_Setup::an_address_that_cannot_be_written_fails_and_sends_nothing()
     QFETCH(const QString, static_ip);
     Fast_Network network;
     network.add_adapter();
-    const Event_Log_Probe log;
+    const Open_Log log;
     Modal_Robot robot;
     expect_warning(robot, "Error in the setup of USR");
     Writing_Configurator configurator(static_ip);
@@ -168,7 +168,7 @@ void Test_USR_Setup::a_failed_search_fails_the_setup() {
     const QStringList texts = {"Search USR error", "Error in getting data from the USR",
                                "Error in the setup of USR"};
     const Fast_Network network;
-    const Event_Log_Probe log;
+    const Open_Log log;
     Modal_Robot robot;
     for (const QString& text : texts) {
         expect_warning(robot, text);
@@ -289,7 +289,7 @@ void Test_USR_Setup::after_a_failed_change_the_old_values_are_in_force() {
 void Test_USR_Setup::a_failure_of_the_change_itself_is_reported() {
     const QString text = "Error changing username, password and name of USR";
     const Fast_Network network;
-    const Event_Log_Probe log;
+    const Open_Log log;
     Modal_Robot robot;
     expect_warning(robot, text);
     Writing_Configurator configurator;
@@ -349,7 +349,7 @@ void Test_USR_Setup::an_adapter_that_did_not_come_back_has_no_address() {
 void Test_USR_Setup::a_failed_search_for_it_is_reported() {
     const QStringList texts = {"Search USR error", "Get IP after hanging error"};
     const Fast_Network network;
-    const Event_Log_Probe log;
+    const Open_Log log;
     Modal_Robot robot;
     for (const QString& text : texts) {
         expect_warning(robot, text);

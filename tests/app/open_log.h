@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/event_log.h"
+#include "tests/app/log_folder.h"
+
+/// The event log, open in a folder of its own for the length of a test.
+class Open_Log {
+public:
+    Open_Log() {
+        if (open_log() != 1) {
+            qFatal("the event log can't be opened");
+        }
+    }
+    ~Open_Log() { close_log(); }
+    Open_Log(const Open_Log&) = delete;
+    Open_Log& operator=(const Open_Log&) = delete;
+
+    /// The messages so far, without their times and without the start line.
+    [[nodiscard]] QStringList entries() const { return folder.entries(); }
+
+private:
+    Log_Folder folder;
+};
