@@ -23,10 +23,10 @@ void print(const QString& line) {
 }
 
 /// The library stands beside the program in the build folder, and in a folder of its own where the
-/// program is installed.
+/// program is installed. Both are told from where the program is, so that it can be moved.
 QString find_port_list_library() {
     const QDir here(QCoreApplication::applicationDirPath());
-    for (const char* place : {"", "../lib/halvern/"}) {
+    for (const char* place : {"", HALVERN_INSTALLED_LIBRARIES "/"}) {
         QString path = QDir::cleanPath(here.filePath(QString(place) + port_list_library));
         if (QFile::exists(path)) {
             return path;

@@ -24,6 +24,7 @@ struct Stage {
 
 constexpr std::array stages = {
     Stage{"lite", take_lite_tour, {"unit 1  ", "unit 2  "}},
+    Stage{"lite-installed", take_installed_tour, {"unit 1  ", "unit 2  "}},
     Stage{"plus-serial", take_plus_serial_tour, {"unit 1  ", "unit 2  "}},
     Stage{"pro-serial", take_pro_serial_tour, {"unit 1  ", "unit 2  "}},
     Stage{"plus-adapter",
