@@ -3,12 +3,12 @@ halvern_room(halvern_sim_adapter
   SOURCES
     adapter_bytes.cpp adapter_bytes.h
     adapter_network.cpp adapter_network.h
+    adapter_options.cpp adapter_options.h
     adapter_state.h
+    adapter_switch.cpp adapter_switch.h
     adapter_unit.cpp adapter_unit.h
     simulated_adapter.cpp simulated_adapter.h
-  LINK Qt6::Core Qt6::Network)
+  LINK halvern_sim Qt6::Core Qt6::Network)
 
-add_executable(halvern-sim-adapter
-  adapter_options.cpp adapter_options.h
-  halvern_sim_adapter.cpp)
-target_link_libraries(halvern-sim-adapter PRIVATE halvern_sim_adapter halvern_sim halvern_options)
+add_executable(halvern-sim-adapter halvern_sim_adapter.cpp)
+target_link_libraries(halvern-sim-adapter PRIVATE halvern_sim_adapter halvern_options)

@@ -1,11 +1,48 @@
 #include "sim/adapter_options.h"
 
+#include "sim/fault_words.h"
+
 #include <QCommandLineParser>
 
 namespace {
 
 constexpr int most_adapters = 1000;
 constexpr int largest_datagram = 65507;
+
+// With these words the help marks an option as a fault.
+const QString fault_mark = "Fault:";
+
+QList<QCommandLineOption> all_options() {
+    return {
+        {"count", "How many adapters, at addresses counted up from the first.", "number", "1"},
+        {"address", "Address of the first one, within 127.0.0.0/8.", "ip", "127.0.0.2"},
+        {"dhcp-address", "Address it gets when set to DHCP; its first one unless given.", "ip"},
+        {"allocation", "\"dhcp\" or \"static\".", "kind", "dhcp"},
+        {"gateway", "Its default gateway.", "ip", "127.0.0.1"},
+        {"subnet-mask", "Its subnet mask.", "mask", "255.0.0.0"},
+        {"mac", "MAC address of the first one, 12 hex digits.", "digits", "d8b04c000002"},
+        {"name", "Its name, 16 bytes at most.", "text", "ADAPTER"},
+        {"name-hex", "Fault: the name's bytes, for one that is no text.", "digits"},
+        {"user", "User name, 6 bytes at most.", "text", "admin"},
+        {"password", "Password, 6 bytes at most.", "text", "admin"},
+        {"switch", "The switch behind port 23: \"plus\", \"pro\" or \"none\".", "model", "plus"},
+        {"split", "Fault: bytes of a switch's answer in one datagram; 0 for all in one.", "bytes",
+         "0"},
+        {"away", "Milliseconds between an apply and coming back.", "ms", "1000"},
+        {"delay", "Fault: milliseconds before each answer.", "ms", "0"},
+        {"copies", "Fault: how often each answer is sent.", "number", "1"},
+        {"silent-search", "Fault: no answer to searches."},
+        {"silent-login", "Fault: how many logins are not answered; -1 for all.", "number", "0"},
+        {"never-back", "Fault: does not come back after an apply."},
+        {"search-bytes", "Fault: size of the answer to a search.", "bytes", "36"},
+        {"login-bytes", "Fault: size of the answer to a login.", "bytes", "260"},
+        {"foreign", "Fault: a foreign datagram ahead of each answer to a search.", "bytes"},
+        {"switch-fault",
+         "Fault of the switch: one that halvern-sim knows, such as crlf or missing=Buzzer. Can be "
+         "given several times.",
+         "fault"},
+    };
+}
 
 void describe(QCommandLineParser& parser) {
     parser.setApplicationDescription(
@@ -20,30 +57,7 @@ void describe(QCommandLineParser& parser) {
         "23. Every frame it takes is printed with what it made of it. Outside a private network\n"
         "nothing is bound, and the exit code is 2.");
     parser.addHelpOption();
-    parser.addOptions({
-        {"count", "How many adapters, at addresses counted up from the first.", "number", "1"},
-        {"address", "Address of the first one, within 127.0.0.0/8.", "ip", "127.0.0.2"},
-        {"dhcp-address", "Address it gets when set to DHCP; its first one unless given.", "ip"},
-        {"allocation", "\"dhcp\" or \"static\".", "kind", "dhcp"},
-        {"gateway", "Its default gateway.", "ip", "127.0.0.1"},
-        {"subnet-mask", "Its subnet mask.", "mask", "255.0.0.0"},
-        {"mac", "MAC address of the first one, 12 hex digits.", "digits", "d8b04c000002"},
-        {"name", "Its name, 16 bytes at most.", "text", "ADAPTER"},
-        {"name-hex", "The name's bytes, for one that is no text.", "digits"},
-        {"user", "User name, 6 bytes at most.", "text", "admin"},
-        {"password", "Password, 6 bytes at most.", "text", "admin"},
-        {"switch", "The switch behind port 23: \"plus\", \"pro\" or \"none\".", "model", "plus"},
-        {"split", "Bytes of a switch's answer in one datagram; 0 for all in one.", "bytes", "0"},
-        {"away", "Milliseconds between an apply and coming back.", "ms", "1000"},
-        {"delay", "Fault: milliseconds before each answer.", "ms", "0"},
-        {"copies", "Fault: how often each answer is sent.", "number", "1"},
-        {"silent-search", "Fault: no answer to searches."},
-        {"silent-login", "Fault: how many logins are not answered; -1 for all.", "number", "0"},
-        {"never-back", "Fault: does not come back after an apply."},
-        {"search-bytes", "Fault: size of the answer to a search.", "bytes", "36"},
-        {"login-bytes", "Fault: size of the answer to a login.", "bytes", "260"},
-        {"foreign", "Fault: a foreign datagram ahead of each answer to a search.", "bytes"},
-    });
+    parser.addOptions(all_options());
 }
 
 /// Reads options one by one, and keeps the first complaint.
@@ -59,6 +73,16 @@ public:
             complain(option, QString("a number from %1 to %2").arg(low).arg(high));
         }
         return value;
+    }
+
+    Fault_Plan switch_faults(const QString& option) {
+        Fault_Plan plan;
+        for (const QString& text : parser.values(option)) {
+            if (!set_fault(plan, text.section('=', 0, 0), text.section('=', 1))) {
+                complain(option, "a fault as halvern-sim --help tells them");
+            }
+        }
+        return plan;
     }
 
     QHostAddress address(const QString& option) {
@@ -134,6 +158,16 @@ Adapter_Faults read_faults(const QCommandLineParser& parser, Option_Reader& read
 
 } // namespace
 
+QStringList adapter_fault_names() {
+    QStringList names;
+    for (const QCommandLineOption& option : all_options()) {
+        if (option.description().startsWith(fault_mark)) {
+            names += option.names();
+        }
+    }
+    return names;
+}
+
 std::optional<Adapter_Options> read_adapter_options(const QStringList& arguments,
                                                     QString& complaint) {
     constexpr int longest_wait_ms = 3'600'000;
@@ -149,6 +183,7 @@ std::optional<Adapter_Options> read_adapter_options(const QStringList& arguments
     options.delay = std::chrono::milliseconds(reader.number("delay", 0, longest_wait_ms));
     options.time_away = std::chrono::milliseconds(reader.number("away", 0, longest_wait_ms));
     options.split_bytes = reader.number("split", 0, largest_datagram);
+    options.switch_faults = reader.switch_faults("switch-fault");
     options.switch_model = reader.one_of("switch", {"plus", "pro", "none"});
     if (!parser.positionalArguments().isEmpty()) {
         complaint = "no arguments but options are wanted";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sim/adapter_state.h"
+#include "sim/fault_plan.h"
 
 #include <QString>
 #include <QStringList>
@@ -16,8 +17,12 @@ struct Adapter_Options {
     std::chrono::milliseconds delay{0};
     std::chrono::milliseconds time_away{1000};
     int split_bytes = 0;
+    Fault_Plan switch_faults;
     QString switch_model; ///< "plus", "pro", or empty for no switch
 };
+
+/// The options that make an adapter itself go wrong, in the order of the help.
+QStringList adapter_fault_names();
 
 /// Reads the command line; --help is answered here and ends the process.
 /// @param complaint takes why the arguments can't be used.

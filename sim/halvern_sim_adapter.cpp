@@ -1,11 +1,13 @@
 #include "sim/adapter_network.h"
 #include "sim/adapter_options.h"
+#include "sim/adapter_switch.h"
 #include "sim/switch_unit.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
 
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -15,15 +17,19 @@ constexpr int exit_no_private_network = 2;
 /// One line at once, so that whoever reads along never waits for it.
 void print_line(const QString& line) { QTextStream(stdout) << line << Qt::endl; }
 
-/// A switch of its own for each adapter.
-Switch_Answer make_switch(const QString& model) {
-    if (model == "none") {
-        return {};
+/// A switch of its own for an adapter.
+struct Own_Switch {
+    Own_Switch(Simulated_Adapter& adapter, const Adapter_Options& options)
+        : unit(options.switch_model == "pro" ? Switch_Model::pro : Switch_Model::plus),
+          place(adapter, unit) {
+        place.set_faults(options.switch_faults);
     }
-    const auto unit =
-        std::make_shared<Switch_Unit>(model == "pro" ? Switch_Model::pro : Switch_Model::plus);
-    return [unit](const QByteArray& command) { return unit->answer(command); };
-}
+
+    Switch_Unit unit;
+    Adapter_Switch place;
+};
+
+using Own_Switches = std::vector<std::unique_ptr<Own_Switch>>;
 
 void print_doings(const Simulated_Adapter& adapter) {
     const auto address = [&adapter] { return adapter.unit().state().address.toString(); };
@@ -43,7 +49,8 @@ void print_doings(const Simulated_Adapter& adapter) {
     });
 }
 
-bool add_adapters(Adapter_Network& network, const Adapter_Options& options) {
+bool add_adapters(Adapter_Network& network, const Adapter_Options& options,
+                  Own_Switches& switches) {
     for (int number = 0; number < options.count; ++number) {
         Simulated_Adapter& adapter = network.add(Adapter_Network::numbered(options.first, number));
         if (!adapter.is_online()) {
@@ -54,7 +61,9 @@ bool add_adapters(Adapter_Network& network, const Adapter_Options& options) {
         adapter.set_delay(options.delay);
         adapter.set_time_away(options.time_away);
         adapter.set_split(options.split_bytes);
-        adapter.set_switch(make_switch(options.switch_model));
+        if (options.switch_model != "none") {
+            switches.push_back(std::make_unique<Own_Switch>(adapter, options));
+        }
         print_doings(adapter);
     }
     return true;
@@ -71,7 +80,8 @@ int main(int argc, char* argv[]) {
         return exit_wrong_arguments;
     }
     Adapter_Network network;
-    if (!network.start() || !add_adapters(network, *options)) {
+    Own_Switches switches;
+    if (!network.start() || !add_adapters(network, *options, switches)) {
         QTextStream(stderr)
             << "No private network with a free port 1901; --help tells how to make one."
             << Qt::endl;

@@ -6,9 +6,6 @@ namespace {
 
 constexpr quint16 switch_port = 23;
 
-// A serial adapter gathers what its serial side says until that side pauses.
-constexpr std::chrono::milliseconds batch_pause{20};
-
 // More than the tool ever writes before a carriage return.
 constexpr qsizetype longest_command = 1000;
 

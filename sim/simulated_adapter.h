@@ -12,6 +12,9 @@
 /// The UDP port on which adapters take searches, logins and configuration frames.
 constexpr quint16 configuration_port = 1901;
 
+/// A serial adapter gathers what its serial side says until that side pauses so long.
+constexpr std::chrono::milliseconds batch_pause{20};
+
 /// What a switch says to a command, given without its carriage return.
 using Switch_Answer = std::function<QByteArray(const QByteArray& command)>;
 

@@ -45,6 +45,10 @@ void Main_Window_Body::set_current_layout_from_buff() {
 }
 
 void Main_Window_Body::onReadyRead() {
+    if (!devices.network_socket) {
+        // Closed since the datagram came in.
+        return;
+    }
     QUdpSocket& socket = *devices.network_socket;
     if (!socket.hasPendingDatagrams()) {
         // An adapter whose data port is closed raises the signal without a datagram. Until a read

@@ -31,8 +31,10 @@ void Network_Link::connect_to_USR() {
         replace_socket();
         widgets.label_current_Ip.setText("  IP: " + current_USR_ip);
         show_adapter_name();
+        // Queued, because a report can end in a box: while a slot called directly waits in one, Qt
+        // signals nothing of what comes in, and goes on so when the box is closed.
         QObject::connect(devices.network_socket.get(), SIGNAL(readyRead()), &window,
-                         SLOT(onReadyRead()));
+                         SLOT(onReadyRead()), Qt::QueuedConnection);
         if (devices.network_socket->waitForConnected(connect_wait_ms)) {
             devices.socket_open_count += 1;
             return;

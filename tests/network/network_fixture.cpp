@@ -7,7 +7,6 @@
 #include "windows/halvern_velmoran_pro.h"
 
 #include <QFile>
-#include <QTableWidget>
 
 #include <utility>
 
@@ -171,21 +170,6 @@ QStringList Network_Fixture::network_widgets() {
 
 QStringList Network_Fixture::serial_widgets() {
     return {"comboBox_SelectPort", "label_Select_port"};
-}
-
-QList<int> Network_Fixture::layout_positions() const {
-    const auto& table = find_child<QTableWidget>(window(), "tableWidget");
-    QList<int> positions = {0, 0, 0, 0};
-    for (int cell = 0; cell < table.rowCount() * table.columnCount(); ++cell) {
-        const QTableWidgetItem* item =
-            table.item(cell / table.columnCount(), cell % table.columnCount());
-        for (int channel = 0; item != nullptr && channel < positions.size(); ++channel) {
-            if (item->text().startsWith("Channel " + QString::number(channel + 1))) {
-                positions[channel] = cell + 1;
-            }
-        }
-    }
-    return positions;
 }
 
 std::unique_ptr<QMainWindow> Network_Fixture::make_window() {

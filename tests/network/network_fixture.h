@@ -5,7 +5,6 @@
 #include "tests/usr/fast_network.h"
 
 #include <QByteArrayList>
-#include <QList>
 
 // The ways through the connection wizard's dialogs.
 Modal_Expectation choose_network();
@@ -68,9 +67,6 @@ public:
     [[nodiscard]] QStringList visible_link_widgets() const;
     static QStringList network_widgets();
     static QStringList serial_widgets();
-
-    /// The grid cells, 1 to 16, of channel 1 to 4; 0 for one that is not on the grid.
-    [[nodiscard]] QList<int> layout_positions() const;
 
     Modal_Robot robot;
     Fast_Network network;

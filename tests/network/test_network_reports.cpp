@@ -12,6 +12,8 @@ class Test_Network_Reports : public Network_Test {
 private slots:
     void a_report_in_one_chunk_is_applied_at_once();
     void a_split_report_is_an_error_and_its_rest_is_only_shown();
+    void what_comes_in_while_a_box_stands_is_shown_and_not_the_end();
+    void a_datagram_heard_of_before_off_and_taken_behind_it_does_no_harm();
     void an_adapter_that_splits_is_healed_by_a_refresh_in_one_piece();
     void a_first_chunk_without_a_marker_is_applied_but_not_shown();
     void chunks_after_the_first_marker_are_all_shown();
@@ -109,6 +111,34 @@ void Test_Network_Reports::a_split_report_is_an_error_and_its_rest_is_only_shown
     QCOMPARE(at->layout_positions(), QList<int>({1, 2, 3, 4}));
     // The window goes on: a change is sent.
     QVERIFY(at->change_reaches_adapter());
+}
+
+void Test_Network_Reports::what_comes_in_while_a_box_stands_is_shown_and_not_the_end() {
+    QVERIFY(at->open_silent());
+    const QByteArray report = at->report();
+    const qsizetype cut = report.indexOf("C1\t");
+    const QString whole = QString::fromUtf8(report);
+    at->robot.expect({.class_name = "QMessageBox", .text = failure, .action = [&](QWidget& box) {
+                          at->adapter.send_from_switch(report.sliced(cut));
+                          const bool heard =
+                              wait_until([&] { return at->terminal_text() == whole; }, 2000);
+                          const QString trouble = press_button("OK")(box);
+                          return heard ? trouble : "not heard beside the box";
+                      }});
+    at->adapter.send_from_switch(report.first(cut));
+    QVERIFY2(wait_until([&] { return at->robot.done(); }), at->robot.why());
+    QCOMPARE(at->terminal_text(), whole);
+    QVERIFY(say("one more\n"));
+    at->wake_switch();
+    at->button("pushButton_Refresh").click();
+    QVERIFY(at->wait_filled());
+}
+
+void Test_Network_Reports::a_datagram_heard_of_before_off_and_taken_behind_it_does_no_harm() {
+    QVERIFY(at->open_network());
+    at->button("pushButton_OFF_Connection").click();
+    QVERIFY(at->run_slot("onReadyRead"));
+    QVERIFY(!at->is_connected());
 }
 
 void Test_Network_Reports::an_adapter_that_splits_is_healed_by_a_refresh_in_one_piece() {

@@ -4,6 +4,8 @@
 #include "tests/support/find_child.h"
 #include "tests/support/wait_until.h"
 
+#include <QTableWidget>
+
 namespace {
 
 constexpr char marker[] = "//marker";
@@ -75,6 +77,21 @@ QTextEdit& Window_Fixture::terminal() const {
 
 QComboBox& Window_Fixture::resolution(int channel) const {
     return combo("comboBox_mouse_movement_resolution_setting_" + QString::number(channel));
+}
+
+QList<int> Window_Fixture::layout_positions() const {
+    const auto& table = find_child<QTableWidget>(window(), "tableWidget");
+    QList<int> positions = {0, 0, 0, 0};
+    for (int cell = 0; cell < table.rowCount() * table.columnCount(); ++cell) {
+        const QTableWidgetItem* item =
+            table.item(cell / table.columnCount(), cell % table.columnCount());
+        for (int channel = 0; item != nullptr && channel < positions.size(); ++channel) {
+            if (item->text().startsWith("Channel " + QString::number(channel + 1))) {
+                positions[channel] = cell + 1;
+            }
+        }
+    }
+    return positions;
 }
 
 bool Window_Fixture::run_slot(const char* name) const {

@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QList>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QStringList>
@@ -58,6 +59,9 @@ public:
     QTextEdit& terminal() const;
     /// The resolution box of channel 1 to 4.
     QComboBox& resolution(int channel) const;
+
+    /// The grid cells, 1 to 16, of channel 1 to 4; 0 for one that is not on the grid.
+    [[nodiscard]] QList<int> layout_positions() const;
 
     /// Runs a slot of the window by its name.
     [[nodiscard]] bool run_slot(const char* name) const;
