@@ -85,19 +85,15 @@ Restorer restorer_of_looks(QWidget& widget) {
     };
 }
 
-/// Places and sizes follow from the rest, when Qt finds the time to lay the widgets out.
+/// Content and switches. Places and sizes follow from the rest, when Qt finds the time to lay the
+/// widgets out, and colours and fonts from the style sheets.
 bool is_worth_describing(const QMetaProperty& property) {
-    static const QList<int> measures = {QMetaType::QPoint, QMetaType::QRect, QMetaType::QRegion,
-                                        QMetaType::QSize};
-    static const QByteArrayList single_measures = {"x", "y", "width", "height"};
-    return property.isReadable() && !measures.contains(property.metaType().id()) &&
-           !single_measures.contains(property.name());
-}
-
-QByteArray described(const QVariant& value) {
-    QString text;
-    QDebug(&text) << value;
-    return text.toUtf8();
+    static const QByteArrayList measures = {"x", "y", "width", "height"};
+    const int type = property.metaType().id();
+    const bool is_plain =
+        type == QMetaType::Bool || type == QMetaType::Int || type == QMetaType::QString;
+    return property.isReadable() && (is_plain || property.isEnumType()) &&
+           !measures.contains(property.name());
 }
 
 void describe(const QWidget& widget, QByteArrayList& lines) {
@@ -106,7 +102,7 @@ void describe(const QWidget& widget, QByteArrayList& lines) {
     for (int i = 0; i < widget.metaObject()->propertyCount(); ++i) {
         const QMetaProperty property = widget.metaObject()->property(i);
         if (is_worth_describing(property)) {
-            lines << name + property.name() + " " + described(property.read(&widget));
+            lines << name + property.name() + " " + property.read(&widget).toString().toUtf8();
         }
     }
     if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) {
@@ -116,9 +112,9 @@ void describe(const QWidget& widget, QByteArrayList& lines) {
         for (int row = 0; row < table->rowCount(); ++row) {
             for (int column = 0; column < table->columnCount(); ++column) {
                 const QTableWidgetItem* item = table->item(row, column);
-                lines << name + (item == nullptr
-                                     ? QByteArray("empty")
-                                     : item->text().toUtf8() + described(item->background()));
+                lines << name + (item == nullptr ? QByteArray("empty")
+                                                 : item->text().toUtf8() +
+                                                       item->background().color().name().toUtf8());
             }
         }
     }
