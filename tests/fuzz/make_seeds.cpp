@@ -97,7 +97,9 @@ void write_switch_seeds(const Seed_Folder& seeds, int number, Switch_Model model
     seeds.write("serial_replies", "settings-" + which, after + obeyed + notice + pause);
     seeds.write("serial_replies", "layout-" + which,
                 after + submit + layout + cut + layout_told + pause);
-    seeds.write("serial_replies", "bad-layout-" + which, after + submit + layout + pause);
+    seeds.write("serial_replies", "no-layout-" + which, after + submit + layout + pause);
+    seeds.write("serial_replies", "bad-layout-" + which,
+                after + layout + cut + layout_told.left(layout_told.size() / 2) + pause + report);
     seeds.write("network_replies", "settings-" + which, which + pieces + obeyed + notice);
     seeds.write("network_replies", "layout-" + which,
                 which + pieces + submit + layout + cut + layout_told);
