@@ -1,17 +1,13 @@
 #include "settings/settings_file.h"
 
 #include "app/message_box.h"
-
-#include <QDir>
-#include <QFileDialog>
+#include "settings/file_dialogs.h"
 
 #include <filesystem>
 #include <sstream>
 #include <utility>
 
 namespace {
-
-const char* const text_files = "Text files (*.txt)";
 
 std::filesystem::path native_path(const QString& path) { return {path.toStdU16String()}; }
 
@@ -88,20 +84,9 @@ std::string Settings_File::value_after_label(std::string_view label) const {
     return file_text.substr(begin, end == std::string::npos ? end : end - begin);
 }
 
-void Settings_File::ask_for_save_path() {
-    save_path =
-        QFileDialog::getSaveFileName(nullptr, "Save Settings File", QDir::homePath(), text_files);
-}
+void Settings_File::ask_for_save_path() { save_path = ask_where_to_save(); }
 
-void Settings_File::ask_for_load_path() {
-    load_path.clear();
-    QFileDialog dialog;
-    dialog.setWindowTitle("Select file");
-    dialog.setNameFilter(text_files);
-    if (dialog.exec() == QDialog::Accepted) {
-        load_path = dialog.selectedFiles().value(0);
-    }
-}
+void Settings_File::ask_for_load_path() { load_path = ask_what_to_load(); }
 
 void Settings_File::open_output() { out_file.open(native_path(save_path)); }
 

@@ -1,0 +1,58 @@
+#include "tests/fuzz/fake_timers.h"
+
+#include <QPointer>
+#include <QTimer>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+struct Waiting {
+    qint64 due;
+    QPointer<QObject> receiver;
+    QByteArray slot;
+};
+
+struct Clock {
+    qint64 now = 0;
+    std::vector<Waiting> waiting;
+};
+
+Clock& the_clock() {
+    static Clock clock;
+    return clock;
+}
+
+} // namespace
+
+// Takes the place of Qt's own, whose timers would fire in real time.
+void QTimer::singleShot(int msec, Qt::TimerType /*type*/, const QObject* receiver,
+                        const char* member) {
+    // "1name()": the digit is that of the SLOT macro.
+    QByteArray slot(member + 1);
+    slot.truncate(slot.indexOf('('));
+    the_clock().waiting.push_back(
+        {the_clock().now + msec, const_cast<QObject*>(receiver), std::move(slot)});
+}
+
+void fake_timers::forget() { the_clock().waiting.clear(); }
+
+void fake_timers::pass(int milliseconds, const Slot_Call& call) {
+    Clock& clock = the_clock();
+    const qint64 end = clock.now + milliseconds;
+    while (true) {
+        // A slot may start further timers, and let time pass itself.
+        const auto next = std::ranges::min_element(clock.waiting, {}, &Waiting::due);
+        if (next == clock.waiting.end() || next->due > end) {
+            break;
+        }
+        const Waiting due = *next;
+        clock.waiting.erase(next);
+        clock.now = std::max(clock.now, due.due);
+        if (due.receiver) {
+            call(*due.receiver, due.slot);
+        }
+    }
+    clock.now = std::max(clock.now, end);
+}

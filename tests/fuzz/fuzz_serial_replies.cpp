@@ -1,0 +1,20 @@
+// Replies on the serial line, from the port's bytes to the widgets of a whole window.
+// Input: the model, then what a Reply_Player plays.
+
+#include "tests/fuzz/reply_player.h"
+#include "tests/fuzz/start.h"
+
+extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
+    start_application(*argc, *argv);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+    if (size == 0) {
+        return -1;
+    }
+    const QByteArray replies(reinterpret_cast<const char*>(data) + 1,
+                             static_cast<qsizetype>(size) - 1);
+    Reply_Player(window_of_model(data[0]), Fuzz_Window::Road::serial, replies).play();
+    return 0;
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "tests/fuzz/fuzz_window.h"
+
+#include <QByteArray>
+
+/// Plays an input into a window as a switch, a clock and a user would: text that comes in, cut into
+/// chunks by marks, each of which may do something more.
+///
+///     0x1C  only ends a chunk
+///     0x1D  1000 ms pass
+///     0x1E  the user presses Refresh
+///     0x1F  the user submits the layout
+///
+/// While a message box stands, the next chunk is served.
+class Reply_Player {
+public:
+    Reply_Player(Fuzz_Window& window, Fuzz_Window::Road road, const QByteArray& input);
+
+    /// Plays all of it and lets the last timers run out.
+    void play();
+
+private:
+    void step();
+    void serve(const QByteArray& chunk);
+    void act(char mark);
+    void serve_under_box();
+    void check() const;
+
+    Fuzz_Window& window;
+    Fuzz_Window::Road road;
+    QByteArray rest;
+    /// The process would have ended: nothing follows.
+    bool ended = false;
+    bool layout_submitted = false;
+    int boxes_open = 0;
+};

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <typeinfo>
+
+/// Where the tool lets an exception go on purpose, and which one: worked out here from the input
+/// alone, apart from the tool's own readers, so that such an end can be told from a crash.
+
+/// An exception's exact type and text.
+struct Stated_End {
+    const std::type_info* type;
+    std::string text;
+};
+
+/// Runs a step in the place of the event loop. Nothing may leave it but the stated end, and that
+/// must; all else goes on to the fuzzer, which takes it for a finding.
+/// @return whether the process would have ended here.
+bool ends_as_stated(const std::optional<Stated_End>& stated, const std::function<void()>& step);
+
+/// Reports a finding of the fuzzer's own.
+[[noreturn]] void report_finding(const std::string& what);
+/// A finding unless the condition holds.
+void expect(bool holds, const char* what);
+
+/// What reading a layout text throws: a key without two characters behind it, or two characters
+/// that are no number.
+/// @param forgives_bad_numbers as the model does, which takes the first cell instead.
+[[nodiscard]] std::optional<Stated_End> layout_end(const std::string& layout_text,
+                                                   bool forgives_bad_numbers);
+
+/// What applying a status report throws, in the order in which it is read.
+[[nodiscard]] std::optional<Stated_End> status_end(const std::string& report);
+
+/// What a save throws while this is the last status report.
+[[nodiscard]] std::optional<Stated_End> save_end(const std::string& report);
+
+/// A chunk's text as the tool takes it: UTF-8 up to the first NUL.
+[[nodiscard]] std::string text_of_chunk(const QByteArray& chunk);
+
+/// The text behind a key up to the line feed; empty if the key is missing.
+[[nodiscard]] std::string value_behind(std::string_view key, const std::string& text);
