@@ -157,9 +157,10 @@ void Test_Model_Links::the_mouse_mode_follows_the_km_channel_on_the_lite_only() 
 void Test_Model_Links::a_factory_reset_on_the_serial_line_refreshes_after_2500_ms() {
     QVERIFY(fixture->open_filled());
     robot->expect({.class_name = "Yes_No_Dialog", .action = press_button("Confirm")});
-    fixture->button("pushButton_Factory_Reset").click();
+    // The product's wait begins before the click returns.
     QElapsedTimer since_reset;
     since_reset.start();
+    fixture->button("pushButton_Factory_Reset").click();
     QVERIFY(wait_until([this] { return fixture->device.received_commands().contains("//rl"); }));
     QVERIFY(since_reset.elapsed() >= 2500);
     QCOMPARE(fixture->commands(), QByteArrayList{"//F"} + questions());

@@ -177,8 +177,8 @@ void Test_Wizard_Again::filling_the_port_list_opens_the_port_and_lets_changes_th
     at->open();
     // The list's first line counts as a choice; then the road opens the port itself.
     QCOMPARE(watch.events(), QStringList({"open", "close", "open"}));
-    Network_Fixture::settle();
-    QVERIFY(at->device.received_commands().endsWith(at->start_commands().last()));
+    QVERIFY(wait_until(
+        [this] { return at->device.received_commands().endsWith(at->start_commands().last()); }));
     QVERIFY(at->change_reaches_serial_line());
 
     // This time the list's emptying is a choice as well.
