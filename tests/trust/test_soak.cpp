@@ -72,11 +72,12 @@ constexpr milliseconds report_wait{1000};
 constexpr milliseconds refresh_lock_out{1700};
 constexpr milliseconds second_part_wait{2000};
 
+/// Fewer are allowed: a file dialog's thread that looks at folders can end later than its dialog.
 void demand_no_growth(const Census& before, const Census& after) {
-    QCOMPARE(after.descriptors, before.descriptors);
-    QCOMPARE(after.objects, before.objects);
-    QCOMPARE(after.widgets, before.widgets);
-    QCOMPARE(after.children, before.children);
+    QCOMPARE_LE(after.descriptors, before.descriptors);
+    QCOMPARE_LE(after.objects, before.objects);
+    QCOMPARE_LE(after.widgets, before.widgets);
+    QCOMPARE_LE(after.children, before.children);
 }
 
 qint64 per_step(qint64 bytes, int count) { return bytes / count; }
