@@ -2,6 +2,7 @@
 
 #include "sim/adapter_options.h"
 #include "tests/support/find_child.h"
+#include "tests/trust/own_clock.h"
 #include "tests/usr/expect_box.h"
 #include "tests/usr/test_time.h"
 
@@ -34,7 +35,7 @@ QStringList Adapter_Fault_Case::arguments() const {
 }
 
 QString Adapter_Fault_Case::title() const {
-    return value.isNull() ? option : option + " \"" + value + '"';
+    return value.isNull() ? option + '`' : option + " \"" + value + "\"`";
 }
 
 const std::vector<Adapter_Fault_Case>& adapter_fault_cases() {
@@ -67,6 +68,10 @@ const std::vector<Adapter_Fault_Case>& adapter_fault_cases() {
                 "Pieces that arrive together are read as one, and all is right; for pieces that "
                 "come apart see the switch's fault chunk.",
         },
+        {.option = "delay",
+         .value = "300",
+         .words = "All is right: search and login wait 500 ms each. Later than that, a login is "
+                  "tried again; a search listens for 1.5 s in all."},
         {.option = "copies",
          .value = "0",
          .words = "The box \"No hardware online\" comes, and the program ends.",
@@ -131,6 +136,16 @@ void set_up_as_told(Network_Fixture& at, const Adapter_Fault_Case& fault) {
     at.adapter.unit().set_state(options->first);
     at.adapter.unit().set_faults(options->faults);
     at.adapter.set_split(options->split_bytes);
+    at.adapter.set_delay(options->delay);
+    if (options->delay.count() > 0) {
+        // The tool's thread is the adapter's: its timer runs while the tool sleeps, which is 500 ms
+        // each time.
+        test_time::while_blocked([&at] {
+            at.network.catch_up();
+            own_clock::leap(std::chrono::milliseconds(500));
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        });
+    }
     if (fault.lasts_searches > 0) {
         test_time::while_blocked([&at, searches = fault.lasts_searches] {
             at.network.catch_up();

@@ -30,6 +30,7 @@ struct Adapter_Fault_Case {
     bool applies = false;
 
     [[nodiscard]] QStringList arguments() const;
+    /// As docs/faults.md writes it.
     [[nodiscard]] QString title() const;
 };
 

@@ -279,6 +279,11 @@ QString Switch_Fault_Case::name() const {
     return value.isEmpty() ? fault : fault + " \"" + value.trimmed() + '"';
 }
 
+QString Switch_Fault_Case::title() const {
+    const QString shown = QString(value).replace('\t', "<tab>");
+    return value.isEmpty() ? fault + '`' : fault + ' ' + shown + '`';
+}
+
 const std::vector<Switch_Fault_Case>& switch_fault_cases() {
     static const std::vector<Switch_Fault_Case> cases = [] {
         std::vector<Switch_Fault_Case> all = timing_cases();

@@ -35,6 +35,8 @@ struct Switch_Fault_Case {
 
     [[nodiscard]] Fault_Plan plan(const Outcome& outcome) const;
     [[nodiscard]] QString name() const;
+    /// As docs/faults.md writes it.
+    [[nodiscard]] QString title() const;
 };
 
 /// All cases, those of one word together.

@@ -23,9 +23,6 @@ private slots:
 
 namespace {
 
-/// Told by a test of its own, in real time.
-const QString timed_fault = "delay";
-
 const char* const end_argument = "--bring-to-its-end";
 
 QString model_argument(Switch_Model model) { return model == Switch_Model::pro ? "pro" : "plus"; }
@@ -37,7 +34,6 @@ void add_rows(bool ending) {
     QTest::addColumn<int>("number");
     const auto& cases = adapter_fault_cases();
     QStringList untold = adapter_fault_names();
-    untold.removeAll(timed_fault);
     for (const Switch_Model model : {Switch_Model::plus, Switch_Model::pro}) {
         for (std::size_t i = 0; i < cases.size(); ++i) {
             untold.removeAll(cases[i].option);
