@@ -13,6 +13,7 @@
 #include "usr/hex_text.h"
 #include "windows/grid.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace {

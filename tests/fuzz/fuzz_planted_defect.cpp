@@ -4,6 +4,7 @@
 #include "tests/fuzz/stated_ends.h"
 
 #include <climits>
+#include <cstdlib>
 #include <memory>
 #include <stdexcept>
 

@@ -86,6 +86,9 @@ void write_switch_seeds(const Seed_Folder& seeds, int number, Switch_Model model
     seeds.write("status_report", "filled-" + which, which + report);
     seeds.write("serial_replies", "start-" + which, which + report + pause);
     seeds.write("serial_replies", "pieces-" + which, which + pieces + pause + refresh + report);
+    // More than the tool keeps of a line's text.
+    seeds.write("serial_replies", "long-" + which,
+                which + report + cut + report + cut + report + cut + report + pause);
     seeds.write("network_replies", "start-" + which, which + pieces);
     seeds.write("network_replies", "one-" + which, which + report);
 

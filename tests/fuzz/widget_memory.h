@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QByteArray>
-#include <QStringList>
+#include <QByteArrayList>
 #include <QWidget>
 
 #include <functional>
