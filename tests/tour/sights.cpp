@@ -143,8 +143,8 @@ QString sights::windows() {
 
 bool sights::is_painted() {
     const QWidget* window = QApplication::activeWindow();
-    return window != nullptr && window->windowHandle() != nullptr &&
-           window->windowHandle()->isExposed();
+    const QWindow* handle = window == nullptr ? nullptr : window->windowHandle();
+    return handle != nullptr && handle->isExposed() && !handle->frameMargins().isNull();
 }
 
 bool sights::save_picture(const QString& path) {
@@ -152,7 +152,8 @@ bool sights::save_picture(const QString& path) {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window->isVisible()) {
             window->repaint();
-            seen |= window->frameGeometry();
+            // A widget may have asked for its frame too early, and keeps what it was told.
+            seen |= window->windowHandle()->frameGeometry();
         }
     }
     QScreen& screen = *QGuiApplication::primaryScreen();

@@ -38,7 +38,8 @@ QWidget* dialog_button(const QString& caption);
 /// Class and name of the visible windows.
 QString windows();
 
-/// Whether a window of the program has the focus and can be seen.
+/// Whether a window of the program has the focus, can be seen, and has got its frame from the
+/// window manager, which the program hears of a little later.
 bool is_painted();
 
 /// Saves what the screen shows of the program's windows.
