@@ -1,11 +1,11 @@
 // From the first byte of a report to every page filled and painted, beyond the fixed wait, against
 // how late a timer of that length fires by itself.
 
+#include "link/reply_stream.h"
 #include "measures/flush_hook.h"
 #include "measures/lite_on_line.h"
 #include "measures/measurements.h"
 #include "measures/statistics.h"
-#include "link/reply_stream.h"
 #include "tests/support/find_child.h"
 
 #include <QEventLoop>

@@ -1,4 +1,5 @@
 #include "tests/tour/settings.h"
+
 #include "tests/tour/pages.h"
 #include "tests/tour/step_failed.h"
 

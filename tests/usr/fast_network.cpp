@@ -15,7 +15,8 @@ namespace {
 // load.
 constexpr int patience_ms = 2000;
 
-/// The loopback keeps the order: once a datagram of our own is here, so are the answers sent before.
+/// The loopback keeps the order: once a datagram of our own is here, so are the answers sent
+/// before.
 void await_delivery() {
     QUdpSocket echo;
     if (!echo.bind(QHostAddress::LocalHost) ||
