@@ -14,6 +14,6 @@ void take_pro_serial_tour(Visitor& visitor, const QString& settings_file);
 void take_plus_adapter_tour(Visitor& visitor, const QString& settings_file);
 void take_pro_adapter_tour(Visitor& visitor, const QString& settings_file);
 
-/// The shortest way through a program that was installed: the Lite up to its filled page, and a look
-/// at where the program, its libraries and its logo come from.
+/// The shortest way through a program that was installed: the Lite up to its filled page, and a
+/// look at where the program, its libraries and its logo come from.
 void take_installed_tour(Visitor& visitor, const QString& settings_file);
