@@ -5,7 +5,6 @@
 
 #include <QElapsedTimer>
 #include <QThread>
-#include <QUdpSocket>
 
 #include <stdexcept>
 
@@ -14,19 +13,6 @@ namespace {
 // A broadcast on the loopback has arrived when its sending returns, but for a machine under heavy
 // load.
 constexpr int patience_ms = 2000;
-
-/// The loopback keeps the order: once a datagram of our own is here, so are the answers sent
-/// before.
-void await_delivery() {
-    QUdpSocket echo;
-    if (!echo.bind(QHostAddress::LocalHost) ||
-        echo.writeDatagram("here", QHostAddress::LocalHost, echo.localPort()) < 0) {
-        qFatal("the loopback takes no datagram: %s", qPrintable(echo.errorString()));
-    }
-    if (!echo.hasPendingDatagrams()) {
-        echo.waitForReadyRead(patience_ms);
-    }
-}
 
 } // namespace
 
@@ -73,7 +59,6 @@ void Fast_Network::catch_up() {
     while (serve() == 0 && timer.elapsed() < patience_ms) {
         QThread::msleep(1);
     }
-    await_delivery();
 }
 
 void spoil_coming_search() {
