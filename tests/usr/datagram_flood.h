@@ -6,7 +6,8 @@
 #include <chrono>
 #include <thread>
 
-/// A thread that sends the same datagram to a port of the loopback as fast as it can, for a while.
+/// A thread that sends the same datagram to a port of the loopback as fast as it can, for a while,
+/// and until some hundreds have left.
 class Datagram_Flood {
 public:
     Datagram_Flood(const QByteArray& datagram, quint16 port, std::chrono::milliseconds length);
