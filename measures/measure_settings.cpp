@@ -18,7 +18,7 @@ namespace {
 constexpr int small_rounds = 9;
 constexpr int big_rounds = 3;
 constexpr qsizetype big_size = 100'000'000;
-constexpr double one_frame_ms = 16;
+constexpr double longest_save_ms = 16;
 
 class Settings_Window {
 public:
@@ -99,7 +99,7 @@ Rows measure_usual_file(Settings_Window& window) {
         return row_with_limit(what, "one frame",
                               QString("%1 ms (smallest %2)")
                                   .arg(readable(median(samples)), readable(smallest(samples))),
-                              median(samples), one_frame_ms, "16 ms");
+                              median(samples), longest_save_ms, "16 ms");
     };
     return {row("settings file saved, beyond the dialogs", saving),
             row("settings file loaded, beyond the dialogs and 2000 ms", loading)};

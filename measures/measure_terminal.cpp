@@ -20,7 +20,7 @@ namespace {
 
 constexpr qsizetype kilobyte = 1024;
 constexpr int terminal_page = 0;
-const QString line = "Current parking location: X=50 Y=50 of this channel\n";
+const QString parking_line = "Current parking location: X=50 Y=50 of this channel\n";
 
 bool painted = false;
 
@@ -62,12 +62,12 @@ public:
     }
 
     double append_milliseconds() {
-        return milliseconds_of([this] { view.append(line); });
+        return milliseconds_of([this] { view.append(parking_line); });
     }
 
     double rewrite_milliseconds() {
         return milliseconds_of([this] {
-            terminal().setPlainText(terminal().toPlainText() + line);
+            terminal().setPlainText(terminal().toPlainText() + parking_line);
             view.scroll_Cursor_to_the_end();
         });
     }
@@ -88,7 +88,7 @@ private:
     Terminal_View view{*form->textEdit_Main_Terminal, *this};
 };
 
-QString text_of(qsizetype size) { return line.repeated(size / line.size()); }
+QString text_of(qsizetype size) { return parking_line.repeated(size / parking_line.size()); }
 
 Rows measure_growth() {
     constexpr int rounds = 51;
