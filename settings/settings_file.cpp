@@ -86,7 +86,11 @@ std::string Settings_File::value_after_label(std::string_view label) const {
 
 void Settings_File::ask_for_save_path() { save_path = ask_where_to_save(); }
 
-void Settings_File::ask_for_load_path() { load_path = ask_what_to_load(); }
+void Settings_File::ask_for_load_path() {
+    // A second part that comes due while the dialog stands must not find the earlier path.
+    load_path.clear();
+    load_path = ask_what_to_load();
+}
 
 void Settings_File::open_output() { out_file.open(native_path(save_path)); }
 
