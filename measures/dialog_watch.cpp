@@ -25,7 +25,10 @@ void Dialog_Watch::choose(const QString& path) {
 bool Dialog_Watch::eventFilter(QObject* watched, QEvent* event) {
     if (auto* dialog = qobject_cast<QFileDialog*>(watched)) {
         if (event->type() == QEvent::Show) {
-            connect(dialog, &QObject::destroyed, this, [this] { gone_ns = now_ns(); });
+            // Its parts end after it, among them a thread that is waited for.
+            for (const QObject* part : dialog->children()) {
+                connect(part, &QObject::destroyed, this, [this] { gone_ns = now_ns(); });
+            }
             QTimer::singleShot(0, dialog, [this, dialog] {
                 find_child<QLineEdit>(*dialog, "fileNameEdit").setText(chosen_path);
                 QMetaObject::invokeMethod(dialog, "accept");

@@ -2,12 +2,11 @@
 // same press on the bare form's table.
 
 #include "measures/flush_hook.h"
-#include "measures/lite_on_line.h"
 #include "measures/measurements.h"
 #include "measures/statistics.h"
+#include "measures/window_on_line.h"
 #include "tests/support/find_child.h"
 #include "tests/support/wait_until.h"
-#include "ui_corvane_lite_ui.h"
 
 #include <QMouseEvent>
 #include <QWindow>
@@ -49,17 +48,16 @@ void put_tiles(QTableWidget& table) {
     }
 }
 
-} // namespace
-
-Rows measure_press() {
-    const Lite_On_Line lite;
-    lite.fill_pages(one_state());
-    lite.call("on_TopologyAndDisplayBtn_clicked");
+template <class Form>
+Rows measure_press_on(const QString& model) {
+    const Window_On_Line on_line(model);
+    on_line.fill_pages(one_state());
+    on_line.call("on_TopologyAndDisplayBtn_clicked");
 
     QMainWindow window;
-    Ui::Corvane_LITE_UI form;
+    Form form;
     form.setupUi(&window);
-    window.setFixedSize(lite.window().size());
+    window.setFixedSize(on_line.window().size());
     form.stackedWidget->setCurrentIndex(2);
     put_tiles(*form.tableWidget);
     window.show();
@@ -67,7 +65,7 @@ Rows measure_press() {
         throw Measurement_Failed("the bare form does not come on screen");
     }
 
-    auto& table = find_child<QTableWidget>(lite.window(), "tableWidget");
+    auto& table = find_child<QTableWidget>(on_line.window(), "tableWidget");
     Samples tool;
     Samples bare;
     for (int round = 0; round < press_rounds; ++round) {
@@ -76,7 +74,15 @@ Rows measure_press() {
     }
     constexpr double one_frame_ms = 16;
     return {
-        row_with_limit("press on a tile to its new look", "one frame; bare form's table",
+        row_with_limit("press on a tile to its new look, " + model, "one frame; bare form's table",
                        QString("%1 ms / %2 ms").arg(readable(median(tool)), readable(median(bare))),
                        median(tool), one_frame_ms, "16 ms")};
+}
+
+} // namespace
+
+Rows measure_press() {
+    return rows_of_all_models([](const QString& model, auto form) {
+        return measure_press_on<typename decltype(form)::type>(model);
+    });
 }

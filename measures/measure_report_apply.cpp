@@ -1,14 +1,14 @@
 // Applying a whole report to all three pages, painting included, against setting the same widgets
 // of the bare form directly.
 
-#include "measures/lite_on_line.h"
 #include "measures/measurements.h"
 #include "measures/statistics.h"
+#include "measures/window_on_line.h"
 #include "sim/switch_report.h"
 #include "tests/support/find_child.h"
 #include "tests/support/wait_until.h"
-#include "ui_corvane_lite_ui.h"
 #include "windows/grid.h"
+#include "windows/window_widgets.h"
 
 #include <QMainWindow>
 #include <QWindow>
@@ -34,29 +34,30 @@ void remove_custom_items(const QMainWindow& window) {
 }
 
 /// Brings a report into the window's buffer without starting its wait, then applies it.
-double apply_milliseconds(const Lite_On_Line& lite, const Switch_State& state) {
+double apply_milliseconds(const Window_On_Line& on_line, const Switch_State& state) {
     const QTextDocument& shown =
-        *find_child<QTextEdit>(lite.window(), "textEdit_Main_Terminal").document();
-    const QByteArray report = whole_report(state);
+        *find_child<QTextEdit>(on_line.window(), "textEdit_Main_Terminal").document();
+    const QByteArray report = on_line.report(state);
     const qsizetype shown_after = shown.characterCount() + report.size();
-    remove_custom_items(lite.window());
-    lite.call("send_initial_command");
-    lite.line().write(report);
+    remove_custom_items(on_line.window());
+    on_line.ask_for_report();
+    on_line.line().write(report);
     if (!wait_until([&] { return shown.characterCount() >= shown_after; })) {
         throw Measurement_Failed("the report does not come");
     }
-    lite.line().drop_input();
+    on_line.line().drop_input();
 
     const qint64 begin = now_ns();
-    lite.call("get_data_from_TQL_by_serial_port");
+    on_line.call("get_data_from_TQL_by_serial_port");
     QCoreApplication::processEvents();
     const qint64 end = now_ns();
-    if (!lite.shows(state)) {
+    if (!on_line.shows(state)) {
         throw Measurement_Failed("the report was not applied");
     }
     return milliseconds_between(begin, end);
 }
 
+template <class Form>
 class Bare_Form : public QMainWindow {
 public:
     Bare_Form() {
@@ -95,24 +96,23 @@ private:
     }
 
     void set_mouse_speed(const Switch_State& state) {
-        const std::array<QLabel*, 4> labels = {form.label_Custom_1, form.label_Custom_2,
-                                               form.label_Custom_3, form.label_Custom_4};
-        for (std::size_t i = 0; i < labels.size(); ++i) {
+        const Mouse_Speed_Widgets widgets = mouse_speed_widgets(form);
+        for (std::size_t i = 0; i < state.custom_entries.size(); ++i) {
             const Custom_Entry& entry = state.custom_entries[i];
             const QString name = QString::fromUtf8(entry.name);
-            labels[i]->setText(QString("%1 %2 %3").arg(entry.x_speed).arg(entry.y_speed).arg(name));
-            for (const QString& box : resolution_boxes) {
-                find_child<QComboBox>(*this, box).addItem(name);
+            widgets.custom_setting_labels[i]->setText(
+                QString("%1 %2 %3").arg(entry.x_speed).arg(entry.y_speed).arg(name));
+            for (QComboBox* box : widgets.resolution_combo_boxes) {
+                box->addItem(name);
             }
         }
         for (std::size_t i = 0; i < state.resolutions.size(); ++i) {
-            find_child<QComboBox>(*this, resolution_boxes[static_cast<int>(i)])
-                .setCurrentIndex(state.resolutions[i] - 1);
+            widgets.resolution_combo_boxes[i]->setCurrentIndex(state.resolutions[i] - 1);
         }
         const Custom_Entry& first = state.custom_entries.front();
-        form.lineEdit_Mouse_Movement_Name->setText(QString::fromUtf8(first.name));
-        form.lineEdit_Mouse_Movement_X->setText(QString::number(first.x_speed));
-        form.lineEdit_Mouse_Movement_Y->setText(QString::number(first.y_speed));
+        widgets.lineEdit_Mouse_Movement_Name.setText(QString::fromUtf8(first.name));
+        widgets.lineEdit_Mouse_Movement_X.setText(QString::number(first.x_speed));
+        widgets.lineEdit_Mouse_Movement_Y.setText(QString::number(first.y_speed));
     }
 
     void set_layout(const Switch_State& state) {
@@ -130,23 +130,30 @@ private:
         }
     }
 
-    Ui::Corvane_LITE_UI form;
+    Form form;
 };
 
-} // namespace
-
-Rows measure_report_apply() {
-    const Lite_On_Line lite;
-    lite.fill_pages(one_state());
-    Bare_Form bare;
+template <class Form>
+Rows measure_apply_to(const QString& model) {
+    const Window_On_Line on_line(model);
+    on_line.fill_pages(one_state());
+    Bare_Form<Form> bare;
     bare.set_milliseconds(one_state());
     Samples applying;
     Samples setting;
     for (int round = 0; round < apply_rounds; ++round) {
         const Switch_State& state = round % 2 == 0 ? other_state() : one_state();
-        applying.push_back(apply_milliseconds(lite, state));
+        applying.push_back(apply_milliseconds(on_line, state));
         setting.push_back(bare.set_milliseconds(state));
     }
-    return {ratio_row("a whole report applied to all pages", "the same widgets set directly",
-                      applying, setting, "ms", std::nullopt)};
+    return {ratio_row("a whole report applied to all pages, " + model,
+                      "the same widgets set directly", applying, setting, "ms", std::nullopt)};
+}
+
+} // namespace
+
+Rows measure_report_apply() {
+    return rows_of_all_models([](const QString& model, auto form) {
+        return measure_apply_to<typename decltype(form)::type>(model);
+    });
 }

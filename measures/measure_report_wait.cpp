@@ -3,9 +3,9 @@
 
 #include "link/reply_stream.h"
 #include "measures/flush_hook.h"
-#include "measures/lite_on_line.h"
 #include "measures/measurements.h"
 #include "measures/statistics.h"
+#include "measures/window_on_line.h"
 #include "tests/support/find_child.h"
 
 #include <QEventLoop>
@@ -30,20 +30,20 @@ std::function<void()> on_flush;
 
 /// Sees the moments of one report. The layout is filled last, so its last change of a cell is the
 /// moment at which all pages are filled.
-Moments take_report(const Lite_On_Line& lite, const Switch_State& state) {
+Moments take_report(const Window_On_Line& on_line, const Switch_State& state) {
     Moments moments;
     std::atomic<qint64> first_byte = 0;
-    lite.line().drop_input();
-    std::jthread unit([&lite, &state, &first_byte] {
-        const QByteArray report = whole_report(state);
-        if (lite.line().read_up_to("//BP\r")) {
+    on_line.line().drop_input();
+    std::jthread unit([&on_line, &state, &first_byte] {
+        const QByteArray report = on_line.report(state);
+        if (on_line.line().read_up_to("//BP\r")) {
             first_byte = now_ns();
-            lite.line().write(report);
+            on_line.line().write(report);
         }
     });
 
     QEventLoop loop;
-    const auto& table = find_child<QTableWidget>(lite.window(), "tableWidget");
+    const auto& table = find_child<QTableWidget>(on_line.window(), "tableWidget");
     const QMetaObject::Connection connection = QObject::connect(
         &table, &QTableWidget::cellChanged, &table, [&moments] { moments.filled = now_ns(); });
     on_flush = [&] {
@@ -55,14 +55,14 @@ Moments take_report(const Lite_On_Line& lite, const Switch_State& state) {
     flush_observer = [](void*) { on_flush(); };
     constexpr std::chrono::seconds longest_wait{10};
     QTimer::singleShot(longest_wait, &loop, &QEventLoop::quit);
-    lite.call("refresh_UI");
+    on_line.call("refresh_UI");
     loop.exec();
 
     flush_observer = nullptr;
     QObject::disconnect(connection);
     unit.join();
     moments.first_byte = first_byte;
-    if (moments.painted == 0 || !lite.shows(state)) {
+    if (moments.painted == 0 || !on_line.shows(state)) {
         throw Measurement_Failed("the pages are not filled");
     }
     return moments;
@@ -77,16 +77,14 @@ double timer_lateness() {
     return milliseconds_between(begin, now_ns()) - Reply_Stream::report_wait_ms;
 }
 
-} // namespace
-
-Rows measure_report_wait() {
-    const Lite_On_Line lite;
-    lite.fill_pages(one_state());
+Rows measure_wait_of(const QString& model) {
+    const Window_On_Line on_line(model);
+    on_line.fill_pages(one_state());
     Samples filled;
     Samples painted;
     Samples lateness;
     for (int round = 0; round < wait_rounds; ++round) {
-        const Moments moments = take_report(lite, round % 2 == 0 ? other_state() : one_state());
+        const Moments moments = take_report(on_line, round % 2 == 0 ? other_state() : one_state());
         filled.push_back(milliseconds_between(moments.first_byte, moments.filled) -
                          Reply_Stream::report_wait_ms);
         painted.push_back(milliseconds_between(moments.first_byte, moments.painted) -
@@ -100,10 +98,15 @@ Rows measure_report_wait() {
                  readable(median(lateness)));
     };
     constexpr double limit_ms = 10;
-    return {row_with_limit("first byte of a report to every page filled, beyond the fixed wait",
-                           against, figure(filled), median_difference(filled, lateness), limit_ms,
-                           "under 10 ms"),
-            row_with_limit("first byte of a report to the page painted, beyond the fixed wait",
-                           against, figure(painted), median_difference(painted, lateness), limit_ms,
-                           "under 10 ms")};
+    return {
+        row_with_limit(
+            "first byte of a report to every page filled, beyond the fixed wait, " + model, against,
+            figure(filled), median_difference(filled, lateness), limit_ms, "under 10 ms"),
+        row_with_limit(
+            "first byte of a report to the page painted, beyond the fixed wait, " + model, against,
+            figure(painted), median_difference(painted, lateness), limit_ms, "under 10 ms")};
 }
+
+} // namespace
+
+Rows measure_report_wait() { return rows_of_all_models(measure_wait_of); }

@@ -2,9 +2,9 @@
 // the two parts of a load; and the load of a file of 100 MB against reading that file once.
 
 #include "measures/dialog_watch.h"
-#include "measures/lite_on_line.h"
 #include "measures/measurements.h"
 #include "measures/statistics.h"
+#include "measures/window_on_line.h"
 #include "tests/support/wait_until.h"
 #include "windows/settings_exchange.h"
 
@@ -22,8 +22,8 @@ constexpr double longest_save_ms = 16;
 
 class Settings_Window {
 public:
-    Settings_Window() {
-        lite.fill_pages(other_state());
+    explicit Settings_Window(const QString& model) : on_line(model) {
+        on_line.fill_pages(other_state());
         if (!folder.isValid()) {
             throw Measurement_Failed("no temporary folder");
         }
@@ -34,21 +34,21 @@ public:
     double save_milliseconds(const QString& file) {
         QFile::remove(path(file));
         watch.choose(path(file));
-        lite.call("on_pushButton_Create_Settings_File_clicked");
-        lite.line().drop_input();
+        on_line.call("on_pushButton_Create_Settings_File_clicked");
+        on_line.line().drop_input();
         return milliseconds_between(watch.file_dialog_gone_ns(), watch.box_made_ns());
     }
 
     /// Both parts together.
     double load_milliseconds(const QString& file) {
         watch.choose(path(file));
-        lite.call("on_pushButton_Load_Settings_File_clicked");
+        on_line.call("on_pushButton_Load_Settings_File_clicked");
         const qint64 first_part_done = now_ns();
         constexpr int longest_wait_ms = 60'000;
         if (!wait_until([this] { return watch.box_answered(); }, longest_wait_ms)) {
             throw Measurement_Failed("the settings file is not applied");
         }
-        lite.line().drop_input();
+        on_line.line().drop_input();
         return milliseconds_between(watch.file_dialog_gone_ns(), first_part_done) +
                milliseconds_between(first_part_done, watch.box_made_ns()) -
                Settings_Exchange::second_part_wait_ms;
@@ -57,7 +57,7 @@ public:
 private:
     QTemporaryDir folder;
     Dialog_Watch watch;
-    Lite_On_Line lite;
+    Window_On_Line on_line;
 };
 
 QByteArray content_of(const QString& path) {
@@ -88,7 +88,7 @@ double read_once_milliseconds(const QString& path) {
     return milliseconds_between(begin, end);
 }
 
-Rows measure_usual_file(Settings_Window& window) {
+Rows measure_usual_file(const QString& model, Settings_Window& window) {
     Samples saving;
     Samples loading;
     for (int round = 0; round < small_rounds; ++round) {
@@ -101,8 +101,8 @@ Rows measure_usual_file(Settings_Window& window) {
                                   .arg(readable(median(samples)), readable(smallest(samples))),
                               median(samples), longest_save_ms, "16 ms");
     };
-    return {row("settings file saved, beyond the dialogs", saving),
-            row("settings file loaded, beyond the dialogs and 2000 ms", loading)};
+    return {row("settings file saved, beyond the dialogs, " + model, saving),
+            row("settings file loaded, beyond the dialogs and 2000 ms, " + model, loading)};
 }
 
 Row measure_big_file(Settings_Window& window, const QString& what, const QByteArray& content) {
@@ -116,15 +116,19 @@ Row measure_big_file(Settings_Window& window, const QString& what, const QByteAr
     return ratio_row(what, "reading it once", loading, reading, "ms", std::nullopt);
 }
 
-} // namespace
-
-Rows measure_settings() {
-    Settings_Window window;
-    Rows rows = measure_usual_file(window);
+Rows measure_files_of(const QString& model) {
+    Settings_Window window(model);
+    Rows rows = measure_usual_file(model, window);
     const QByteArray settings = content_of(window.path("settings.txt"));
     const QByteArray remark = "A remark that no label of the settings stands in.\n";
     const QByteArray padding = remark.repeated(big_size / remark.size());
-    rows.append(measure_big_file(window, "100 MB file loaded, settings first", settings + padding));
-    rows.append(measure_big_file(window, "100 MB file loaded, settings last", padding + settings));
+    rows.append(measure_big_file(window, "100 MB file loaded, settings first, " + model,
+                                 settings + padding));
+    rows.append(measure_big_file(window, "100 MB file loaded, settings last, " + model,
+                                 padding + settings));
     return rows;
 }
+
+} // namespace
+
+Rows measure_settings() { return rows_of_all_models(measure_files_of); }

@@ -2,9 +2,9 @@
 // own speed and at a hundred times that: the largest gap between the ticks of a 1 ms timer, less
 // the same without load.
 
-#include "measures/lite_on_line.h"
 #include "measures/measurements.h"
 #include "measures/statistics.h"
+#include "measures/window_on_line.h"
 #include "tests/support/wait_until.h"
 
 #include <QEventLoop>
@@ -26,9 +26,9 @@ constexpr std::chrono::seconds stage_time{2};
 /// until it is told to stop.
 class Feeder {
 public:
-    Feeder(const Pty_Line& line, double bytes_per_second)
-        : thread([this, &line, bytes_per_second](const std::stop_token& stop) {
-              feed(line, bytes_per_second, stop);
+    Feeder(const Pty_Line& line, const QByteArray& text, double bytes_per_second)
+        : thread([this, &line, text, bytes_per_second](const std::stop_token& stop) {
+              feed(line, text, bytes_per_second, stop);
           }) {}
 
     /// Ends the delivery. Serves events until its last piece has been read, because the line may be
@@ -43,8 +43,8 @@ public:
     }
 
 private:
-    void feed(const Pty_Line& line, double bytes_per_second, const std::stop_token& stop) {
-        const QByteArray text = whole_report(one_state());
+    void feed(const Pty_Line& line, const QByteArray& text, double bytes_per_second,
+              const std::stop_token& stop) {
         const qint64 begin = now_ns();
         qint64 tick = begin;
         qsizetype sent = 0;
@@ -90,16 +90,18 @@ double largest_gap() {
     return gap;
 }
 
-Row measure_at(double times_line_speed, double limit_ms, const QString& what) {
+Row measure_at(const QString& model, double times_line_speed, double limit_ms,
+               const QString& what) {
     constexpr int rounds = 5;
-    const Lite_On_Line lite;
-    lite.fill_pages(one_state());
+    const Window_On_Line on_line(model);
+    on_line.fill_pages(one_state());
     Samples idle;
     Samples loaded;
     Samples rates;
     for (int round = 0; round < rounds; ++round) {
         idle.push_back(largest_gap());
-        Feeder feeder(lite.line(), times_line_speed * line_bytes_per_second);
+        Feeder feeder(on_line.line(), on_line.report(one_state()),
+                      times_line_speed * line_bytes_per_second);
         loaded.push_back(largest_gap());
         rates.push_back(feeder.stop());
     }
@@ -108,15 +110,18 @@ Row measure_at(double times_line_speed, double limit_ms, const QString& what) {
         QString("%1 ms (%2 - %3; largest %4; %5 kB/s)")
             .arg(readable(stall), readable(median(loaded)), readable(median(idle)),
                  readable(largest(loaded)), readable(median(rates)));
-    return row_with_limit(what, "the same without load", figure, stall, limit_ms,
+    return row_with_limit(what + ", " + model, "the same without load", figure, stall, limit_ms,
                           QString("%1 ms").arg(limit_ms));
+}
+
+Rows measure_stalls_of(const QString& model) {
+    constexpr double one_frame_ms = 16;
+    constexpr double three_frames_ms = 50;
+    return {
+        measure_at(model, 1, one_frame_ms, "longest stall while the line delivers at full speed"),
+        measure_at(model, 100, three_frames_ms, "longest stall at 100 times the line's speed")};
 }
 
 } // namespace
 
-Rows measure_stall() {
-    constexpr double one_frame_ms = 16;
-    constexpr double three_frames_ms = 50;
-    return {measure_at(1, one_frame_ms, "longest stall while the line delivers at full speed"),
-            measure_at(100, three_frames_ms, "longest stall at 100 times the line's speed")};
-}
+Rows measure_stall() { return rows_of_all_models(measure_stalls_of); }

@@ -5,13 +5,6 @@
 
 namespace {
 
-Switch_Model switch_model(const QString& model) {
-    if (model == "Lite") {
-        return Switch_Model::lite;
-    }
-    return model == "Plus" ? Switch_Model::plus : Switch_Model::pro;
-}
-
 void add(QMap<QString, Samples>& series, const QMap<QString, double>& numbers) {
     for (auto number = numbers.begin(); number != numbers.end(); ++number) {
         series[number.key()].push_back(number.value());

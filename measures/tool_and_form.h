@@ -1,13 +1,10 @@
 #pragma once
 
+#include "measures/models.h"
 #include "measures/statistics.h"
 
 #include <QMap>
 #include <QString>
-#include <QStringList>
-
-/// The models by the captions of their radio buttons.
-inline const QStringList all_models = {"Lite", "Plus", "Pro"};
 
 /// What the tool and the bare form measured of themselves, by name, sample by sample.
 struct Tool_And_Form {

@@ -3,8 +3,9 @@
 #include "app/message_box.h"
 #include "settings/file_dialogs.h"
 
+#include <algorithm>
 #include <filesystem>
-#include <sstream>
+#include <fstream>
 #include <utility>
 
 namespace {
@@ -13,8 +14,9 @@ std::filesystem::path native_path(const QString& path) { return {path.toStdU16St
 
 /// Takes the CR of every CR LF away, so that a file from Windows reads the same everywhere.
 void drop_carriage_returns(std::string& text) {
-    std::size_t kept = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
+    const std::size_t first = std::min(text.find('\r'), text.size());
+    std::size_t kept = first;
+    for (std::size_t i = first; i < text.size(); ++i) {
         const bool before_line_feed = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
         if (!before_line_feed) {
             text[kept] = text[i];
@@ -99,11 +101,16 @@ void Settings_File::write_setting_line(std::string_view label, const QString& va
 }
 
 void Settings_File::read_whole_file() {
-    // Streamed whole: a reading error, as of a failing disk, then ends the text and throws nothing.
+    constexpr std::size_t block_size = 1U << 20U;
     std::ifstream in_file(native_path(load_path));
-    std::ostringstream whole;
-    whole << in_file.rdbuf();
-    file_text = std::move(whole).str();
+    file_text.clear();
+    // A reading error, as of a failing disk, ends the text and throws nothing.
+    while (in_file) {
+        const std::size_t size_before = file_text.size();
+        file_text.resize(size_before + block_size);
+        in_file.read(file_text.data() + size_before, block_size);
+        file_text.resize(size_before + static_cast<std::size_t>(in_file.gcount()));
+    }
     drop_carriage_returns(file_text);
 }
 

@@ -1,11 +1,9 @@
 // What a main window is held against: its form, set up and shown without our code, behind the same
 // dialogs as bare forms: halvern-bench-bare-form <model> <task>, as tool.cpp.
 
+#include "measures/models.h"
 #include "measures/programs/tasks.h"
 #include "measures/programs/walk.h"
-#include "ui_corvane_lite_ui.h"
-#include "ui_corvane_pro_ui.h"
-#include "ui_corvane_ui.h"
 #include "ui_select_connection_method_dialog.h"
 #include "ui_select_km_type_dialog.h"
 
@@ -59,11 +57,8 @@ int main(int argc, char* argv[]) {
     if (with_dialogs) {
         answer_dialog(&Ui::Select_KM_type_Dialog::pushButton_Continue);
     }
-    if (model == "Lite") {
-        return show_form<Ui::Corvane_LITE_UI>(false);
-    }
-    if (model == "Plus") {
-        return show_form<Ui::Corvane_UI>(with_dialogs);
-    }
-    return show_form<Ui::Corvane_PRO_UI>(with_dialogs);
+    const bool with_method_dialog = with_dialogs && model != "Lite";
+    return with_form_of(model, [with_method_dialog]<class Form>(std::type_identity<Form>) {
+        return show_form<Form>(with_method_dialog);
+    });
 }

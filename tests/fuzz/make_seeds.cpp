@@ -6,6 +6,7 @@
 #include "sim/adapter_unit.h"
 #include "sim/switch_report.h"
 #include "sim/switch_unit.h"
+#include "tests/support/another_state.h"
 
 #include <QDir>
 #include <QFile>
@@ -36,21 +37,6 @@ private:
     QDir folder;
 };
 
-Switch_State other_state() {
-    Switch_State state;
-    state.km_channel = 3;
-    state.usb_channel = 4;
-    state.hotkey_trigger = "Scroll Lock";
-    state.relative_mouse = true;
-    state.port_limit = 3;
-    state.cursor_rolling = true;
-    state.parking_x = 12;
-    state.parking_y = 34;
-    state.buzzer = true;
-    state.resolutions = {2, 9, 10, 13};
-    return state;
-}
-
 QByteArray answers(Switch_Unit& unit, const QByteArrayList& commands, const QByteArray& between) {
     QByteArray all;
     for (const QByteArray& command : commands) {
@@ -77,7 +63,7 @@ void write_switch_seeds(const Seed_Folder& seeds, int number, Switch_Model model
     const QByteArray which = QByteArray::number(number);
     const auto fresh_unit = [model] {
         Switch_Unit unit(model);
-        unit.set_state(other_state());
+        unit.set_state(another_state());
         return unit;
     };
     Switch_Unit unit = fresh_unit();
