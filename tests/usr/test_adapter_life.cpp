@@ -22,6 +22,8 @@ private slots:
 
     void a_search_takes_its_fixed_time_and_serves_no_event();
     void each_unanswered_login_costs_a_search_and_its_wait();
+    void a_login_answered_too_late_is_answered_for_the_next_try();
+    void an_adapter_that_answers_behind_the_search_is_not_found();
     void an_adapter_is_moved_from_dhcp_to_static_renamed_and_found_again();
 };
 
@@ -53,6 +55,23 @@ void Test_Adapter_Life::each_unanswered_login_costs_a_search_and_its_wait() {
     QCOMPARE(adapter.lines_with("login, kept silent").size(), 2);
     QCOMPARE(adapter.lines_with("login, answered").size(), 1);
     QCOMPARE(adapter.lines_with("search, answered").size(), 3);
+}
+
+void Test_Adapter_Life::a_login_answered_too_late_is_answered_for_the_next_try() {
+    Adapter_Process adapter({"--delay", "700"});
+    USR_configurator configurator("127.0.0.2", "admin", "admin");
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(configurator.get_ip_allocation(), QString("00"));
+    QCOMPARE_GE(timer.elapsed(), 2 * 2000 - 3);
+    QVERIFY(wait_until([&] { return adapter.lines_with("login, answered").size() == 2; }));
+}
+
+void Test_Adapter_Life::an_adapter_that_answers_behind_the_search_is_not_found() {
+    const Adapter_Process adapter({"--delay", "1700"});
+    USR_searcher searcher;
+    QCOMPARE(searcher.search_USR_in_network(), -1);
+    QCOMPARE(searcher.get_USR_replies(), QStringList());
 }
 
 void Test_Adapter_Life::an_adapter_is_moved_from_dhcp_to_static_renamed_and_found_again() {

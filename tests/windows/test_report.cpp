@@ -1,4 +1,5 @@
 #include "sim/switch_report.h"
+#include "tests/support/another_state.h"
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
@@ -58,17 +59,8 @@ namespace {
 
 /// Every setting away from its start value.
 Switch_State other_state() {
-    Switch_State state;
-    state.km_channel = 3;
-    state.usb_channel = 4;
-    state.hotkey_trigger = "Scroll Lock";
-    state.relative_mouse = true;
-    state.port_limit = 3;
-    state.cursor_rolling = true;
-    state.parking_x = 12;
-    state.parking_y = 34;
+    Switch_State state = another_state();
     state.buzzer = false;
-    state.resolutions = {2, 9, 10, 13};
     return state;
 }
 
