@@ -14,7 +14,6 @@ private slots:
     void init();
     void cleanup();
 
-    void each_control_sends_its_command_data();
     void each_control_sends_its_command();
     void a_custom_entry_is_sent_by_its_submit_button();
     void a_custom_entry_is_shown_when_it_is_chosen();
@@ -32,7 +31,6 @@ private:
 };
 
 using Step = std::function<void(const Window_Fixture& window)>;
-Q_DECLARE_METATYPE(Step)
 
 namespace {
 
@@ -50,11 +48,6 @@ void park_at_a_corner(const Window_Fixture& at) {
     at.button("pushButton_Apply_mouse_parking").click();
 }
 
-void beep_off_and_on(const Window_Fixture& at) {
-    at.button("pushButton_OFF_Beep").click();
-    at.button("pushButton_ON_Beep").click();
-}
-
 } // namespace
 
 void Test_Model_Controls::init() {
@@ -70,32 +63,25 @@ void Test_Model_Controls::cleanup() {
     QCOMPARE(windows_left(), QStringList());
 }
 
-void Test_Model_Controls::each_control_sends_its_command_data() {
-    QTest::addColumn<Step>("step");
-    QTest::addColumn<QByteArrayList>("commands");
-    const auto add_row = [](const char* name, const Step& step, const QByteArrayList& commands) {
-        QTest::newRow(name) << step << commands;
-    };
-    add_row("KM channel", choose("comboBox_KM_Control", 1), {"//c2"});
-    add_row("USB channel", choose("comboBox_USB_Control", 2), {"//u3"});
-    add_row("active ports", choose("comboBox_Select_active_port", 0), {"//D2"});
-    add_row("cursor rolling", choose("comboBox_Enable_or_Disable_Cursor_Roll", 1), {"//o1"});
-    add_row("mouse parking", park_at_a_corner, {"//MP 0 100"});
-    add_row("beep off and on", beep_off_and_on, {"//B0", "//B1"});
-    add_row("soft reset", click("pushButton_Soft_Reset"), {"//R"});
-    for (int channel = 1; channel <= 4; ++channel) {
-        const QByteArray number = QByteArray::number(channel);
-        const QString box = "comboBox_mouse_movement_resolution_setting_" + number;
-        QTest::addRow("resolution of channel %d", channel)
-            << choose(box, 12) << QByteArrayList{"//CE " + number + " 13"};
-    }
-}
-
 void Test_Model_Controls::each_control_sends_its_command() {
-    QFETCH(const Step, step);
-    QFETCH(const QByteArrayList, commands);
-    step(*fixture);
-    QCOMPARE(fixture->commands(), commands);
+    const std::pair<Step, QByteArrayList> controls[] = {
+        {choose("comboBox_KM_Control", 1), {"//c2"}},
+        {choose("comboBox_USB_Control", 2), {"//u3"}},
+        {choose("comboBox_Select_active_port", 0), {"//D2"}},
+        {choose("comboBox_Enable_or_Disable_Cursor_Roll", 1), {"//o1"}},
+        {park_at_a_corner, {"//MP 0 100"}},
+        {click("pushButton_OFF_Beep"), {"//B0"}},
+        {click("pushButton_ON_Beep"), {"//B1"}},
+        {choose("comboBox_mouse_movement_resolution_setting_1", 9), {"//CE 1 10"}},
+        {choose("comboBox_mouse_movement_resolution_setting_2", 10), {"//CE 2 11"}},
+        {choose("comboBox_mouse_movement_resolution_setting_3", 11), {"//CE 3 12"}},
+        {choose("comboBox_mouse_movement_resolution_setting_4", 12), {"//CE 4 13"}},
+        {click("pushButton_Soft_Reset"), {"//R"}},
+    };
+    for (const auto& [use, commands] : controls) {
+        use(*fixture);
+        QCOMPARE(fixture->commands(), commands);
+    }
 }
 
 void Test_Model_Controls::a_custom_entry_is_sent_by_its_submit_button() {
