@@ -2,6 +2,7 @@
 #include "tests/app/log_folder.h"
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
+#include "windows/combo_box.h"
 
 #include <QTest>
 
@@ -15,6 +16,7 @@ private slots:
     void cleanup();
 
     void a_channel_that_is_no_number_is_one_entry_with_the_exceptions_text();
+    void an_empty_channel_leaves_the_box_and_no_entry();
     void a_failed_report_is_in_the_log_before_its_box_opens();
     void a_healthy_report_and_its_notices_leave_no_entry();
     void the_windows_end_closes_the_log();
@@ -46,6 +48,16 @@ void Test_Lite_Log::a_channel_that_is_no_number_is_one_entry_with_the_exceptions
     QCOMPARE(folder->entries(), QStringList{"stoi"});
     QCOMPARE(lite->combo("comboBox_KM_Control").currentIndex(), 0);
     QCOMPARE(robot->sights().size(), 0);
+}
+
+void Test_Lite_Log::an_empty_channel_leaves_the_box_and_no_entry() {
+    QCOMPARE(open_log(), 1);
+    QVERIFY(lite->say("Current KM Control: 3\n"));
+    QVERIFY(lite->say("Current KM Control: \n"));
+    QCOMPARE(lite->combo("comboBox_KM_Control").currentIndex(), 2);
+    set_combo_from_text(lite->combo("comboBox_KM_Control"), "");
+    QCOMPARE(lite->combo("comboBox_KM_Control").currentIndex(), 2);
+    QCOMPARE(folder->entries(), QStringList());
 }
 
 void Test_Lite_Log::a_failed_report_is_in_the_log_before_its_box_opens() {
