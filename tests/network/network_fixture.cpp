@@ -17,8 +17,13 @@ Modal_Expectation choose_network() {
 
 Modal_Expectation choose_serial() { return serial_method(); }
 
-Modal_Expectation choose_adapter() {
-    return {.class_name = "Select_hardware_Dialog", .action = press_button("Continue")};
+Modal_Expectation choose_adapter(int index) {
+    const auto choose = [index](QWidget& dialog) {
+        find_child<QComboBox>(dialog, "comboBox").setCurrentIndex(index);
+        return QString();
+    };
+    return {.class_name = "Select_hardware_Dialog",
+            .action = in_order({choose, press_button("Continue")})};
 }
 
 Modal_Expectation log_in(const QString& username, const QString& password) {

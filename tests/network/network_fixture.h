@@ -9,7 +9,8 @@
 // The ways through the connection wizard's dialogs.
 Modal_Expectation choose_network();
 Modal_Expectation choose_serial();
-Modal_Expectation choose_adapter();
+/// @param index in the list of those found.
+Modal_Expectation choose_adapter(int index = 0);
 Modal_Expectation log_in(const QString& username = "admin", const QString& password = "admin");
 Modal_Expectation connect_adapter();
 

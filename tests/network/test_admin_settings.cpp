@@ -17,6 +17,7 @@ private slots:
     void closed_after_a_failed_check_nothing_is_copied();
     void a_failed_change_is_copied_all_the_same();
     void after_a_change_of_address_the_new_one_is_asked();
+    void after_a_wizard_left_at_its_last_dialog_what_it_read_is_written_to_the_adapter_in_force();
     void without_an_adapter_the_slot_does_nothing();
 
 private:
@@ -196,6 +197,30 @@ void Test_Admin_Settings::after_a_change_of_address_the_new_one_is_asked() {
     QVERIFY(wait_until([&] { return state().name == "CELLAR"; }));
     QCOMPARE(state().address, QHostAddress("127.0.0.9"));
     QVERIFY(!state().dhcp);
+}
+
+void Test_Admin_Settings::
+    after_a_wizard_left_at_its_last_dialog_what_it_read_is_written_to_the_adapter_in_force() {
+    QVERIFY(at->open_network());
+    Simulated_Adapter& second = at->network.add_adapter();
+    Adapter_State of_second = second.unit().state();
+    of_second.dhcp = false;
+    of_second.static_ip = QHostAddress("127.0.0.44");
+    second.unit().set_state(of_second);
+    at->robot.expect(choose_network());
+    at->robot.expect(choose_adapter(1));
+    at->robot.expect(log_in());
+    at->robot.expect(close_dialog("IP_Settings_Dialog"));
+    at->run_wizard();
+    QCOMPARE(at->label("label_current_Ip").text(), QString("  IP: 127.0.0.2"));
+
+    at->robot.expect(apply("CELLAR"));
+    expect_information(at->robot, "Settings were applied successfully");
+    at->button("pushButton_Admin_Settings").click();
+    QVERIFY(wait_until([&] { return state().name == "CELLAR"; }));
+    QVERIFY(!state().dhcp);
+    QCOMPARE(state().static_ip, QHostAddress("127.0.0.44"));
+    QCOMPARE(second.unit().state().name, QByteArray("OSTREL"));
 }
 
 void Test_Admin_Settings::without_an_adapter_the_slot_does_nothing() {

@@ -118,13 +118,8 @@ void Test_Wizard_Again::another_adapter_replaces_the_socket() {
     Simulated_Adapter& second = at->network.add_adapter();
     connect(&second, &Simulated_Adapter::switch_command_taken, this,
             [&others](const QByteArray& command) { others << command; });
-    const auto choose_second = [](QWidget& dialog) {
-        dialog.findChild<QComboBox*>("comboBox")->setCurrentIndex(1);
-        return QString();
-    };
     at->robot.expect(choose_network());
-    at->robot.expect({.class_name = "Select_hardware_Dialog",
-                      .action = in_order({choose_second, press_button("Continue")})});
+    at->robot.expect(choose_adapter(1));
     at->robot.expect(log_in());
     at->robot.expect(connect_adapter());
     at->run_wizard();
