@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <malloc.h>
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef HALVERN_ADDRESS_SANITIZER
 // As sanitizer/allocator_interface.h has it, which comes with clang only.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
@@ -28,7 +28,7 @@ void count_in(QObject*) { ++living_objects; }
 void count_out(QObject*) { --living_objects; }
 
 qint64 used_heap() {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef HALVERN_ADDRESS_SANITIZER
     // The sanitizer's allocator stands in the place of the C library's, whose figures are empty.
     return static_cast<qint64>(__sanitizer_get_current_allocated_bytes());
 #else

@@ -69,7 +69,7 @@ constexpr qint64 most_bytes_per_line = 2048;
 constexpr qint64 allowance = 64 * 1024;
 
 // Under the address sanitizer each takes ten times as long; leaks are then seen at any number.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef HALVERN_ADDRESS_SANITIZER
 constexpr int chunk_count = 10'000;
 #else
 constexpr int chunk_count = 100'000;
@@ -91,7 +91,10 @@ qint64 per_step(qint64 bytes, int count) { return bytes / count; }
 
 } // namespace
 
-void Test_Soak::initTestCase() { QVERIFY(take_census().objects > 0); }
+void Test_Soak::initTestCase() {
+    QVERIFY(take_census().objects > 0);
+    QVERIFY(take_census().heap > 0);
+}
 
 void Test_Soak::init() {
     sent = 0;
