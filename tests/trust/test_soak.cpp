@@ -3,16 +3,15 @@
 #include "tests/support/wait_until.h"
 #include "tests/trust/census.h"
 #include "tests/trust/own_clock.h"
+#include "tests/trust/soak.h"
 #include "tests/trust/unit_sight.h"
 #include "tests/usr/expect_box.h"
 
 #include <QFileDialog>
-#include <QPixmapCache>
 #include <QTextDocument>
 
-/// A Lite window over hours of use, in a minute: nothing that it opens or makes on the way is left
-/// behind. The clicks are the user's, the bytes are the line's, and every wait of the product
-/// passes on the program's own clock. The figures are printed.
+/// A Lite window over hours of use, in a minute. The clicks are the user's, the bytes are the
+/// line's, and every wait of the product passes on the program's own clock.
 class Test_Soak : public QObject {
     Q_OBJECT
 
@@ -27,46 +26,20 @@ private slots:
     void loading_settings_leaves_nothing_behind();
 
 private:
-    using Step = std::function<bool(int number)>;
-
-    /// Takes a tenth of the steps for everything that is made once, counts, takes the steps, counts
-    /// again, and demands that nothing has grown but by the text shown.
-    /// @param kept_by_qt what may stay on the heap.
-    /// @return how much has stayed there.
-    qint64 repeat(const char* what, int count, const Step& step, qint64 kept_by_qt = 0);
-    void take_steps(int count, const Step& step);
-    /// Lets every timer run out, and empties the terminal.
-    void come_to_rest();
-
     [[nodiscard]] bool wait_all_shown() const;
     [[nodiscard]] bool wait_obeyed(qsizetype commands) const;
     void note_sent(const QByteArray& bytes) { sent += bytes.size(); }
-    [[nodiscard]] qint64 shown() const {
-        // The document counts the end of its last line.
-        return shown_before + lite->terminal().document()->characterCount() - 1;
-    }
-    void clear_terminal() {
-        shown_before = shown();
-        lite->terminal().clear();
-    }
 
     std::unique_ptr<Settings_Desk> desk;
     Lite_Fixture* lite = nullptr;
+    std::unique_ptr<Soak> soak;
     qint64 sent = 0;
-    qint64 shown_before = 0; ///< what has been cleared
     int chunks = 0;
 };
 
 namespace {
 
 using std::chrono::milliseconds;
-
-// What a line of the terminal may take while it is shown: its characters, and Qt's block and layout
-// of it.
-constexpr qint64 most_bytes_per_line = 2048;
-
-// The allocators' own rounding; below what one leaked object in each of 200 steps would take.
-constexpr qint64 allowance = 64 * 1024;
 
 // Under the address sanitizer each takes ten times as long; leaks are then seen at any number.
 #ifdef HALVERN_ADDRESS_SANITIZER
@@ -79,16 +52,6 @@ constexpr milliseconds report_wait{1000};
 constexpr milliseconds refresh_lock_out{1700};
 constexpr milliseconds second_part_wait{2000};
 
-/// Fewer are allowed: a file dialog's thread that looks at folders can end later than its dialog.
-void demand_no_growth(const Census& before, const Census& after) {
-    QCOMPARE_LE(after.descriptors, before.descriptors);
-    QCOMPARE_LE(after.objects, before.objects);
-    QCOMPARE_LE(after.widgets, before.widgets);
-    QCOMPARE_LE(after.children, before.children);
-}
-
-qint64 per_step(qint64 bytes, int count) { return bytes / count; }
-
 } // namespace
 
 void Test_Soak::initTestCase() {
@@ -98,13 +61,14 @@ void Test_Soak::initTestCase() {
 
 void Test_Soak::init() {
     sent = 0;
-    shown_before = 0;
     chunks = 0;
     desk = std::make_unique<Settings_Desk>();
     lite = &desk->lite;
     lite->device.unit().set_state(used_unit());
     connect(&lite->device, &Simulated_Switch::sent, this, &Test_Soak::note_sent);
     lite->open();
+    soak = std::make_unique<Soak>(
+        *lite, [this] { lite->device.clear_record(); }, [this] { return desk->robot.why(); });
     connect(lite->terminal().document(), &QTextDocument::contentsChange, this,
             [this] { ++chunks; });
     QVERIFY(wait_obeyed(3));
@@ -122,74 +86,12 @@ void Test_Soak::cleanup() {
 }
 
 bool Test_Soak::wait_all_shown() const {
-    return wait_until([this] { return lite->device.all_sent() && shown() == sent; });
+    return wait_until([this] { return lite->device.all_sent() && soak->shown() == sent; });
 }
 
 bool Test_Soak::wait_obeyed(qsizetype commands) const {
     return wait_until([&] { return lite->device.received_commands().size() >= commands; }) &&
            wait_all_shown();
-}
-
-void Test_Soak::come_to_rest() {
-    constexpr milliseconds longer_than_any_wait{10'000};
-    own_clock::leap(longer_than_any_wait);
-    for (int round = 0; round < 10; ++round) {
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    // Qt keeps icons that it has drawn, up to 10 MB, whoever they were drawn for.
-    QPixmapCache::clear();
-    lite->device.clear_record();
-}
-
-void Test_Soak::take_steps(int count, const Step& step) {
-    for (int number = 0; number < count; ++number) {
-        if (!step(number)) {
-            QFAIL(qPrintable(QString("step %1: %2").arg(number).arg(desk->robot.why())));
-        }
-        lite->device.clear_record();
-    }
-}
-
-qint64 Test_Soak::repeat(const char* what, int count, const Step& step, qint64 kept_by_qt) {
-    constexpr int warm_up_share = 10;
-    take_steps(count / warm_up_share, step);
-    if (QTest::currentTestFailed()) {
-        return 0;
-    }
-    come_to_rest();
-    clear_terminal();
-    come_to_rest();
-    const Census before = take_census();
-
-    const qint64 first_shown = shown();
-    take_steps(count, step);
-    if (QTest::currentTestFailed()) {
-        return 0;
-    }
-    come_to_rest();
-    const int lines = lite->terminal().document()->blockCount();
-    const Census with_text = take_census();
-    const qint64 characters = shown() - first_shown;
-    clear_terminal();
-    come_to_rest();
-    const Census after = take_census();
-
-    qInfo("%s: %d times; descriptors %d -> %d, objects %d -> %d, widgets %d -> %d, children %d -> "
-          "%d; heap %+lld bytes (%+lld a time), with %lld characters in %d lines shown %+lld bytes "
-          "(%lld a line); resident %lld -> %lld KB",
-          what, count, before.descriptors, after.descriptors, before.objects, after.objects,
-          before.widgets, after.widgets, before.children, after.children, after.heap - before.heap,
-          per_step(after.heap - before.heap, count), characters, lines,
-          with_text.heap - before.heap, per_step(with_text.heap - before.heap, lines),
-          before.resident / 1024, after.resident / 1024);
-    demand_no_growth(before, after);
-    const qint64 grown = after.heap - before.heap;
-    [&] {
-        QCOMPARE_LE(with_text.heap - before.heap, lines * most_bytes_per_line + kept_by_qt);
-        QCOMPARE_LE(grown, kept_by_qt + allowance);
-    }();
-    return grown;
 }
 
 void Test_Soak::chunks_of_replies_leave_nothing_behind() {
@@ -198,19 +100,19 @@ void Test_Soak::chunks_of_replies_leave_nothing_behind() {
     lite->window().setUpdatesEnabled(false);
     // Qt's list of timers grows to the most that ever waited, two for each chunk of 100 ms.
     constexpr qint64 for_waiting_timers = 64 * 1024;
-    repeat(
+    soak->repeat(
         "chunks", chunk_count,
         [&](int number) {
             const int earlier = chunks;
             lite->device.send(words[number % 5]);
-            return wait_until([&] { return chunks > earlier && shown() == sent; });
+            return wait_until([&] { return chunks > earlier && soak->shown() == sent; });
         },
         for_waiting_timers);
 }
 
 void Test_Soak::turning_off_and_on_leaves_nothing_behind() {
     lite->window().setUpdatesEnabled(false);
-    repeat("OFF and ON", 2000, [&](int) {
+    soak->repeat("OFF and ON", 2000, [&](int) {
         lite->button("pushButton_OFF_Connection").click();
         const bool fell = !lite->is_connected();
         lite->button("pushButton_ON_Connection").click();
@@ -226,7 +128,7 @@ void Test_Soak::turning_off_and_on_leaves_nothing_behind() {
 
 void Test_Soak::refreshing_leaves_nothing_behind() {
     QPushButton& refresh = lite->button("pushButton_Refresh");
-    repeat("refreshes", 500, [&](int) {
+    soak->repeat("refreshes", 500, [&](int) {
         refresh.click();
         if (refresh.isEnabled() || lite->is_filled() || !wait_obeyed(3)) {
             return false;
@@ -246,7 +148,7 @@ void Test_Soak::loading_settings_leaves_nothing_behind() {
     // asked for, which go the same way.
     constexpr qint64 no_limit = 1'000'000;
     constexpr int loads = 200;
-    const qint64 kept_by_dialogs = repeat(
+    const qint64 kept_by_dialogs = soak->repeat(
         "bare file dialogs", loads,
         [&](int) {
             desk->expect_file_dialog("Select file", choose_file(path));
@@ -257,7 +159,7 @@ void Test_Soak::loading_settings_leaves_nothing_behind() {
             return accepted && desk->robot.done();
         },
         no_limit);
-    repeat(
+    soak->repeat(
         "settings loads", loads,
         [&](int) {
             if (!desk->load_first_part(path) || !wait_obeyed(first_part_labels.size())) {

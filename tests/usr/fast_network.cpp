@@ -53,6 +53,11 @@ QByteArrayList Fast_Network::frames_of(const QByteArray& command) const {
     return found;
 }
 
+void Fast_Network::forget() {
+    all_frames.clear();
+    all_notes.clear();
+}
+
 void Fast_Network::catch_up() {
     QElapsedTimer timer;
     timer.start();

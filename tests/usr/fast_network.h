@@ -23,6 +23,9 @@ public:
     /// What the adapters made of the frames, as "127.0.0.2: login, answered".
     [[nodiscard]] const QStringList& notes() const { return all_notes; }
 
+    /// Drops the frames and notes so far.
+    void forget();
+
     /// Takes what has been sent since the tool last blocked.
     void catch_up();
 

@@ -1,0 +1,105 @@
+#include "tests/trust/soak.h"
+
+#include "tests/trust/census.h"
+#include "tests/trust/own_clock.h"
+
+#include <QCoreApplication>
+#include <QPixmapCache>
+#include <QTest>
+#include <QTextDocument>
+
+#include <utility>
+
+namespace {
+
+// What a line of the terminal may take while it is shown: its characters, and Qt's block and layout
+// of it.
+constexpr qint64 most_bytes_per_line = 2048;
+
+/// Fewer are allowed: a file dialog's thread that looks at folders can end later than its dialog.
+void demand_no_growth(const Census& before, const Census& after) {
+    QCOMPARE_LE(after.descriptors, before.descriptors);
+    QCOMPARE_LE(after.objects, before.objects);
+    QCOMPARE_LE(after.widgets, before.widgets);
+    QCOMPARE_LE(after.children, before.children);
+}
+
+void demand_at_most(qint64 bytes, qint64 limit) { QCOMPARE_LE(bytes, limit); }
+
+qint64 per_step(qint64 bytes, int count) { return bytes / count; }
+
+} // namespace
+
+Soak::Soak(const Window_Fixture& opened_window, std::function<void()> drop_record,
+           std::function<QByteArray()> tell_why)
+    : window(opened_window), forget(std::move(drop_record)), why(std::move(tell_why)) {}
+
+qint64 Soak::shown() const {
+    // The document counts the end of its last line.
+    return shown_before + window.terminal().document()->characterCount() - 1;
+}
+
+void Soak::clear_terminal() {
+    shown_before = shown();
+    window.terminal().clear();
+}
+
+void Soak::come_to_rest() {
+    constexpr std::chrono::milliseconds longer_than_any_wait{10'000};
+    own_clock::leap(longer_than_any_wait);
+    for (int round = 0; round < 10; ++round) {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    // Qt keeps icons that it has drawn, up to 10 MB, whoever they were drawn for.
+    QPixmapCache::clear();
+    forget();
+}
+
+void Soak::take_steps(int count, const Step& step) {
+    for (int number = 0; number < count; ++number) {
+        if (!step(number)) {
+            QFAIL(qPrintable(QString("step %1: %2").arg(number).arg(QString::fromUtf8(why()))));
+        }
+        forget();
+    }
+}
+
+qint64 Soak::repeat(const char* what, int count, const Step& step, qint64 kept_by_qt) {
+    constexpr int warm_up_share = 10;
+    take_steps(count / warm_up_share, step);
+    if (QTest::currentTestFailed()) {
+        return 0;
+    }
+    come_to_rest();
+    clear_terminal();
+    come_to_rest();
+    const Census before = take_census();
+
+    const qint64 first_shown = shown();
+    take_steps(count, step);
+    if (QTest::currentTestFailed()) {
+        return 0;
+    }
+    come_to_rest();
+    const int lines = window.terminal().document()->blockCount();
+    const Census with_text = take_census();
+    const qint64 characters = shown() - first_shown;
+    clear_terminal();
+    come_to_rest();
+    const Census after = take_census();
+
+    const qint64 grown = after.heap - before.heap;
+    const qint64 grown_with_text = with_text.heap - before.heap;
+    qInfo("%s: %d times; descriptors %d -> %d, objects %d -> %d, widgets %d -> %d, children %d -> "
+          "%d; heap %+lld bytes (%+lld a time), with %lld characters in %d lines shown %+lld bytes "
+          "(%lld a line); resident %lld -> %lld KB",
+          what, count, before.descriptors, after.descriptors, before.objects, after.objects,
+          before.widgets, after.widgets, before.children, after.children, grown,
+          per_step(grown, count), characters, lines, grown_with_text,
+          per_step(grown_with_text, lines), before.resident / 1024, after.resident / 1024);
+    demand_no_growth(before, after);
+    demand_at_most(grown_with_text, lines * most_bytes_per_line + kept_by_qt);
+    demand_at_most(grown, kept_by_qt + soak_allowance);
+    return grown;
+}
