@@ -14,13 +14,13 @@ std::string_view find_report_value(std::string_view key, std::string_view text) 
 
 std::string get_report_value(std::string_view key, std::string_view text) {
     const std::string_view value = find_report_value(key, text);
-    return value.empty() ? "0" : std::string(value);
+    return std::string(value.empty() ? no_value : value);
 }
 
 std::string get_report_token(std::string_view key, std::string_view text) {
     const std::string_view value = find_report_value(key, text);
     const std::string_view token = value.substr(0, value.find(' '));
-    return token.empty() ? "0" : std::string(token);
+    return std::string(token.empty() ? no_value : token);
 }
 
 std::string get_layout_position(std::string_view key, std::string_view layout_text) {

@@ -10,10 +10,13 @@
 /// The text behind the key up to the line feed; empty if the key is missing.
 std::string_view find_report_value(std::string_view key, std::string_view text);
 
-/// As find_report_value, with "0" for a missing key and for an empty value alike.
+/// What a missing or empty value reads as. No channel has this number.
+inline constexpr std::string_view no_value = "0";
+
+/// As find_report_value, with `no_value` for a missing key and for an empty value alike.
 std::string get_report_value(std::string_view key, std::string_view text);
 
-/// The value up to its first blank; "0" if that is empty.
+/// The value up to its first blank; `no_value` if that is empty.
 std::string get_report_token(std::string_view key, std::string_view text);
 
 /// The two characters behind a layout key ("01B" to "04B") in the switch's layout text.

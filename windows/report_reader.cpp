@@ -4,13 +4,6 @@
 #include "link/report_values.h"
 #include "link/vocabulary.h"
 
-namespace {
-
-/// What a missing or empty value reads as: no channel has this number.
-constexpr std::string_view no_value = "0";
-
-} // namespace
-
 Report_Reader::Report_Reader(Link_State& link_state, Configuration_Page& configuration_page,
                              Mouse_Speed_Page& mouse_speed_page, Layout_Page& layout_page)
     : state(link_state),

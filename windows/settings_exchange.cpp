@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr std::string_view no_value = "0";
-
 /// The place of a line among its four fellows, counting from 1.
 int number_in_group(Setting_Index index, Setting_Index first) {
     return static_cast<int>(index) - static_cast<int>(first) + 1;
