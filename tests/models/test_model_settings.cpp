@@ -25,6 +25,7 @@ private slots:
     void the_saved_box_comes_before_the_audio_lines();
     void a_pro_file_sends_its_audio_command_on_the_pro_only();
     void a_file_without_audio_leaves_the_pros_boxes_and_sends_a_lone_return();
+    void a_cancelled_save_writes_nothing_and_the_next_one_works();
     void a_file_chosen_soon_after_a_cancel_gets_its_second_part_early_on_plus_and_pro();
 
 private:
@@ -208,6 +209,18 @@ void Test_Model_Settings::a_file_without_audio_leaves_the_pros_boxes_and_sends_a
         QVERIFY(find_child<QCheckBox>(fixture->window(), "checkBox_ch1").isChecked());
         QVERIFY(find_child<QCheckBox>(fixture->window(), "checkBox_ch3").isChecked());
     }
+}
+
+void Test_Model_Settings::a_cancelled_save_writes_nothing_and_the_next_one_works() {
+    QVERIFY(fixture->open_filled());
+    robot->expect({.class_name = "QFileDialog", .action = press_button("Cancel")});
+    fixture->button("pushButton_Create_Settings_File").click();
+    QVERIFY2(robot->done(), robot->why());
+    QCOMPARE(fixture->commands(), QByteArrayList{"//rl"});
+    QCOMPARE(file_text(), QByteArray("no file"));
+    save();
+    QVERIFY2(robot->done(), robot->why());
+    QVERIFY(file_text().startsWith("KM Control: //c2\n"));
 }
 
 void Test_Model_Settings::
