@@ -62,12 +62,6 @@ protected:
 
 } // namespace
 
-QByteArray whole_report(const QString& model, const Switch_State& state) {
-    const QByteArray report =
-        status_report(state) + information_report(state) + layout_report(state);
-    return model == "Pro" ? report + audio_report(state) : report;
-}
-
 const Switch_State& one_state() {
     static const Switch_State state;
     return state;
@@ -91,6 +85,11 @@ Window_On_Line::Window_On_Line(const QString& model_name) : model(model_name) {
     if (!wait_until([this] { return main_window->windowHandle()->isExposed(); })) {
         throw Measurement_Failed("the window does not come on screen");
     }
+}
+
+QByteArray Window_On_Line::report(const Switch_State& state) const {
+    const QByteArray text = status_report(state) + information_report(state) + layout_report(state);
+    return model == "Pro" ? text + audio_report(state) : text;
 }
 
 template <class Window>

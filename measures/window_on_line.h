@@ -10,9 +10,6 @@
 #include <functional>
 #include <memory>
 
-/// The answers to all questions of a start in one text.
-QByteArray whole_report(const QString& model, const Switch_State& state);
-
 /// Two states that differ in every setting, so that each report after the other changes all pages.
 const Switch_State& one_state();
 const Switch_State& other_state();
@@ -26,9 +23,8 @@ public:
 
     [[nodiscard]] const Pty_Line& line() const { return pty; }
     [[nodiscard]] QMainWindow& window() const { return *main_window; }
-    [[nodiscard]] QByteArray report(const Switch_State& state) const {
-        return whole_report(model, state);
-    }
+    /// The answers to all questions of a start in one text.
+    [[nodiscard]] QByteArray report(const Switch_State& state) const;
 
     /// Runs one of the window's slots, as its signal does.
     void call(const char* slot) const;

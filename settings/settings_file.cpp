@@ -101,7 +101,7 @@ void Settings_File::write_setting_line(std::string_view label, const QString& va
 }
 
 void Settings_File::read_whole_file() {
-    constexpr std::size_t block_size = 1U << 20U;
+    constexpr std::size_t block_size = 1U << 16U;
     std::ifstream in_file(native_path(load_path));
     file_text.clear();
     // A reading error, as of a failing disk, ends the text and throws nothing.

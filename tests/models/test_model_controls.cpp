@@ -103,7 +103,7 @@ void Test_Model_Controls::a_custom_entry_is_shown_when_it_is_chosen() {
 }
 
 void Test_Model_Controls::each_page_button_brings_its_page() {
-    const std::pair<const char*, const char*> pages[] = {
+    const std::pair<QString, QString> pages[] = {
         {"TopologyAndDisplayBtn", "tableWidget"},
         {"pushButton_Mouse_Speed_Settings", "comboBox_number_of_setting"},
         {"ConfigurationBtn", "comboBox_KM_Control"}};

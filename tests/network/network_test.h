@@ -16,7 +16,7 @@ class Network_Test : public QObject {
 protected:
     std::unique_ptr<Network_Fixture> at;
 
-private slots:
+protected slots:
     void initTestCase_data();
     void init();
     void cleanup();

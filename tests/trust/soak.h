@@ -6,9 +6,6 @@
 
 #include <functional>
 
-/// The allocators' own rounding; below what one leaked object in each of 200 steps would take.
-constexpr qint64 soak_allowance = 64 * 1024;
-
 /// Uses a window over and over on the program's own clock, and demands that nothing which is opened
 /// or made on the way is left behind but the text shown. The figures are printed.
 class Soak {

@@ -9,10 +9,11 @@
 
 /// A Pro window on an adapter over hours of use, in less than a minute: its socket, its wizard's
 /// dialogs and its conversations with the adapter come and go all the time.
-class Test_Network_Soak : public QObject {
+class Test_Network_Soak : public Network_Test {
     Q_OBJECT
 
 private slots:
+    void initTestCase_data();
     void init();
     void cleanup();
 
@@ -25,7 +26,6 @@ private:
     /// The start's questions have come, and their answers stand in the pages.
     [[nodiscard]] bool wait_asked_and_filled() const;
 
-    std::unique_ptr<Network_Fixture> at;
     std::unique_ptr<Soak> soak;
 };
 
@@ -45,8 +45,13 @@ constexpr int chunk_count = 20'000;
 
 } // namespace
 
+void Test_Network_Soak::initTestCase_data() {
+    QTest::addColumn<Switch_Model>("model");
+    QTest::newRow("Pro") << Switch_Model::pro;
+}
+
 void Test_Network_Soak::init() {
-    at = std::make_unique<Network_Fixture>(Switch_Model::pro);
+    Network_Test::init();
     at->unit.set_state(used_unit());
     QVERIFY(at->open_network());
     const auto forget = [this] {
@@ -58,12 +63,8 @@ void Test_Network_Soak::init() {
 }
 
 void Test_Network_Soak::cleanup() {
-    const bool done = at->robot.done();
-    const QByteArray why = at->robot.why();
-    at.reset();
-    QVERIFY2(done, why.constData());
-    QCOMPARE(windows_left(), QStringList());
-    QCOMPARE(Network_Fixture::socket_count(), 0);
+    soak.reset();
+    Network_Test::cleanup();
 }
 
 bool Test_Network_Soak::wait_asked_and_filled() const {
