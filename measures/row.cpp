@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -102,7 +103,7 @@ QString table_of(const Rows& rows) {
         lines.append(columns_of(row));
     }
     std::array<qsizetype, column_count> widths{};
-    for (const QStringList& line : qAsConst(lines)) {
+    for (const QStringList& line : std::as_const(lines)) {
         for (std::size_t i = 0; i < column_count; ++i) {
             widths[i] = std::max(widths[i], line[static_cast<int>(i)].size());
         }
@@ -114,7 +115,7 @@ QString table_of(const Rows& rows) {
     lines.insert(1, ruler);
 
     QString table;
-    for (const QStringList& line : qAsConst(lines)) {
+    for (const QStringList& line : std::as_const(lines)) {
         table += '|';
         for (std::size_t i = 0; i < column_count; ++i) {
             table += ' ' + line[static_cast<int>(i)].leftJustified(widths[i]) + " |";

@@ -10,6 +10,8 @@
 #include <QByteArray>
 #include <QMessageBox>
 
+#include <utility>
+
 namespace {
 
 constexpr unsigned long wait_for_login_answer_ms = 500;
@@ -61,7 +63,7 @@ void USR_configurator::get_data_from_USR() {
 }
 
 void USR_configurator::take_data_from_replies() {
-    for (const QString& reply : qAsConst(USR_replies)) {
+    for (const QString& reply : std::as_const(USR_replies)) {
         const QString ip_hex = cut_field(reply, search_reply::ip);
         if (hex_to_dotted(ip_hex) != target_ip) {
             continue;
@@ -218,7 +220,7 @@ int USR_configurator::change_credentials_and_name(const QString& wanted_username
 QString USR_configurator::get_IP_after_hanging() {
     const auto search = [this]() -> QString {
         search_USR_in_network();
-        for (const QString& reply : qAsConst(USR_replies)) {
+        for (const QString& reply : std::as_const(USR_replies)) {
             if (cut_field(reply, search_reply::mac) == mac_hex) {
                 return hex_to_dotted(cut_field(reply, search_reply::ip));
             }
