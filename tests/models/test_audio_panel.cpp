@@ -93,7 +93,7 @@ void Test_Audio_Panel::the_first_report_shows_the_units_routing() {
     state.audio = {Audio_Routing::Mode::channels, {true, false, true, false}};
     pro->device.unit().set_state(state);
     QVERIFY(pro->open_filled());
-    QTRY_COMPARE(checked(), "13");
+    QVERIFY(wait_until([&] { return checked() == "13"; }));
 }
 
 void Test_Audio_Panel::nothing_checked_sends_no_channel() {

@@ -91,7 +91,7 @@ void Test_Model_Links::a_port_change_asks_the_models_questions() {
     fixture->combo("comboBox_SelectPort").setCurrentIndex(1);
     QVERIFY(!fixture->is_connected());
     QVERIFY(fixture->wait_connected());
-    QTRY_COMPARE(second.received_commands(), questions());
+    QVERIFY(wait_until([&] { return second.received_commands() == questions(); }));
     QCOMPARE(fixture->device.received_commands(), QByteArrayList{});
 }
 

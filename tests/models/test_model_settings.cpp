@@ -135,7 +135,8 @@ bool Test_Model_Settings::load() {
 void Test_Model_Settings::the_whole_file_of_a_unit() {
     QVERIFY(fixture->open_filled());
     if (row().has_audio) {
-        QTRY_VERIFY(find_child<QCheckBox>(fixture->window(), "checkBox_ch3").isChecked());
+        const auto& box = find_child<QCheckBox>(fixture->window(), "checkBox_ch3");
+        QVERIFY(wait_until([&] { return box.isChecked(); }));
     }
     save();
     QCOMPARE(file_text(), QByteArray(common_lines) + (row().has_audio ? audio_lines : ""));
@@ -199,7 +200,8 @@ void Test_Model_Settings::a_pro_file_sends_its_audio_command_on_the_pro_only() {
 void Test_Model_Settings::a_file_without_audio_leaves_the_pros_boxes_and_sends_a_lone_return() {
     QVERIFY(fixture->open_filled());
     if (row().has_audio) {
-        QTRY_VERIFY(find_child<QCheckBox>(fixture->window(), "checkBox_ch3").isChecked());
+        const auto& box = find_child<QCheckBox>(fixture->window(), "checkBox_ch3");
+        QVERIFY(wait_until([&] { return box.isChecked(); }));
     }
     write_file(common_lines);
     fixture->device.clear_record();
