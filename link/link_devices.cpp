@@ -1,6 +1,7 @@
 #include "link/link_devices.h"
 
 #include <QLoggingCategory>
+#include <QSocketNotifier>
 
 #include <utility>
 
@@ -8,19 +9,38 @@ namespace {
 
 Q_LOGGING_CATEGORY(link_log, "halvern.link", QtCriticalMsg)
 
-// A port whose other end has gone makes Qt 6.4 raise ReadError without end, which takes a whole
-// core. Closing it at the first error ends that; queued, because the error is raised from inside
-// the port's own notifier.
+void quiet(QSerialPort& port, const QString& reason) {
+    if (port.isOpen()) {
+        qCDebug(link_log) << port.portName() << "quieted:" << reason;
+        port.close();
+    }
+}
+
+// Queued: the port may not be closed from inside its own notifier, and what came in together with
+// the error is to be read first.
 void quiet_at_first_error(QSerialPort& port) {
     QObject::connect(
         &port, &QSerialPort::errorOccurred, &port,
         [&port](QSerialPort::SerialPortError error) {
-            if (error != QSerialPort::NoError && port.isOpen()) {
-                qCDebug(link_log) << port.portName() << "quieted:" << port.errorString();
-                port.close();
+            if (error != QSerialPort::NoError) {
+                quiet(port, port.errorString());
             }
         },
         Qt::QueuedConnection);
+}
+
+// A line that was hung up reads as 0 bytes for ever. Qt 6.4 raises an error for each of these
+// reads, Qt 6.5 and later none, and both take a whole processor. The kernel reports the hang-up as
+// an exceptional condition of the descriptor as well, which an open line never has.
+void quiet_when_hung_up([[maybe_unused]] QSerialPort& port) {
+#ifdef Q_OS_UNIX
+    auto* notifier = new QSocketNotifier(port.handle(), QSocketNotifier::Exception, &port);
+    QObject::connect(
+        notifier, &QSocketNotifier::activated, &port, [&port] { quiet(port, "hung up"); },
+        Qt::QueuedConnection);
+    QObject::connect(&port, &QIODevice::aboutToClose, notifier,
+                     [notifier] { notifier->setEnabled(false); });
+#endif
 }
 
 } // namespace
@@ -39,6 +59,7 @@ void Link_Devices::open_port(const QString& port_name) {
     if (serial_port->isOpen()) {
         port_open_count += 1;
         quiet_at_first_error(*serial_port);
+        quiet_when_hung_up(*serial_port);
     } else {
         qCDebug(link_log) << port_name << "did not open:" << serial_port->errorString();
     }

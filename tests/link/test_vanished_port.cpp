@@ -1,3 +1,4 @@
+#include "tests/link/failing_read.h"
 #include "tests/link/open_line.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
@@ -21,6 +22,8 @@ private slots:
     void the_last_words_before_vanishing_are_still_read();
     void commands_to_a_vanished_end_are_dropped_in_silence();
     void vanishing_with_unsent_bytes_costs_no_processor_time_either();
+    void a_read_that_fails_closes_the_port_and_costs_no_processor_time();
+    void a_line_that_stands_is_not_closed();
     void a_vanished_port_is_closed_and_another_opened();
 
 private:
@@ -65,6 +68,7 @@ void Test_Vanished_Port::a_vanished_end_costs_next_to_no_processor_time() {
     const milliseconds taken = processor_time_of_waiting();
     QVERIFY2(taken < bearable_time, qPrintable(QString::number(taken.count()) + " ms"));
     QCOMPARE(ready.size(), 1);
+    QVERIFY(!line.devices.serial_port->isOpen());
 }
 
 void Test_Vanished_Port::a_vanished_end_leaves_the_counter_as_it_was() {
@@ -110,6 +114,27 @@ void Test_Vanished_Port::vanishing_with_unsent_bytes_costs_no_processor_time_eit
     line.device.close();
     const milliseconds taken = processor_time_of_waiting();
     QVERIFY2(taken < bearable_time, qPrintable(QString::number(taken.count()) + " ms"));
+}
+
+void Test_Vanished_Port::a_read_that_fails_closes_the_port_and_costs_no_processor_time() {
+    Open_Line line;
+    const Failing_Read failing_read(static_cast<int>(line.devices.serial_port->handle()));
+    line.device.write("KM\n");
+    QVERIFY(wait_until([&] { return !line.devices.serial_port->isOpen(); }));
+    QVERIFY(failing_read.count() >= 1);
+    const milliseconds taken = processor_time_of_waiting();
+    QVERIFY2(taken < bearable_time, qPrintable(QString::number(taken.count()) + " ms"));
+    QCOMPARE(line.devices.port_open_count, 1);
+}
+
+void Test_Vanished_Port::a_line_that_stands_is_not_closed() {
+    Open_Line line;
+    QSignalSpy ready(line.devices.serial_port.get(), &QSerialPort::readyRead);
+    line.device.write("KM\n");
+    QVERIFY(wait_until([&] { return ready.size() == 1; }));
+    line.writer.writeCommand(std::string("//c3"));
+    QCOMPARE(line.received(), "//c3\r");
+    QVERIFY(line.devices.serial_port->isOpen());
 }
 
 void Test_Vanished_Port::a_vanished_port_is_closed_and_another_opened() {
