@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <vector>
 
 namespace {
@@ -24,16 +25,39 @@ Clock& the_clock() {
     return clock;
 }
 
-} // namespace
-
-// Takes the place of Qt's own, whose timers would fire in real time.
-void QTimer::singleShot(int msec, Qt::TimerType /*type*/, const QObject* receiver,
-                        const char* member) {
+void keep(std::chrono::milliseconds wait, const QObject* receiver, const char* member) {
     // "1name()": the digit is that of the SLOT macro.
     QByteArray slot(member + 1);
     slot.truncate(slot.indexOf('('));
     the_clock().waiting.push_back(
-        {the_clock().now + msec, const_cast<QObject*>(receiver), std::move(slot)});
+        {the_clock().now + wait.count(), const_cast<QObject*>(receiver), std::move(slot)});
+}
+
+} // namespace
+
+// Takes the place of Qt's own, whose timers would fire in real time. From Qt 6.8 on the form for
+// milliseconds is inline and ends in the one for nanoseconds.
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+void QTimer::singleShot(std::chrono::nanoseconds wait, Qt::TimerType /*type*/,
+                        const QObject* receiver, const char* member) {
+    keep(std::chrono::duration_cast<std::chrono::milliseconds>(wait), receiver, member);
+}
+#else
+void QTimer::singleShot(int msec, Qt::TimerType /*type*/, const QObject* receiver,
+                        const char* member) {
+    keep(std::chrono::milliseconds(msec), receiver, member);
+}
+#endif
+
+bool fake_timers::are_in_place() {
+    const QObject receiver;
+    const auto before = the_clock().waiting.size();
+    QTimer::singleShot(1, Qt::PreciseTimer, &receiver, SLOT(deleteLater()));
+    if (the_clock().waiting.size() != before + 1) {
+        return false;
+    }
+    the_clock().waiting.pop_back();
+    return true;
 }
 
 void fake_timers::forget() { the_clock().waiting.clear(); }

@@ -12,6 +12,9 @@ namespace fake_timers {
 /// Does what the event loop does when a timer is due: calls the slot of the receiver.
 using Slot_Call = std::function<void(QObject& receiver, const QByteArray& slot)>;
 
+/// Whether Qt's own function was replaced. Another version of Qt may lead its callers another way.
+[[nodiscard]] bool are_in_place();
+
 /// Drops all timers that wait.
 void forget();
 

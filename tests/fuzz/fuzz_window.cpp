@@ -3,6 +3,7 @@
 #include "tests/fuzz/fake_boxes.h"
 #include "tests/fuzz/fake_timers.h"
 #include "tests/fuzz/recording_device.h"
+#include "tests/fuzz/stated_ends.h"
 #include "ui_corvane_lite_ui.h"
 #include "ui_corvane_pro_ui.h"
 #include "ui_corvane_ui.h"
@@ -21,6 +22,7 @@ constexpr int starts_between_checks = 500;
 } // namespace
 
 Fuzz_Window::Fuzz_Window(const Model& switch_model) : the_model(switch_model) {
+    expect(fake_timers::are_in_place(), "Qt's own timers would fire in real time");
     if (the_model.has_audio) {
         build<Ui::Corvane_PRO_UI>();
     } else if (the_model.has_network) {
