@@ -6,9 +6,6 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include <chrono>
-#include <ctime>
-
 /// A port whose other end goes away while it is open: the tool shows nothing and rests.
 class Test_Vanished_Port : public QObject {
     Q_OBJECT
@@ -17,12 +14,12 @@ private slots:
     void init();
     void cleanup();
 
-    void a_vanished_end_costs_next_to_no_processor_time();
+    void a_vanished_end_lets_the_program_rest();
     void a_vanished_end_leaves_the_counter_as_it_was();
     void the_last_words_before_vanishing_are_still_read();
     void commands_to_a_vanished_end_are_dropped_in_silence();
-    void vanishing_with_unsent_bytes_costs_no_processor_time_either();
-    void a_read_that_fails_closes_the_port_and_costs_no_processor_time();
+    void vanishing_with_unsent_bytes_lets_it_rest_as_well();
+    void a_read_that_fails_closes_the_port_and_lets_it_rest();
     void a_line_that_stands_is_not_closed();
     void a_vanished_port_is_closed_and_another_opened();
 
@@ -32,18 +29,9 @@ private:
 
 namespace {
 
-using std::chrono::milliseconds;
-
-constexpr milliseconds watched_time{300};
-/// A port that spins takes all of the watched time, or half of it on a machine that others use.
-constexpr milliseconds bearable_time{50};
-
-/// The processor time that this process takes while it only serves events.
-milliseconds processor_time_of_waiting() {
-    const std::clock_t before = std::clock();
-    (void)wait_until([] { return false; }, watched_time.count());
-    return milliseconds((std::clock() - before) * 1000 / CLOCKS_PER_SEC);
-}
+constexpr int watched_ms = 300;
+/// Waiting itself wakes the event loop about 30 times, a port that spins thousands of times.
+constexpr int most_rounds = 150;
 
 void serve_events_for_a_while() {
     (void)wait_until([] { return false; }, 50);
@@ -59,14 +47,14 @@ void Test_Vanished_Port::cleanup() {
     QCOMPARE(windows_left(), QStringList());
 }
 
-void Test_Vanished_Port::a_vanished_end_costs_next_to_no_processor_time() {
+void Test_Vanished_Port::a_vanished_end_lets_the_program_rest() {
     Open_Line line;
     QSignalSpy ready(line.devices.serial_port.get(), &QSerialPort::readyRead);
     line.device.write("KM\n");
     QVERIFY(wait_until([&] { return ready.size() == 1; }));
     line.device.close();
-    const milliseconds taken = processor_time_of_waiting();
-    QVERIFY2(taken < bearable_time, qPrintable(QString::number(taken.count()) + " ms"));
+    const int rounds = count_event_rounds(watched_ms);
+    QVERIFY2(rounds < most_rounds, qPrintable(QString::number(rounds)));
     QCOMPARE(ready.size(), 1);
     QVERIFY(!line.devices.serial_port->isOpen());
 }
@@ -107,23 +95,23 @@ void Test_Vanished_Port::commands_to_a_vanished_end_are_dropped_in_silence() {
     QCOMPARE(line.devices.port_open_count, 1);
 }
 
-void Test_Vanished_Port::vanishing_with_unsent_bytes_costs_no_processor_time_either() {
+void Test_Vanished_Port::vanishing_with_unsent_bytes_lets_it_rest_as_well() {
     Open_Line line;
     // More than the line takes while nobody reads.
     line.devices.write(QByteArray(1'000'000, 'x'));
     line.device.close();
-    const milliseconds taken = processor_time_of_waiting();
-    QVERIFY2(taken < bearable_time, qPrintable(QString::number(taken.count()) + " ms"));
+    const int rounds = count_event_rounds(watched_ms);
+    QVERIFY2(rounds < most_rounds, qPrintable(QString::number(rounds)));
 }
 
-void Test_Vanished_Port::a_read_that_fails_closes_the_port_and_costs_no_processor_time() {
+void Test_Vanished_Port::a_read_that_fails_closes_the_port_and_lets_it_rest() {
     Open_Line line;
     const Failing_Read failing_read(static_cast<int>(line.devices.serial_port->handle()));
     line.device.write("KM\n");
     QVERIFY(wait_until([&] { return !line.devices.serial_port->isOpen(); }));
     QVERIFY(failing_read.count() >= 1);
-    const milliseconds taken = processor_time_of_waiting();
-    QVERIFY2(taken < bearable_time, qPrintable(QString::number(taken.count()) + " ms"));
+    const int rounds = count_event_rounds(watched_ms);
+    QVERIFY2(rounds < most_rounds, qPrintable(QString::number(rounds)));
     QCOMPARE(line.devices.port_open_count, 1);
 }
 

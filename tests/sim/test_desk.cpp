@@ -1,5 +1,6 @@
 #include "sim/desk.h"
 #include "sim/state_file.h"
+#include "tests/support/hang_up.h"
 #include "tests/support/wait_until.h"
 
 #include <QSerialPort>
@@ -40,13 +41,6 @@ public:
           port(desk.device_names().last().mid(QString("/dev/").size())) {
         QObject::connect(&port, &QSerialPort::readyRead, &port,
                          [this] { received += port.readAll(); });
-        // A port whose other end is gone raises errors without end.
-        QObject::connect(
-            &port, &QSerialPort::errorOccurred, &port, [this](QSerialPort::SerialPortError error) {
-                if (error == QSerialPort::ResourceError || error == QSerialPort::ReadError) {
-                    port.close();
-                }
-            });
         is_open = port.open(QIODevice::ReadWrite);
     }
 
@@ -153,7 +147,7 @@ void Test_Desk::vanish_takes_the_unit_off_the_line() {
     Desk_And_Reader bench;
     bench.desk.carry_out("vanish");
     QCOMPARE(bench.lines, QStringList("Unit 1 has left the line."));
-    QVERIFY(wait_until([&] { return !bench.port.isOpen(); }));
+    QVERIFY(wait_until([&] { return is_hung_up(bench.port); }));
 }
 
 void Test_Desk::a_unit_vanishes_by_itself_after_its_first_command() {
@@ -162,7 +156,7 @@ void Test_Desk::a_unit_vanishes_by_itself_after_its_first_command() {
     Desk_And_Reader bench(options);
     QVERIFY(bench.answers("//c2", "**C 2\n"));
     QVERIFY(wait_until([&] { return bench.lines.contains("Unit 1 has left the line."); }));
-    QVERIFY(wait_until([&] { return !bench.port.isOpen(); }));
+    QVERIFY(wait_until([&] { return is_hung_up(bench.port); }));
 }
 
 void Test_Desk::settings_are_kept_in_the_state_file() {

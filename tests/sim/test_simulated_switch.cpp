@@ -1,6 +1,7 @@
 #include "sim/port_list.h"
 #include "sim/simulated_switch.h"
 #include "sim/switch_report.h"
+#include "tests/support/hang_up.h"
 #include "tests/support/wait_until.h"
 
 #include <QAbstractEventDispatcher>
@@ -35,7 +36,7 @@ private slots:
     void pieces_arrive_one_at_a_time();
     void a_silent_switch_hears_but_says_nothing();
     void faults_can_be_changed_while_running();
-    void a_vanished_switch_raises_a_port_error();
+    void a_vanished_switch_hangs_up_the_line();
     void a_disappearance_takes_the_place_of_the_answer();
     void a_vanished_switch_takes_what_it_is_told_without_harm();
     void a_megabyte_arrives_whole();
@@ -140,7 +141,9 @@ void Test_Simulated_Switch::nothing_is_echoed() {
     Simulated_Switch device;
     device.send("\r\n\x03");
     Reader reader(device);
-    QVERIFY(reader.wait_for("\r\n\x03"));
+    // Newer versions of Qt drop what came in before they opened the line.
+    device.send("end");
+    QVERIFY(wait_until([&] { return reader.text().endsWith("end"); }));
     QCOMPARE(device.received_bytes(), "");
 }
 
@@ -252,19 +255,13 @@ void Test_Simulated_Switch::faults_can_be_changed_while_running() {
     QVERIFY(reader.wait_for("**C 1\r\n**C 1\n"));
 }
 
-void Test_Simulated_Switch::a_vanished_switch_raises_a_port_error() {
+void Test_Simulated_Switch::a_vanished_switch_hangs_up_the_line() {
     Simulated_Switch device;
     QSignalSpy vanishing(&device, &Simulated_Switch::vanished);
     Reader reader(device);
-    QSerialPort::SerialPortError error = QSerialPort::NoError;
-    connect(&reader.port, &QSerialPort::errorOccurred, &reader.port,
-            [&](QSerialPort::SerialPortError raised) {
-                error = raised;
-                // It would be raised again and again.
-                reader.port.close();
-            });
+    QVERIFY(!is_hung_up(reader.port));
     device.vanish();
-    QVERIFY(wait_until([&] { return error != QSerialPort::NoError; }));
+    QVERIFY(wait_until([&] { return is_hung_up(reader.port); }));
     QCOMPARE(vanishing.size(), 1);
     QVERIFY(!device.is_on_line());
 }
@@ -275,10 +272,9 @@ void Test_Simulated_Switch::a_disappearance_takes_the_place_of_the_answer() {
     plan.disappearance = true;
     device.set_faults(plan);
     Reader reader(device);
-    connect(&reader.port, &QSerialPort::errorOccurred, &reader.port, [&] { reader.port.close(); });
     reader.port.write("//rl\r//??\r");
     QVERIFY(wait_until([&] { return !device.is_on_line(); }));
-    QVERIFY(wait_until([&] { return !reader.port.isOpen(); }));
+    QVERIFY(wait_until([&] { return is_hung_up(reader.port); }));
     QCOMPARE(reader.text(), "");
 }
 

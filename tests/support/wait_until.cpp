@@ -19,3 +19,14 @@ bool wait_until(const std::function<bool()>& condition, int milliseconds) {
     }
     return true;
 }
+
+int count_event_rounds(int milliseconds) {
+    int rounds = 0;
+    (void)wait_until(
+        [&] {
+            ++rounds;
+            return false;
+        },
+        milliseconds);
+    return rounds;
+}

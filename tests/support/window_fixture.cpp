@@ -32,8 +32,9 @@ bool Window_Fixture::open_connected() {
     return wait_connected();
 }
 
-bool Window_Fixture::open_filled() {
+bool Window_Fixture::open_filled(const QByteArray& text) {
     open();
+    device.send(text);
     const bool filled = wait_filled();
     device.clear_record();
     return filled;

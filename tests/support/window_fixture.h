@@ -35,7 +35,9 @@ public:
 
     /// As open(), and waits until the first report has filled the pages. What the switch has
     /// received until then is forgotten.
-    [[nodiscard]] bool open_filled();
+    /// @param text what comes in ahead of the first report. Newer versions of Qt drop what came in
+    ///             before they opened the line, so it is sent behind the opening.
+    [[nodiscard]] bool open_filled(const QByteArray& text = {});
 
     /// Deletes the window, as the end of the program does.
     void close() { main_window.reset(); }

@@ -40,7 +40,7 @@ private slots:
 private:
     void set_unit_positions(const Positions& positions);
     /// Opens the window and waits until the first report has been read, as far as it goes.
-    [[nodiscard]] bool open();
+    [[nodiscard]] bool open(const QByteArray& text = {});
     /// The same, with this in the report instead of the switch's own layout.
     [[nodiscard]] bool open_with(const QByteArray& layout_text);
     [[nodiscard]] QByteArray submitted_command();
@@ -85,8 +85,8 @@ void Test_Layout_Report::set_unit_positions(const Positions& positions) {
     lite->device.unit().set_state(state);
 }
 
-bool Test_Layout_Report::open() {
-    const bool filled = lite->open_filled();
+bool Test_Layout_Report::open(const QByteArray& text) {
+    const bool filled = lite->open_filled(text);
     table = std::make_unique<Layout_Table>(*lite);
     table->show_page();
     return filled;
@@ -94,8 +94,7 @@ bool Test_Layout_Report::open() {
 
 bool Test_Layout_Report::open_with(const QByteArray& layout_text) {
     lite->device.set_faults(without_layout());
-    lite->device.send(layout_text);
-    return open();
+    return open(layout_text);
 }
 
 /// The command that Submit sends for the layout in force, whatever the box says.

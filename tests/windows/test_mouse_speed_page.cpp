@@ -101,8 +101,7 @@ bool Test_Mouse_Speed_Page::open_with_line(const QByteArray& key, const QByteArr
     Fault_Plan plan;
     plan.missing_key = key;
     lite->device.set_faults(plan);
-    lite->device.send(line);
-    return lite->open_filled();
+    return lite->open_filled(line);
 }
 
 void Test_Mouse_Speed_Page::the_lists_start_with_the_nine_fixed_resolutions() {

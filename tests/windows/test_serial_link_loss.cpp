@@ -8,7 +8,6 @@
 #include <QTest>
 
 #include <cerrno>
-#include <ctime>
 
 /// What becomes of the Lite when the other end of its open port is pulled.
 class Test_Serial_Link_Loss : public QObject {
@@ -19,7 +18,7 @@ private slots:
     void cleanup();
 
     void a_lost_port_shows_nothing();
-    void a_lost_port_takes_no_processor_time();
+    void a_lost_port_lets_the_program_rest();
     void commands_to_a_lost_port_are_dropped_in_silence();
     void on_opens_a_port_anew_that_was_lost_before_any_answer();
     void off_and_on_open_a_port_anew_that_was_lost_while_connected();
@@ -47,10 +46,6 @@ void serve_events_for(int milliseconds) {
     QEventLoop loop;
     QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
     loop.exec();
-}
-
-double processor_seconds() {
-    return static_cast<double>(std::clock()) / static_cast<double>(CLOCKS_PER_SEC);
 }
 
 } // namespace
@@ -101,14 +96,13 @@ void Test_Serial_Link_Loss::a_lost_port_shows_nothing() {
     QCOMPARE(robot->sights().size(), 0);
 }
 
-void Test_Serial_Link_Loss::a_lost_port_takes_no_processor_time() {
+void Test_Serial_Link_Loss::a_lost_port_lets_the_program_rest() {
     QVERIFY(lite->open_filled());
     pull_the_plug();
-    const double before = processor_seconds();
-    serve_events_for(1500);
-    const double taken = processor_seconds() - before;
-    // An unquieted port takes all that the machine gives, 0.4 s and more on a busy one.
-    QVERIFY2(taken < 0.1, qPrintable(QString("%1 s of processor time").arg(taken)));
+    // An unquieted port wakes the event loop thousands of times, on a busy machine too. Waiting
+    // itself does about 150 times in these 1500 ms.
+    const int rounds = count_event_rounds(1500);
+    QVERIFY2(rounds < 500, qPrintable(QString("%1 rounds of events").arg(rounds)));
 }
 
 void Test_Serial_Link_Loss::commands_to_a_lost_port_are_dropped_in_silence() {

@@ -1,0 +1,8 @@
+#pragma once
+
+class QSerialPort;
+
+/// Whether the other end of a port's line has gone, by the system's word: some versions of Qt raise
+/// an error then, others do not.
+/// @param port open.
+[[nodiscard]] bool is_hung_up(const QSerialPort& port);
