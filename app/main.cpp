@@ -30,6 +30,7 @@ int main(int argc, char* argv[]) {
     {
         const QApplication application(argc, argv);
         set_light_palette();
+        refuse_proxies();
         exit_status = run_tool(make_main_window, construction_failure);
     }
     if (construction_failure) {

@@ -3,6 +3,7 @@
 #include "app/select_km_type_dialog.h"
 
 #include <QApplication>
+#include <QNetworkProxy>
 #include <QPalette>
 #include <QTimer>
 
@@ -18,6 +19,11 @@ void set_light_palette() {
         palette.setColor(QPalette::Disabled, role, QColor(90, 90, 90));
     }
     QApplication::setPalette(palette);
+}
+
+void refuse_proxies() {
+    // Takes the system's proxies out of use as well.
+    QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
 }
 
 int run_tool(const Window_Factory& make_window, std::exception_ptr& construction_failure) {

@@ -14,6 +14,10 @@ using Window_Factory = std::function<std::unique_ptr<QMainWindow>(const std::str
 /// readable on the forms' fixed light backgrounds under a dark desktop theme too.
 void set_light_palette();
 
+/// Sends everything straight to the network, whatever proxy the environment or the system names: an
+/// adapter is on the local network, and a login in plain text is nobody else's business.
+void refuse_proxies();
+
 /// The run between the application object's birth and end: asks for the model, makes and shows its
 /// window, runs the event loop, and deletes the window before the dialog.
 ///

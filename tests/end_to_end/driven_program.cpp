@@ -16,10 +16,12 @@ QString preloaded(Port_List port_list) {
 
 } // namespace
 
-Driven_Program::Driven_Program(const QStringList& ports, Port_List port_list)
-    : run({.program = halvern_program(),
-           .ports = ports,
-           .environment = {{"LD_PRELOAD", preloaded(port_list)}}}) {}
+Driven_Program::Driven_Program(const QStringList& ports, Port_List port_list,
+                               QMap<QString, QString> environment)
+    : run({.program = halvern_program(), .ports = ports, .environment = [&] {
+               environment.insert("LD_PRELOAD", preloaded(port_list));
+               return environment;
+           }()}) {}
 
 void Driven_Program::answer(const QString& actions) {
     run.child().write("answer " + actions.toUtf8() + '\n');

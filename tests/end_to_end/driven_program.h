@@ -13,8 +13,10 @@ enum class Port_List { answers, throws };
 class Driven_Program {
 public:
     /// @param ports device names of the only serial ports that it shall see.
+    /// @param environment further variables.
     explicit Driven_Program(const QStringList& ports = {},
-                            Port_List port_list = Port_List::answers);
+                            Port_List port_list = Port_List::answers,
+                            QMap<QString, QString> environment = {});
 
     /// Answers the next modal window, or the one that stands.
     void answer(const QString& actions);
