@@ -1,5 +1,8 @@
 #include "windows/main_window_body.h"
 
+#include "link/pending_datagrams.h"
+
+#include <optional>
 #include <utility>
 
 namespace {
@@ -49,14 +52,10 @@ void Main_Window_Body::onReadyRead() {
         // Closed since the datagram came in.
         return;
     }
-    QUdpSocket& socket = *devices.network_socket;
-    if (!socket.hasPendingDatagrams()) {
-        // An adapter whose data port is closed raises the signal without a datagram. Until a read
-        // follows, Qt signals nothing more, and readAll() would take the socket for broken.
-        socket.readDatagram(nullptr, 0);
-        return;
+    // An adapter whose data port is closed raises the signal without a datagram.
+    if (const std::optional<QByteArray> chunk = read_pending_datagrams(*devices.network_socket)) {
+        replies.take_network_chunk(*chunk);
     }
-    replies.take_network_chunk(socket.readAll());
 }
 
 void Main_Window_Body::parse_both_notice(const std::string& text) {

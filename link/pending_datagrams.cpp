@@ -1,0 +1,41 @@
+#include "link/pending_datagrams.h"
+
+namespace {
+
+/// No datagram of IPv4 is longer.
+constexpr qsizetype longest_datagram = 65'535;
+
+/// Linux gives a socket some 200 KB unless told otherwise.
+constexpr qsizetype most_bytes = 16 * 1024 * 1024;
+constexpr int most_datagrams = 10'000;
+
+/// @return the next datagram's length in the buffer, or -1 if there is none.
+qint64 read_next(QUdpSocket& socket, QByteArray& buffer) {
+    // Not hasPendingDatagrams(), nor pendingDatagramSize(): to a pending refusal they say that
+    // nothing is there. A refusal is reported once, by whatever call comes first, so a second
+    // reading finds what is behind it.
+    const qint64 size = socket.readDatagram(buffer.data(), buffer.size());
+    return size >= 0 ? size : socket.readDatagram(buffer.data(), buffer.size());
+}
+
+bool is_flood(const std::optional<QByteArray>& chunk) {
+    return chunk && chunk->size() > most_bytes;
+}
+
+} // namespace
+
+std::optional<QByteArray> read_pending_datagrams(QUdpSocket& socket) {
+    QByteArray buffer(longest_datagram, Qt::Uninitialized);
+    std::optional<QByteArray> chunk;
+    for (int count = 0; count < most_datagrams && !is_flood(chunk); ++count) {
+        const qint64 size = read_next(socket, buffer);
+        if (size < 0) {
+            break;
+        }
+        if (!chunk) {
+            chunk.emplace();
+        }
+        chunk->append(buffer.constData(), size);
+    }
+    return chunk;
+}

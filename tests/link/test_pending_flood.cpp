@@ -1,0 +1,55 @@
+#include "link/pending_datagrams.h"
+
+#include <QTest>
+
+/// A peer that sends faster than anyone reads must not hold the thread.
+class Test_Pending_Flood : public QObject {
+    Q_OBJECT
+
+private slots:
+    void a_flood_of_datagrams_ends_data();
+    void a_flood_of_datagrams_ends();
+};
+
+namespace {
+
+qint64 datagram_size = 0;
+int datagrams_read = 0;
+
+} // namespace
+
+// In the place of Qt's own: a socket on which another datagram is always pending.
+qint64 QUdpSocket::readDatagram(char* data, qint64 maxlen, QHostAddress* /*host*/,
+                                quint16* /*port*/) {
+    ++datagrams_read;
+    const qint64 size = qMin(datagram_size, maxlen);
+    std::fill_n(data, size, 'x');
+    return size;
+}
+
+void Test_Pending_Flood::a_flood_of_datagrams_ends_data() {
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<int>("count");
+    QTest::newRow("empty ones") << qint64(0) << 10'000;
+    QTest::newRow("small ones") << qint64(36) << 10'000;
+    // 16 MiB, and the one that goes beyond.
+    QTest::newRow("the longest") << qint64(65'507) << 257;
+}
+
+void Test_Pending_Flood::a_flood_of_datagrams_ends() {
+    QFETCH(const qint64, size);
+    QFETCH(const int, count);
+    datagram_size = size;
+    datagrams_read = 0;
+    QUdpSocket socket;
+    const std::optional<QByteArray> chunk = read_pending_datagrams(socket);
+    QCOMPARE(datagrams_read, count);
+    QVERIFY(chunk.has_value());
+    // Of what was taken, nothing is lost.
+    QCOMPARE(chunk->size(), static_cast<qsizetype>(size) * count);
+    QCOMPARE(chunk->count('x'), chunk->size());
+}
+
+QTEST_GUILESS_MAIN(Test_Pending_Flood)
+
+#include "test_pending_flood.moc"
