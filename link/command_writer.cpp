@@ -3,8 +3,6 @@
 #include "app/message_box.h"
 #include "link/vocabulary.h"
 
-#include <utility>
-
 Command_Writer::Command_Writer(Link_State& link_state, Link_Devices& link_devices,
                                bool asks_for_audio)
     : state(link_state),
@@ -23,10 +21,8 @@ void Command_Writer::writeCommand(std::string& command) {
     }
 }
 
-void Command_Writer::writeCommand(std::string&& command) {
-    std::string text = std::move(command);
-    writeCommand(text);
-}
+// A named reference: the carriage return goes into the caller's text here as well.
+void Command_Writer::writeCommand(std::string&& command) { writeCommand(command); }
 
 void Command_Writer::writeCommand(const QString& command) {
     writeCommand(command.toUtf8().toStdString());
@@ -34,7 +30,7 @@ void Command_Writer::writeCommand(const QString& command) {
 
 void Command_Writer::writeCommand(std::string_view command) { writeCommand(std::string(command)); }
 
-void Command_Writer::writeData(const QByteArray& data) { devices.write(data); }
+void Command_Writer::writeData(const QByteArray& data) { devices.write_to_port(data); }
 
 void Command_Writer::write_unguarded(QString& text) {
     devices.write(encoder.qstring_to_bytes(text));

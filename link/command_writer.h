@@ -16,7 +16,8 @@ public:
     /// @param asks_for_audio the model has an audio state to ask for at every start and refresh.
     Command_Writer(Link_State& link_state, Link_Devices& link_devices, bool asks_for_audio);
 
-    /// Sends one command and its carriage return, which is appended to the caller's own text.
+    /// Sends one command and its carriage return, which is appended to the caller's own text, a
+    /// temporary's too.
     /// Dropped in silence while no link is open or write_enabled is false. A failure ends in
     /// "Write data error".
     void writeCommand(std::string& command);
@@ -24,7 +25,8 @@ public:
     void writeCommand(const QString& command);
     void writeCommand(std::string_view command);
 
-    /// Sends bytes as they are: no guard, no carriage return.
+    /// Sends bytes to the serial port as they are, whatever the chosen method: no guard, no
+    /// carriage return.
     void writeData(const QByteArray& data);
 
     /// Sends a text and its carriage return past the guard of writeCommand.

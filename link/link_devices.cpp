@@ -69,13 +69,18 @@ void Link_Devices::close_port() {
     if (!serial_port) {
         return;
     }
-    port_open_count = 0;
     serial_port->close();
     serial_port.reset();
+    port_open_count = 0;
 }
 
-void Link_Devices::write(const QByteArray& bytes) const {
-    QIODevice* device = chosen_device();
+void Link_Devices::write(const QByteArray& bytes) const { write_to(chosen_device(), bytes); }
+
+void Link_Devices::write_to_port(const QByteArray& bytes) const {
+    write_to(serial_port.get(), bytes);
+}
+
+void Link_Devices::write_to(QIODevice* device, const QByteArray& bytes) {
     if (device == nullptr || !device->isOpen()) {
         qCDebug(link_log) << "dropped, no open device:" << bytes;
         return;
@@ -87,9 +92,9 @@ void Link_Devices::close_socket() {
     if (!network_socket) {
         return;
     }
-    socket_open_count = 0;
     network_socket->close();
     network_socket.reset();
+    socket_open_count = 0;
 }
 
 void Link_Devices::close_chosen_device() const {

@@ -19,10 +19,9 @@ public:
     /// Makes a new port object for a name and tries to open it. A port that does not open stands
     /// closed, without a word to the user; the reason goes to the diagnostics.
     void open_port(const QString& port_name);
-    /// Closes and deletes the port, if one stands.
+    /// Close and delete the port, or the socket, if one stands, and take its count down. A device
+    /// whose closing throws stays, and its count as it was.
     void close_port();
-
-    /// Closes and deletes the socket, if one stands.
     void close_socket();
     /// Closes the device of the chosen method, if it stands, and keeps the object.
     void close_chosen_device() const;
@@ -32,6 +31,8 @@ public:
     [[nodiscard]] bool is_open() const { return port_open_count >= 1 || socket_open_count >= 1; }
     /// Writes to the device of the chosen method. Without an open one the bytes are dropped.
     void write(const QByteArray& bytes) const;
+    /// Writes to the port, whatever the chosen method. Without an open one the bytes are dropped.
+    void write_to_port(const QByteArray& bytes) const;
 
     std::unique_ptr<QSerialPort> serial_port;
     /// 1 while serial_port is open, 0 otherwise.
@@ -43,6 +44,7 @@ public:
 private:
     /// The device of the chosen method; null if it does not stand.
     [[nodiscard]] QIODevice* chosen_device() const;
+    static void write_to(QIODevice* device, const QByteArray& bytes);
 
     std::function<bool()> network_chosen;
 };

@@ -6,6 +6,8 @@
 #include <QTest>
 #include <QUdpSocket>
 
+#include <utility>
+
 /// What leaves through the guard, what it drops, and which device it goes to.
 class Test_Command_Writer : public QObject {
     Q_OBJECT
@@ -18,6 +20,7 @@ private slots:
     void an_empty_command_goes_out_as_a_single_carriage_return();
     void a_command_with_bytes_above_0x7f_passes_unchanged();
     void the_callers_text_gets_the_carriage_return();
+    void a_text_given_away_gets_the_carriage_return_too();
     void all_forms_of_writing_a_command_behave_alike();
     void with_writing_disabled_a_command_is_dropped_in_silence();
     void without_an_open_port_a_command_is_dropped_in_silence();
@@ -27,6 +30,8 @@ private slots:
     void the_start_commands_go_out_back_to_back();
     void a_model_with_audio_asks_for_it_last();
     void bytes_pass_the_guard_and_get_no_carriage_return();
+    void bytes_go_to_the_port_whatever_the_chosen_method();
+    void bytes_without_an_open_port_are_dropped_in_silence();
     void the_layout_road_passes_the_guard_and_gets_a_carriage_return();
     void commands_follow_the_chosen_method_to_the_socket();
     void an_open_socket_does_not_help_the_serial_method();
@@ -101,6 +106,18 @@ void Test_Command_Writer::the_callers_text_gets_the_carriage_return() {
     line.writer.writeCommand(command);
     QCOMPARE(command, "//c3\r");
     QCOMPARE(line.received(), "//c3\r");
+}
+
+void Test_Command_Writer::a_text_given_away_gets_the_carriage_return_too() {
+    Open_Line line;
+    std::string command = "//c3";
+    line.writer.writeCommand(std::move(command));
+    QCOMPARE(command, "//c3\r"); // NOLINT(bugprone-use-after-move)
+    QCOMPARE(line.received(), "//c3\r");
+    line.state.write_enabled = false;
+    std::string dropped = "//c4";
+    line.writer.writeCommand(std::move(dropped));
+    QCOMPARE(dropped, "//c4"); // NOLINT(bugprone-use-after-move)
 }
 
 void Test_Command_Writer::all_forms_of_writing_a_command_behave_alike() {
@@ -195,6 +212,35 @@ void Test_Command_Writer::bytes_pass_the_guard_and_get_no_carriage_return() {
     line.state.write_enabled = false;
     line.writer.writeData(QByteArray("\x00\x01raw\xFF", 6));
     QCOMPARE(line.received(), QByteArray("\x00\x01raw\xFF", 6));
+}
+
+void Test_Command_Writer::bytes_go_to_the_port_whatever_the_chosen_method() {
+    Open_Line line;
+    Listening_Socket adapter;
+    adapter.connect_to(line.devices);
+    line.network_chosen = true;
+    line.writer.writeData("raw");
+    QCOMPARE(line.received(), "raw");
+    // What comes next is the first to arrive.
+    line.writer.writeCommand(std::string("//c4"));
+    QCOMPARE(adapter.next(), "//c4\r");
+    line.network_chosen = false;
+    line.writer.writeData("raw again");
+    QCOMPARE(line.received(), "raw again");
+}
+
+void Test_Command_Writer::bytes_without_an_open_port_are_dropped_in_silence() {
+    Open_Line line;
+    Listening_Socket adapter;
+    adapter.connect_to(line.devices);
+    line.network_chosen = true;
+    line.devices.serial_port->close();
+    line.writer.writeData("raw");
+    QCOMPARE(line.received(), "");
+    line.devices.close_port();
+    line.writer.writeData("raw");
+    line.writer.writeCommand(std::string("//c4"));
+    QCOMPARE(adapter.next(), "//c4\r");
 }
 
 void Test_Command_Writer::the_layout_road_passes_the_guard_and_gets_a_carriage_return() {

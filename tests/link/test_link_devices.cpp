@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <fcntl.h>
+#include <new>
 #include <termios.h>
 #include <unistd.h>
 
@@ -34,6 +35,8 @@ private slots:
     void closing_the_chosen_device_keeps_the_other();
     void closing_the_chosen_device_without_one_does_nothing();
     void closing_the_socket_deletes_it();
+    void a_port_whose_closing_throws_stays_and_counts_on();
+    void a_socket_whose_closing_throws_stays_and_counts_on();
 };
 
 namespace {
@@ -301,6 +304,44 @@ void Test_Link_Devices::closing_the_socket_deletes_it() {
     QVERIFY(socket.isNull());
     QCOMPARE(devices.socket_open_count, 0);
     QVERIFY(!devices.is_open());
+}
+
+void Test_Link_Devices::a_port_whose_closing_throws_stays_and_counts_on() {
+    Pty_Port device;
+    Link_Devices devices = serial_devices();
+    devices.open_port(name_of(device));
+    bool fails = true;
+    connect(devices.serial_port.get(), &QIODevice::aboutToClose, this, [&fails] {
+        if (fails) {
+            throw std::bad_alloc();
+        }
+    });
+    QVERIFY_THROWS_EXCEPTION(std::bad_alloc, devices.close_port());
+    QVERIFY(devices.serial_port != nullptr);
+    QCOMPARE(devices.port_open_count, 1);
+    fails = false;
+    devices.serial_port.reset();
+}
+
+void Test_Link_Devices::a_socket_whose_closing_throws_stays_and_counts_on() {
+    QUdpSocket adapter;
+    QVERIFY(adapter.bind(QHostAddress::LocalHost, 0));
+    Link_Devices devices([] { return true; });
+    devices.network_socket = connected_socket(adapter);
+    devices.socket_open_count = 1;
+    bool fails = true;
+    connect(devices.network_socket.get(), &QIODevice::aboutToClose, this, [&fails] {
+        if (fails) {
+            throw std::bad_alloc();
+        }
+    });
+    QVERIFY_THROWS_EXCEPTION(std::bad_alloc, devices.close_socket());
+    QVERIFY(devices.network_socket != nullptr);
+    QCOMPARE(devices.socket_open_count, 1);
+    // Nothing has been lost: the link serves on.
+    devices.write("still here");
+    QVERIFY(wait_until([&] { return adapter.hasPendingDatagrams(); }));
+    fails = false;
 }
 
 QTEST_MAIN(Test_Link_Devices)
