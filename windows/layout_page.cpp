@@ -100,21 +100,20 @@ void Layout_Page::set_layout_from_report() {
     }
     if (!std::ranges::all_of(cells, is_on_grid)) {
         write_log_line("Grid position outside the grid");
-        return;
     }
     rebuild_layout(cells);
 }
 
 void Layout_Page::rebuild_layout(const std::vector<Layout_Item>& cells) {
-    if (!std::ranges::all_of(cells, is_on_grid)) {
-        return;
-    }
     const Flag_Guard updating(grid_updating, true);
-    widgets.tableWidget.clear();
-    current_layout.clear();
-    for (const Layout_Item& item : layout_at(cells)) {
-        add_layout_item(item);
+    if (std::ranges::all_of(cells, is_on_grid)) {
+        widgets.tableWidget.clear();
+        current_layout.clear();
+        for (const Layout_Item& item : layout_at(cells)) {
+            add_layout_item(item);
+        }
     }
+    // Also where the tiles stay: what brought the cells has drawn the marks for one port more.
     update_inactive_channels(widgets.comboBox_Select_active_port.currentIndex());
 }
 

@@ -32,18 +32,18 @@ public:
     void submit();
 
     /// Puts the channels where the switch's layout text says. A position outside the grid leaves
-    /// the layout as it is and one entry in the event log.
+    /// the tiles where they are and one entry in the event log.
     /// @throws std::out_of_range or std::invalid_argument if a position is missing.
     void set_layout_from_report();
-    /// Puts channels 1 to 4 at the cells of four records. Cells outside the grid leave the layout
-    /// as it is.
+    /// Puts channels 1 to 4 at the cells of four records. Cells outside the grid leave the tiles
+    /// where they are. Either way the marks of inactive channels then follow the port limit.
     void rebuild_layout(const std::vector<Layout_Item>& cells);
 
     /// Marks the channels beyond the port limit gray.
     /// @param index the port limit as an index of comboBox_Select_active_port (limit minus 2).
     void update_inactive_channels(std::int64_t index);
     /// Takes a port limit from a report or a file. The marks are drawn for one port more than the
-    /// combo box shows; the layout that follows settles them.
+    /// combo box shows; rebuild_layout(), which follows, settles them.
     /// @param value port limit minus 1; wider than the unit's numbers, so that no text overflows
     /// it.
     void set_active_ports(std::int64_t value);

@@ -26,8 +26,9 @@ QString tile_sign(const QTableWidgetItem* tile) {
 
 } // namespace
 
-Layout_Table::Layout_Table(const Lite_Fixture& lite)
-    : widget(find_child<QTableWidget>(lite.window(), "tableWidget")), fixture(lite) {}
+Layout_Table::Layout_Table(const Window_Fixture& window_fixture)
+    : widget(find_child<QTableWidget>(window_fixture.window(), "tableWidget")),
+      fixture(window_fixture) {}
 
 QString Layout_Table::picture() const {
     QStringList rows;

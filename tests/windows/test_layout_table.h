@@ -9,7 +9,7 @@
 /// The grid of the layout page as a test looks at it and presses it.
 class Layout_Table {
 public:
-    explicit Layout_Table(const Lite_Fixture& lite);
+    explicit Layout_Table(const Window_Fixture& window_fixture);
 
     /// All 16 cells, row by row: "1234/..../..../....". A digit is an active channel's tile in its
     /// own colour, "c" and "d" are the gray tiles of channels 3 and 4 with their second line, a dot
@@ -32,5 +32,5 @@ public:
     QTableWidget& widget;
 
 private:
-    const Lite_Fixture& fixture;
+    const Window_Fixture& fixture;
 };
