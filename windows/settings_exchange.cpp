@@ -45,14 +45,16 @@ void Settings_Exchange::load_settings_file() {
     mouse_speed.remove_custom_setting_items();
     load(1);
     const bool file_chosen = settings_file.is_first_part_applied();
+    if (!file_chosen) {
+        read_everything_back();
+    }
     if (file_chosen || model.arms_second_part_after_cancel) {
         QTimer::singleShot(second_part_wait_ms, Qt::PreciseTimer, &timer_target,
                            SLOT(load_second_part_of_settings()));
     }
-    if (file_chosen) {
-        return;
-    }
-    // The dialog was cancelled, and the custom names are gone: read everything back.
+}
+
+void Settings_Exchange::read_everything_back() {
     state.received_buff.clear();
     state.km_connected = false;
     writer.send_start_commands();

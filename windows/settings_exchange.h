@@ -76,6 +76,8 @@ public:
 
 private:
     void load(int mode);
+    /// After a cancelled dialog, for which the custom names have gone.
+    void read_everything_back();
     void apply_setting_line(Setting_Index index, const std::string& value);
     void apply_value(Setting_Index index, const std::string& value);
     void apply_coordinates();

@@ -1,0 +1,102 @@
+#include "link/command_writer.h"
+#include "tests/support/modal_robot.h"
+#include "tests/support/model_fixture.h"
+#include "tests/support/wait_until.h"
+
+#include <QAbstractEventDispatcher>
+#include <QTest>
+
+#include <optional>
+
+namespace {
+
+constexpr int second_part_wait = 2000;
+
+/// How many single shots of that length are on their way.
+int armed_second_parts() {
+    const QAbstractEventDispatcher& dispatcher = *QAbstractEventDispatcher::instance();
+    int count = 0;
+    for (QObject* timer : dispatcher.children()) {
+        for (const QAbstractEventDispatcher::TimerInfo& info : dispatcher.registeredTimers(timer)) {
+            count += info.interval == second_part_wait ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+/// How many were armed when the questions had been asked.
+std::optional<int> armed_at_the_questions;
+
+} // namespace
+
+// The linker sends the calls of Command_Writer::send_start_commands() here (see CMakeLists.txt).
+void real_send(Command_Writer* writer) __asm__("__real__ZN14Command_Writer19send_start_commandsEv");
+void watched_send(Command_Writer* writer) __asm__(
+    "__wrap__ZN14Command_Writer19send_start_commandsEv");
+
+void watched_send(Command_Writer* writer) {
+    real_send(writer);
+    armed_at_the_questions = armed_second_parts();
+}
+
+/// A settings load whose dialog is cancelled, on all three windows: everything is read back.
+class Test_Model_Cancelled_Load : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase_data() { add_model_rows(); }
+    void init();
+    void cleanup();
+
+    void the_second_parts_timer_starts_behind_the_questions();
+
+private:
+    Switch_Model tested = Switch_Model::lite;
+    std::unique_ptr<Window_Fixture> fixture;
+    std::unique_ptr<Modal_Robot> robot;
+};
+
+void Test_Model_Cancelled_Load::init() {
+    QFETCH_GLOBAL(const Switch_Model, model);
+    tested = model;
+    robot = std::make_unique<Modal_Robot>();
+    fixture = make_model_fixture(model, *robot);
+}
+
+void Test_Model_Cancelled_Load::cleanup() {
+    fixture.reset();
+    QVERIFY2(robot->done(), robot->why());
+    QCOMPARE(windows_left(), QStringList{});
+}
+
+void Test_Model_Cancelled_Load::the_second_parts_timer_starts_behind_the_questions() {
+    QVERIFY(fixture->open_filled());
+    QCOMPARE(armed_second_parts(), 0);
+    armed_at_the_questions.reset();
+    robot->expect({.class_name = "QFileDialog", .action = press_key(Qt::Key_Escape)});
+    fixture->button("pushButton_Load_Settings_File").click();
+    QCOMPARE(armed_at_the_questions, std::optional<int>(0));
+    // The Lite starts none.
+    QCOMPARE(armed_second_parts(), tested == Switch_Model::lite ? 0 : 1);
+
+    // The second part of no file does nothing.
+    QVERIFY(fixture->wait_filled());
+    QVERIFY(wait_until([] { return armed_second_parts() == 0; }));
+    QByteArrayList questions = {"//rl", "//??", "//BP"};
+    if (tested == Switch_Model::pro) {
+        questions.append("//QA");
+    }
+    QCOMPARE(fixture->commands(), questions);
+    QCOMPARE(robot->sights().constLast().class_name, "QFileDialog");
+    // What the user picks is sent.
+    fixture->combo("comboBox_KM_Control").setCurrentIndex(2);
+    QCOMPARE(fixture->commands(), QByteArrayList{"//c3"});
+}
+
+int main(int argc, char** argv) {
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication application(argc, argv);
+    Test_Model_Cancelled_Load test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "test_model_cancelled_load.moc"
