@@ -37,7 +37,9 @@ void Connection::open_serial_port() {
         if (model.clears_terminal_on_port_open) {
             terminal.clear();
         }
-        devices.close_port();
+        if (devices.port_open_count > 0) {
+            devices.close_port();
+        }
         close_network_socket();
         devices.open_port(menu.port_list().currentText());
         connect_ready_read();
@@ -53,13 +55,19 @@ void Connection::connect_ready_read() {
 
 void Connection::close_serial_port() {
     if (devices.serial_port) {
-        close_device("Close serial error", [this] { devices.close_port(); });
+        close_device("Close serial error", [this] {
+            devices.port_open_count = 0;
+            devices.close_port();
+        });
     }
 }
 
 void Connection::close_network_socket() {
     if (devices.network_socket) {
-        close_device("Close socket error", [this] { devices.close_socket(); });
+        close_device("Close socket error", [this] {
+            devices.socket_open_count = 0;
+            devices.close_socket();
+        });
     }
 }
 
@@ -114,7 +122,9 @@ void Connection::close_device(const char* failure, const std::function<void()>& 
         }
         close();
     } catch (...) {
-        report_failure(failure);
+        if (model.reports_failed_closing) {
+            report_failure(failure);
+        }
     }
 }
 

@@ -28,7 +28,8 @@ public:
     /// the red indicator.
     void open_serial_port();
     void connect_ready_read();
-    /// Close and delete the port, or the socket, if one stands.
+    /// Close and delete the port, or the socket, if one stands. Its count falls first; a device
+    /// whose closing throws stays, and no command reaches it any more.
     void close_serial_port();
     void close_network_socket();
     /// Closes the device of the chosen method.
@@ -42,7 +43,8 @@ public:
     void refresh_UI();
 
 private:
-    /// Closes one device, with the controls before it where the model has it so.
+    /// Closes one device, with the controls before it where the model has it so. What it throws
+    /// ends here, told or not as the model has it.
     void close_device(const char* failure, const std::function<void()>& close);
     void disable_controls();
 

@@ -23,6 +23,8 @@ struct Model {
     bool has_network;
     /// Closing a link's device disables the controls. Else OFF does, if a switch had answered.
     bool controls_fall_with_device;
+    /// A device that can't be closed is told of, as "Close serial error" or "Close socket error".
+    bool reports_failed_closing;
     Mouse_Mode_Source mouse_mode_source;
     Notice_Order network_notice_order;
     /// Opening a serial port empties the terminal first.
@@ -45,6 +47,7 @@ inline constexpr Model lite_model{
     .has_audio = false,
     .has_network = false,
     .controls_fall_with_device = false,
+    .reports_failed_closing = false,
     .mouse_mode_source = Mouse_Mode_Source::km_control,
     .network_notice_order = Notice_Order::layout_first,
     .clears_terminal_on_port_open = false,
@@ -60,6 +63,7 @@ inline constexpr Model plus_model{
     .has_audio = false,
     .has_network = true,
     .controls_fall_with_device = true,
+    .reports_failed_closing = true,
     .mouse_mode_source = Mouse_Mode_Source::display_mode,
     .network_notice_order = Notice_Order::layout_first,
     .clears_terminal_on_port_open = false,
@@ -75,6 +79,7 @@ inline constexpr Model pro_model{
     .has_audio = true,
     .has_network = true,
     .controls_fall_with_device = true,
+    .reports_failed_closing = true,
     .mouse_mode_source = Mouse_Mode_Source::display_mode,
     .network_notice_order = Notice_Order::both_first,
     .clears_terminal_on_port_open = true,
