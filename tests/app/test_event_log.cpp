@@ -6,6 +6,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <ctime>
+
 /// The event log: where it is made, its three forms of lines, and when it swallows them.
 class Test_Event_Log : public QObject {
     Q_OBJECT
@@ -13,6 +15,8 @@ class Test_Event_Log : public QObject {
 private slots:
     void opening_makes_the_file_and_writes_the_start_line_at_once();
     void an_entry_is_its_message_three_blanks_and_the_local_time();
+    void an_entrys_time_is_that_of_the_place_data();
+    void an_entrys_time_is_that_of_the_place();
     void every_entry_is_in_the_file_at_once();
     void a_message_is_written_as_it_stands_data();
     void a_message_is_written_as_it_stands();
@@ -34,6 +38,29 @@ namespace {
 
 const QByteArray start_line = "Start.........\n";
 const QByteArray stop_line = "Stop.........\n";
+
+/// Puts the process into another time zone for the length of its life.
+class Time_Zone {
+public:
+    explicit Time_Zone(const QByteArray& zone) {
+        qputenv("TZ", zone);
+        tzset();
+    }
+    ~Time_Zone() {
+        if (was_set) {
+            qputenv("TZ", earlier);
+        } else {
+            qunsetenv("TZ");
+        }
+        tzset();
+    }
+    Time_Zone(const Time_Zone&) = delete;
+    Time_Zone& operator=(const Time_Zone&) = delete;
+
+private:
+    bool was_set = qEnvironmentVariableIsSet("TZ");
+    QByteArray earlier = qgetenv("TZ");
+};
 
 } // namespace
 
@@ -61,6 +88,35 @@ void Test_Event_Log::an_entry_is_its_message_three_blanks_and_the_local_time() {
     const QDateTime time = QDateTime::fromString(match.captured(1), "yyyy-MM-dd HH:mm:ss");
     QVERIFY(time > before.addSecs(-1));
     QVERIFY(time <= after);
+}
+
+void Test_Event_Log::an_entrys_time_is_that_of_the_place_data() {
+    QTest::addColumn<QByteArray>("zone"); // POSIX counts westwards
+    QTest::addColumn<int>("seconds_east");
+    QTest::newRow("UTC") << QByteArray("UTC0") << 0;
+    QTest::newRow("Kathmandu") << QByteArray("<+0545>-5:45") << 20'700;
+    QTest::newRow("Newfoundland") << QByteArray("NST3:30") << -12'600;
+    QTest::newRow("beyond midnight") << QByteArray("<+14>-14") << 50'400;
+}
+
+void Test_Event_Log::an_entrys_time_is_that_of_the_place() {
+    QFETCH(const QByteArray, zone);
+    QFETCH(const int, seconds_east);
+    const Time_Zone local_zone(zone);
+    const Log_Folder folder;
+    open_log();
+    const qint64 before = QDateTime::currentSecsSinceEpoch();
+    write_log_line("Write data error");
+    const qint64 after = QDateTime::currentSecsSinceEpoch();
+    const QByteArray lines = folder.text();
+    close_log();
+    QStringList possible;
+    for (qint64 second = before; second <= after; ++second) {
+        const QDateTime there = QDateTime::fromSecsSinceEpoch(second + seconds_east, Qt::UTC);
+        possible << "Write data error   " + there.toString("yyyy-MM-dd HH:mm:ss");
+    }
+    const QString entry = QString::fromUtf8(lines.split('\n').value(1));
+    QVERIFY2(possible.contains(entry), qPrintable(entry + ", not " + possible.join(" or ")));
 }
 
 void Test_Event_Log::every_entry_is_in_the_file_at_once() {
