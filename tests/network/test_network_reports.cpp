@@ -14,6 +14,9 @@ private slots:
     void a_split_report_is_an_error_and_its_rest_is_only_shown();
     void what_comes_in_while_a_box_stands_is_shown_and_not_the_end();
     void a_datagram_heard_of_before_off_and_taken_behind_it_does_no_harm();
+    void what_is_pending_together_is_one_chunk();
+    void a_chunk_of_the_longest_datagram_comes_whole();
+    void a_refusal_hides_no_report_behind_it();
     void an_adapter_that_splits_is_healed_by_a_refresh_in_one_piece();
     void a_first_chunk_without_a_marker_is_applied_but_not_shown();
     void chunks_after_the_first_marker_are_all_shown();
@@ -139,6 +142,49 @@ void Test_Network_Reports::a_datagram_heard_of_before_off_and_taken_behind_it_do
     at->button("pushButton_OFF_Connection").click();
     QVERIFY(at->run_slot("onReadyRead"));
     QVERIFY(!at->is_connected());
+}
+
+void Test_Network_Reports::what_is_pending_together_is_one_chunk() {
+    QVERIFY(at->open_silent());
+    at->unit.set_state(used_state());
+    const QByteArray report = at->report();
+    // Both are there before the window looks.
+    at->adapter.send_from_switch(report.first(report.indexOf("C1\t")));
+    at->adapter.send_from_switch(report.sliced(report.indexOf("C1\t")));
+    QVERIFY(at->wait_filled());
+    QCOMPARE(at->layout_positions(), QList<int>({5, 6, 7, 11}));
+    QCOMPARE(at->terminal_text(), QString::fromUtf8(report));
+}
+
+void Test_Network_Reports::a_chunk_of_the_longest_datagram_comes_whole() {
+    constexpr qsizetype longest = 65'507;
+    QVERIFY(at->open_silent());
+    at->unit.set_state(used_state());
+    const QByteArray report = at->report();
+    QByteArray padding;
+    while (padding.size() < longest) {
+        padding += "line at " + QByteArray::number(padding.size()) + '\n';
+    }
+    // The keys that are looked for last stand at the very end.
+    const QByteArray datagram = padding.first(longest - report.size() - 1) + '\n' + report;
+    QCOMPARE(datagram.size(), longest);
+    at->adapter.send_from_switch(datagram);
+    QVERIFY(at->wait_filled());
+    QCOMPARE(at->layout_positions(), QList<int>({5, 6, 7, 11}));
+    QCOMPARE(at->terminal_text(), QString::fromUtf8(datagram));
+}
+
+void Test_Network_Reports::a_refusal_hides_no_report_behind_it() {
+    QVERIFY(at->open_silent());
+    at->unit.set_state(used_state());
+    // While the adapter's port is closed, a command comes back as a refusal at once.
+    at->adapter.go_offline();
+    QVERIFY(at->run_slot("on_pushButton_Soft_Reset_clicked"));
+    QVERIFY(at->adapter.go_online());
+    at->adapter.send_from_switch(at->report());
+    QVERIFY(at->wait_filled());
+    QCOMPARE(at->layout_positions(), QList<int>({5, 6, 7, 11}));
+    QCOMPARE(at->terminal_text(), QString::fromUtf8(at->report()));
 }
 
 void Test_Network_Reports::an_adapter_that_splits_is_healed_by_a_refresh_in_one_piece() {
