@@ -29,7 +29,7 @@ private slots:
     void only_the_pro_has_audio_widgets();
 
 private:
-    [[nodiscard]] const Model& row() const { return model_row(tested); }
+    [[nodiscard]] const Model_Facts& row() const { return model_row(tested); }
     [[nodiscard]] QByteArrayList questions() const;
     [[nodiscard]] bool has(const char* name) const {
         return fixture->window().findChild<QWidget*>(name) != nullptr;

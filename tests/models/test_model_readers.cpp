@@ -24,7 +24,7 @@ private slots:
     void a_grid_position_that_is_no_number_is_forgiven_on_the_plus_only();
 
 private:
-    [[nodiscard]] const Model& row() const { return model_row(tested); }
+    [[nodiscard]] const Model_Facts& row() const { return model_row(tested); }
     [[nodiscard]] QTableWidget& table() const {
         return find_child<QTableWidget>(fixture->window(), "tableWidget");
     }

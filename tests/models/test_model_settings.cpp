@@ -29,7 +29,7 @@ private slots:
     void a_file_chosen_soon_after_a_cancel_gets_its_second_part_early_on_plus_and_pro();
 
 private:
-    [[nodiscard]] const Model& row() const { return model_row(tested); }
+    [[nodiscard]] const Model_Facts& row() const { return model_row(tested); }
     [[nodiscard]] bool is_lite() const { return tested == Switch_Model::lite; }
     [[nodiscard]] QString path() const { return folder.filePath("unit.txt"); }
     [[nodiscard]] QByteArray file_text() const;

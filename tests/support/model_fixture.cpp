@@ -24,14 +24,38 @@ std::unique_ptr<Window_Fixture> make_model_fixture(Switch_Model model, Modal_Rob
     return nullptr;
 }
 
-const Model& model_row(Switch_Model model) {
+const Model_Facts& model_row(Switch_Model model) {
+    static constexpr Model_Facts lite{.has_audio = false,
+                                      .has_network = false,
+                                      .controls_fall_with_device = false,
+                                      .clears_terminal_on_port_open = false,
+                                      .disarms_drag_after_read_back = true,
+                                      .logs_coordinate_lookup = true,
+                                      .forgives_bad_grid_position = false,
+                                      .arms_second_part_after_cancel = false};
+    static constexpr Model_Facts plus{.has_audio = false,
+                                      .has_network = true,
+                                      .controls_fall_with_device = true,
+                                      .clears_terminal_on_port_open = false,
+                                      .disarms_drag_after_read_back = false,
+                                      .logs_coordinate_lookup = false,
+                                      .forgives_bad_grid_position = true,
+                                      .arms_second_part_after_cancel = true};
+    static constexpr Model_Facts pro{.has_audio = true,
+                                     .has_network = true,
+                                     .controls_fall_with_device = true,
+                                     .clears_terminal_on_port_open = true,
+                                     .disarms_drag_after_read_back = false,
+                                     .logs_coordinate_lookup = false,
+                                     .forgives_bad_grid_position = false,
+                                     .arms_second_part_after_cancel = true};
     switch (model) {
     case Switch_Model::plus:
-        return plus_model;
+        return plus;
     case Switch_Model::pro:
-        return pro_model;
+        return pro;
     default:
-        return lite_model;
+        return lite;
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include "tests/support/modal_robot.h"
 #include "tests/support/window_fixture.h"
-#include "windows/model.h"
 
 #include <memory>
 
@@ -10,8 +9,19 @@
 /// the connection wizard.
 std::unique_ptr<Window_Fixture> make_model_fixture(Switch_Model model, Modal_Robot& robot);
 
-/// The table row of a model.
-const Model& model_row(Switch_Model model);
+/// What a model has or does that another does not. It stands here on its own, so that a wrong row
+/// of the tool's table is noticed.
+struct Model_Facts {
+    bool has_audio;
+    bool has_network;
+    bool controls_fall_with_device; ///< with the device's closing, whether a switch answered or not
+    bool clears_terminal_on_port_open;
+    bool disarms_drag_after_read_back;
+    bool logs_coordinate_lookup;
+    bool forgives_bad_grid_position;
+    bool arms_second_part_after_cancel;
+};
+const Model_Facts& model_row(Switch_Model model);
 
 /// Adds one row for each model to the running test's data, with the column "model".
 void add_model_rows();
