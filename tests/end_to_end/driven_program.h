@@ -14,8 +14,7 @@ class Driven_Program {
 public:
     /// @param ports device names of the only serial ports that it shall see.
     /// @param environment further variables.
-    explicit Driven_Program(const QStringList& ports = {},
-                            Port_List port_list = Port_List::answers,
+    explicit Driven_Program(const QStringList& ports = {}, Port_List port_list = Port_List::answers,
                             QMap<QString, QString> environment = {});
 
     /// Answers the next modal window, or the one that stands.
