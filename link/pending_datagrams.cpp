@@ -6,7 +6,7 @@ namespace {
 constexpr qsizetype longest_datagram = 65'535;
 
 /// Linux gives a socket some 200 KB unless told otherwise.
-constexpr qsizetype most_bytes = 16 * 1024 * 1024;
+constexpr qsizetype most_bytes = 16'777'216;
 constexpr int most_datagrams = 10'000;
 
 /// @return the next datagram's length in the buffer, or -1 if there is none.
