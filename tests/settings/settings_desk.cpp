@@ -1,7 +1,9 @@
 #include "tests/settings/settings_desk.h"
 
+#include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"
 
+#include <QCheckBox>
 #include <QCoreApplication>
 #include <QFile>
 
@@ -15,16 +17,29 @@ const QByteArrayList first_part_labels = {"KM Control: ",
                                           "Resolution channel 3: ",
                                           "Resolution channel 4: "};
 
-const QByteArrayList second_part_labels = {
-    "USB Control: ",   "Limit Ports: ", "Cursor Rolling: ", "Mouse Parking: ",
-    "Grid settings: ", "Buzzer: ",      "Mouse Mode: "};
-
-Settings_Desk::Settings_Desk() {
+Settings_Desk::Settings_Desk(Switch_Model switch_model)
+    : model(switch_model), owned_fixture(make_model_fixture(switch_model, robot)) {
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     qputenv("HOME", folder.path().toUtf8());
 }
 
 Settings_Desk::~Settings_Desk() { qputenv("HOME", earlier_home); }
+
+bool Settings_Desk::open_filled() {
+    return fixture.open_filled() &&
+           (!is_pro() || wait_until([this] { return !checked_audio_boxes().isEmpty(); }));
+}
+
+QString Settings_Desk::checked_audio_boxes() const {
+    QStringList checked;
+    for (const char* name : {"ALL", "FOLLOW", "ch1", "ch2", "ch3", "ch4"}) {
+        const auto* box = fixture.window().findChild<QCheckBox*>(QString("checkBox_") + name);
+        if (is_pro() && box != nullptr && box->isChecked()) {
+            checked.append(name);
+        }
+    }
+    return checked.join(' ');
+}
 
 QString Settings_Desk::path(const QString& name) const { return folder.filePath(name); }
 
@@ -74,25 +89,25 @@ void Settings_Desk::expect_file_dialog(const QString& title, const Modal_Action&
 bool Settings_Desk::save(const QString& file_path) {
     expect_file_dialog("Save Settings File", choose_file(file_path));
     expect_saved_box();
-    lite.button("pushButton_Create_Settings_File").click();
+    fixture.button("pushButton_Create_Settings_File").click();
     return robot.done();
 }
 
 bool Settings_Desk::load_first_part(const QString& file_path, int error_boxes) {
     expect_file_dialog("Select file", choose_file(file_path));
     expect_error_boxes(error_boxes);
-    lite.button("pushButton_Load_Settings_File").click();
+    fixture.button("pushButton_Load_Settings_File").click();
     return robot.done();
 }
 
-bool Settings_Desk::load_second_part_now(int error_boxes) {
-    expect_error_boxes(error_boxes);
+bool Settings_Desk::load_second_part_now(int error_boxes, int mode_error_boxes) {
+    expect_error_boxes(error_boxes + (is_pro() ? 0 : mode_error_boxes));
     expect_applied_box();
-    return lite.run_slot("load_second_part_of_settings") && robot.done();
+    expect_error_boxes(is_pro() ? mode_error_boxes : 0);
+    return fixture.run_slot("load_second_part_of_settings") && robot.done();
 }
 
-bool Settings_Desk::wait_for_second_part(int error_boxes) {
-    expect_error_boxes(error_boxes);
+bool Settings_Desk::wait_for_second_part() {
     expect_applied_box();
     return wait_until([this] { return robot.done(); }, 60'000);
 }
@@ -100,10 +115,34 @@ bool Settings_Desk::wait_for_second_part(int error_boxes) {
 void Settings_Desk::silence_switch() {
     Fault_Plan plan;
     plan.silence = true;
-    lite.device.set_faults(plan);
+    fixture.device.set_faults(plan);
 }
 
-Settings_Lines::Settings_Lines() {
+QLineEdit& Settings_Desk::custom_field(const QString& what) const {
+    return fixture.line_edit("lineEdit_Mouse_Movement_" + what + (is_pro() ? "_2" : ""));
+}
+
+QPushButton& Settings_Desk::custom_submit() const {
+    return fixture.button(QString("pushButton_Submit_Custom_Mouse_Movement_Settings") +
+                          (is_pro() ? "_2" : ""));
+}
+
+QByteArrayList Settings_Desk::start_commands() const {
+    const QByteArrayList common = {"//rl", "//??", "//BP"};
+    return is_pro() ? common + QByteArrayList{"//QA"} : common;
+}
+
+QByteArrayList Settings_Desk::sent_before_box(const Settings_Lines& lines) const {
+    const QByteArrayList common = {"USB Control: ",   "Limit Ports: ",   "Cursor Rolling: ",
+                                   "Mouse Parking: ", "Grid settings: ", "Buzzer: "};
+    return lines.values(is_pro() ? common : common + QByteArrayList{"Mouse Mode: "});
+}
+
+QByteArrayList Settings_Desk::sent_after_box(const Settings_Lines& lines) const {
+    return is_pro() ? lines.values({"Audio settings: ", "Mouse Mode: "}) : QByteArrayList();
+}
+
+Settings_Lines::Settings_Lines(Switch_Model model) {
     const std::pair<const char*, const char*> all[] = {
         {"KM Control: ", "//c2"},
         {"USB Control: ", "//u3"},
@@ -133,6 +172,11 @@ Settings_Lines::Settings_Lines() {
     for (const auto& [label, value] : all) {
         labels.append(label);
         lines[label] = value;
+    }
+    if (model == Switch_Model::pro) {
+        labels += {"Audio settings: ", "Audio chacked state: "};
+        lines["Audio settings: "] = "//a 2 4";
+        lines["Audio chacked state: "] = "24";
     }
 }
 

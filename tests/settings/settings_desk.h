@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
+#include "tests/support/window_fixture.h"
 
 #include <QByteArray>
 #include <QByteArrayList>
@@ -9,18 +9,29 @@
 #include <QString>
 #include <QTemporaryDir>
 
-/// A Lite window, its switch, a folder for settings files, and a hand for the dialogs.
+#include <memory>
+
+/// The lines of a settings file by their labels, in the order in which the tool writes them.
+class Settings_Lines;
+
+/// A window of any model, its switch, a folder for settings files, and a hand for the dialogs.
 ///
 ///     Settings_Desk desk;
-///     QVERIFY(desk.lite.open_filled());
+///     QVERIFY(desk.open_filled());
 ///     QVERIFY2(desk.load(desk.write(file_text())), desk.robot.why());
 class Settings_Desk {
 public:
     /// The folder is the user's home for the length of this object.
-    Settings_Desk();
+    explicit Settings_Desk(Switch_Model switch_model = Switch_Model::lite);
     ~Settings_Desk();
     Settings_Desk(const Settings_Desk&) = delete;
     Settings_Desk& operator=(const Settings_Desk&) = delete;
+
+    /// Opens the window and waits until the unit's report has filled its pages, and its answer the
+    /// audio boxes of a Pro.
+    [[nodiscard]] bool open_filled();
+    /// The audio boxes that are checked, by the ends of their names; empty on Lite and Plus.
+    [[nodiscard]] QString checked_audio_boxes() const;
 
     /// A path in the folder.
     QString path(const QString& name = "settings.txt") const;
@@ -41,29 +52,53 @@ public:
     /// Clicks the button and chooses the file. Its first part has been applied afterwards, with so
     /// many error boxes on the way.
     [[nodiscard]] bool load_first_part(const QString& file_path, int error_boxes = 0);
-    /// Calls the second part now instead of in two seconds, up to the box "Settings file applied".
-    [[nodiscard]] bool load_second_part_now(int error_boxes = 0);
+    /// Calls the second part now instead of in two seconds, with so many error boxes on the way and
+    /// so many more at the line of the mouse mode, which a Pro applies after the box "Settings file
+    /// applied".
+    [[nodiscard]] bool load_second_part_now(int error_boxes = 0, int mode_error_boxes = 0);
     /// Waits for the second part and its box.
-    [[nodiscard]] bool wait_for_second_part(int error_boxes = 0);
+    [[nodiscard]] bool wait_for_second_part();
 
     /// The switch hears and obeys but says nothing from now on, so that its answers bring no
     /// further commands.
     void silence_switch();
 
+    // What the models differ in.
+    [[nodiscard]] bool is_lite() const { return model == Switch_Model::lite; }
+    [[nodiscard]] bool is_pro() const { return model == Switch_Model::pro; }
+    /// The fields of a custom entry: "X", "Y" or "Name".
+    [[nodiscard]] QLineEdit& custom_field(const QString& what) const;
+    [[nodiscard]] QPushButton& custom_submit() const;
+    /// What a window asks at its start.
+    [[nodiscard]] QByteArrayList start_commands() const;
+    /// What the second part of a load sends before the box "Settings file applied", and after it.
+    [[nodiscard]] QByteArrayList sent_before_box(const Settings_Lines& lines) const;
+    [[nodiscard]] QByteArrayList sent_after_box(const Settings_Lines& lines) const;
+    [[nodiscard]] QByteArrayList sent_in_second_part(const Settings_Lines& lines) const {
+        return sent_before_box(lines) + sent_after_box(lines);
+    }
+    /// How many commands a whole load sends.
+    [[nodiscard]] int sent_count() const { return is_pro() ? 17 : 16; }
+
+    const Switch_Model model;
     Modal_Robot robot;
-    Lite_Fixture lite;
+
+private:
+    const std::unique_ptr<Window_Fixture> owned_fixture;
+
+public:
+    Window_Fixture& fixture = *owned_fixture;
 
 private:
     QTemporaryDir folder;
     QByteArray earlier_home = qgetenv("HOME");
 };
 
-/// The lines of a settings file by their labels, in the order in which the tool writes them.
 class Settings_Lines {
 public:
     /// A unit with keyboard and mouse on channel 2, USB on channel 3, three ports, cursor rolling
-    /// on, and the displays in a 2 by 2 block.
-    Settings_Lines();
+    /// on, and the displays in a 2 by 2 block; on a Pro also audio from channels 2 and 4.
+    explicit Settings_Lines(Switch_Model model = Switch_Model::lite);
 
     /// The value of a line, to be changed.
     QByteArray& operator[](const QByteArray& label);
@@ -81,6 +116,5 @@ private:
     QMap<QByteArray, QByteArray> lines;
 };
 
-/// Labels of the lines that are sent, in the order in which they are.
+/// Labels of the lines that the first part of a load sends, in order.
 extern const QByteArrayList first_part_labels;
-extern const QByteArrayList second_part_labels;

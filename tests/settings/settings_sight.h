@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/lite_fixture.h"
+#include "tests/settings/settings_desk.h"
 
 #include <QMap>
 #include <QString>
@@ -9,10 +9,7 @@
 /// the tiles.
 using Sight = QMap<QString, QString>;
 
-Sight look_at(const Lite_Fixture& lite);
+Sight look_at(const Settings_Desk& desk);
 
-/// What the lines of a new Settings_Lines leave.
-extern const Sight good_sight;
-
-/// The same with some points changed.
-Sight good_sight_but(const Sight& changed);
+/// What the lines of a new Settings_Lines leave, with some points changed.
+Sight good_sight(const Settings_Desk& desk, const Sight& changed = {});

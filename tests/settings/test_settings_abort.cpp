@@ -2,6 +2,7 @@
 #include "tests/end_to_end/desktop.h"
 #include "tests/settings/settings_desk.h"
 #include "tests/support/find_child.h"
+#include "tests/support/lite_fixture.h"
 #include "tests/support/wait_until.h"
 
 #include <QFile>

@@ -1,5 +1,6 @@
 #include "tests/settings/settings_desk.h"
 #include "tests/settings/settings_sight.h"
+#include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"
 
 #include <QDir>
@@ -11,6 +12,7 @@ class Test_Settings_Load_Files : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase_data() { add_model_rows(); }
     void init();
     void cleanup();
 
@@ -30,11 +32,12 @@ private slots:
     void a_path_beyond_ascii_is_read();
 
 private:
-    [[nodiscard]] bool load(const QString& path, int first_part_errors = 0,
-                            int second_part_errors = 0);
+    [[nodiscard]] bool load(const QString& path, int first_part_errors = 0, int mode_errors = 0);
 
     std::unique_ptr<Settings_Desk> desk;
     Settings_Lines lines;
+    /// The audio boxes as the unit's report has filled them; a file without a state leaves them.
+    QString audio_before;
 };
 
 namespace {
@@ -48,17 +51,22 @@ const Sight sight_without_lines = {{"km", "0"},       {"usb", "0"},
                                    {"label 2", ""},   {"label 3", ""},
                                    {"label 4", ""},   {"fields", "100|100|DESK"}};
 
-/// A file without labels brings an error box for each custom entry, and one for the empty label.
+/// A file without labels brings an error box for each custom entry, and one at the mouse mode for
+/// the empty label.
 constexpr int first_errors_without_lines = 4;
-constexpr int second_errors_without_lines = 1;
+constexpr int mode_errors_without_lines = 1;
 
 } // namespace
 
 void Test_Settings_Load_Files::init() {
-    lines = Settings_Lines();
-    desk = std::make_unique<Settings_Desk>();
-    QVERIFY(desk->lite.open_filled());
+    QFETCH_GLOBAL(const Switch_Model, model);
+    lines = Settings_Lines(model);
+    desk = std::make_unique<Settings_Desk>(model);
+    QVERIFY(desk->open_filled());
+    desk->robot.forget_sights();
     desk->silence_switch();
+    audio_before = desk->checked_audio_boxes();
+    QCOMPARE(audio_before.isEmpty(), !desk->is_pro());
 }
 
 void Test_Settings_Load_Files::cleanup() {
@@ -69,23 +77,22 @@ void Test_Settings_Load_Files::cleanup() {
     QCOMPARE(windows_left(), QStringList());
 }
 
-bool Test_Settings_Load_Files::load(const QString& path, int first_part_errors,
-                                    int second_part_errors) {
+bool Test_Settings_Load_Files::load(const QString& path, int first_part_errors, int mode_errors) {
     return desk->load_first_part(path, first_part_errors) &&
-           desk->load_second_part_now(second_part_errors);
+           desk->load_second_part_now(0, mode_errors);
 }
 
 void Test_Settings_Load_Files::a_file_with_windows_line_ends_loads_the_same() {
     QVERIFY2(load(desk->write(lines.text("\r\n"))), desk->robot.why());
-    QCOMPARE(look_at(desk->lite), good_sight);
-    QCOMPARE(desk->lite.commands(),
-             lines.values(first_part_labels) + lines.values(second_part_labels));
+    QCOMPARE(look_at(*desk), good_sight(*desk));
+    QCOMPARE(desk->fixture.commands(),
+             lines.values(first_part_labels) + desk->sent_in_second_part(lines));
 }
 
 void Test_Settings_Load_Files::a_last_line_without_an_end_counts() {
     QVERIFY2(load(desk->write(lines.text().chopped(1))), desk->robot.why());
-    QCOMPARE(look_at(desk->lite), good_sight);
-    QCOMPARE(desk->lite.commands().constLast(), QByteArray("//km"));
+    QCOMPARE(look_at(*desk), good_sight(*desk));
+    QCOMPARE(desk->fixture.commands().constLast(), QByteArray("//km"));
 }
 
 // Every value runs to the end of the file, and the switch gets all that as it stands.
@@ -96,9 +103,10 @@ void Test_Settings_Load_Files::a_file_with_bare_carriage_returns_is_one_long_lin
     for (const QByteArray& label : first_part_labels) {
         sent += text.mid(text.indexOf(label) + label.size()) + '\r';
     }
-    QVERIFY(wait_until([&] { return desk->lite.device.received_bytes().size() >= sent.size(); }));
-    QCOMPARE(desk->lite.device.received_bytes(), sent);
-    const Sight sight = look_at(desk->lite);
+    QVERIFY(
+        wait_until([&] { return desk->fixture.device.received_bytes().size() >= sent.size(); }));
+    QCOMPARE(desk->fixture.device.received_bytes(), sent);
+    const Sight sight = look_at(*desk);
     QCOMPARE(sight.value("km"), "1");
     QCOMPARE(sight.value("resolutions"), "1 12 9 8");
     QVERIFY(sight.value("names").startsWith("BANK\rCustommousemovementsetting2:"));
@@ -109,21 +117,21 @@ void Test_Settings_Load_Files::bytes_that_are_no_utf8_go_out_as_they_stand() {
     lines["Data from mouse movement label 2: "] = "101 102 \xFF\x80T\xC3";
     lines["Cursor Rolling: "] = "//o1\xE2\x82";
     QVERIFY2(load(desk->write(lines.text())), desk->robot.why());
-    QCOMPARE(desk->lite.commands(),
-             lines.values(first_part_labels) + lines.values(second_part_labels));
+    QCOMPARE(desk->fixture.commands(),
+             lines.values(first_part_labels) + desk->sent_in_second_part(lines));
     const QString replaced = QString("%1%1T%1").arg(QChar(QChar::ReplacementCharacter));
-    QCOMPARE(look_at(desk->lite), good_sight_but({{"names", "BANK " + replaced + " LAMP SOFA"},
-                                                  {"label 2", "101 102 " + replaced},
-                                                  {"roll", "0"}}));
+    QCOMPARE(look_at(*desk), good_sight(*desk, {{"names", "BANK " + replaced + " LAMP SOFA"},
+                                                {"label 2", "101 102 " + replaced},
+                                                {"roll", "0"}}));
 }
 
 void Test_Settings_Load_Files::a_nul_byte_goes_out_as_it_stands() {
     lines["KM Control: "] = QByteArray("//c3\0//F", 8);
     lines["USB Control: "] = QByteArray("\0//u2", 5);
     QVERIFY2(load(desk->write(lines.text())), desk->robot.why());
-    QCOMPARE(desk->lite.commands(),
-             lines.values(first_part_labels) + lines.values(second_part_labels));
-    QCOMPARE(look_at(desk->lite), good_sight_but({{"km", "2"}, {"usb", "1"}}));
+    QCOMPARE(desk->fixture.commands(),
+             lines.values(first_part_labels) + desk->sent_in_second_part(lines));
+    QCOMPARE(look_at(*desk), good_sight(*desk, {{"km", "2"}, {"usb", "1"}}));
 }
 
 void Test_Settings_Load_Files::a_file_without_a_single_label_data() {
@@ -142,10 +150,11 @@ void Test_Settings_Load_Files::a_file_without_a_single_label_data() {
 
 void Test_Settings_Load_Files::a_file_without_a_single_label() {
     QFETCH(const QByteArray, content);
-    QVERIFY2(load(desk->write(content), first_errors_without_lines, second_errors_without_lines),
+    QVERIFY2(load(desk->write(content), first_errors_without_lines, mode_errors_without_lines),
              desk->robot.why());
-    QCOMPARE(desk->lite.commands(), QByteArrayList(16));
-    Sight sight = look_at(desk->lite);
+    QCOMPARE(desk->fixture.commands(), QByteArrayList(desk->sent_count()));
+    Sight sight = look_at(*desk);
+    QCOMPARE(sight.take("audio"), audio_before);
     // All four stand on the first cell, and both gray channels have marked the one tile there.
     QCOMPARE(sight.take("tiles"), "[Channel 4\nINACTIVE\nINACTIVE #a0a0a4].../..../..../....");
     QCOMPARE(sight, sight_without_lines);
@@ -156,11 +165,11 @@ void Test_Settings_Load_Files::labels_without_values_are_missing_lines() {
     for (const QByteArray& line : lines.text().split('\n')) {
         labels_alone += line.left(line.indexOf(": ") + 2) + '\n';
     }
-    QVERIFY2(
-        load(desk->write(labels_alone), first_errors_without_lines, second_errors_without_lines),
-        desk->robot.why());
-    QCOMPARE(desk->lite.commands(), QByteArrayList(16));
-    Sight sight = look_at(desk->lite);
+    QVERIFY2(load(desk->write(labels_alone), first_errors_without_lines, mode_errors_without_lines),
+             desk->robot.why());
+    QCOMPARE(desk->fixture.commands(), QByteArrayList(desk->sent_count()));
+    Sight sight = look_at(*desk);
+    QCOMPARE(sight.take("audio"), audio_before);
     QVERIFY(sight.take("tiles").startsWith("[Channel 4"));
     QCOMPARE(sight, sight_without_lines);
 }
@@ -175,9 +184,8 @@ void Test_Settings_Load_Files::a_path_with_nothing_to_read_is_a_file_without_lab
 
 void Test_Settings_Load_Files::a_path_with_nothing_to_read_is_a_file_without_labels() {
     QFETCH(const QString, path);
-    QVERIFY2(load(path, first_errors_without_lines, second_errors_without_lines),
-             desk->robot.why());
-    QCOMPARE(desk->lite.commands(), QByteArrayList(16));
+    QVERIFY2(load(path, first_errors_without_lines, mode_errors_without_lines), desk->robot.why());
+    QCOMPARE(desk->fixture.commands(), QByteArrayList(desk->sent_count()));
 }
 
 void Test_Settings_Load_Files::a_folder_is_entered_and_not_loaded() {
@@ -185,9 +193,9 @@ void Test_Settings_Load_Files::a_folder_is_entered_and_not_loaded() {
     desk->expect_file_dialog("Select file", choose_file(desk->path("folder")));
     // It stands on, in the folder.
     desk->expect_file_dialog("Select file", press_key(Qt::Key_Escape));
-    desk->lite.button("pushButton_Load_Settings_File").click();
+    desk->fixture.button("pushButton_Load_Settings_File").click();
     QVERIFY2(desk->robot.done(), desk->robot.why());
-    QCOMPARE(desk->lite.commands(), (QByteArrayList{"//rl", "//??", "//BP"}));
+    QCOMPARE(desk->fixture.commands(), desk->start_commands());
 }
 
 void Test_Settings_Load_Files::a_file_that_vanishes_between_the_parts_is_loaded_whole() {
@@ -195,7 +203,7 @@ void Test_Settings_Load_Files::a_file_that_vanishes_between_the_parts_is_loaded_
     QVERIFY2(desk->load_first_part(path), desk->robot.why());
     QVERIFY(QFile::remove(path));
     QVERIFY2(desk->load_second_part_now(), desk->robot.why());
-    QCOMPARE(look_at(desk->lite), good_sight);
+    QCOMPARE(look_at(*desk), good_sight(*desk));
 }
 
 void Test_Settings_Load_Files::a_file_that_changes_between_the_parts_is_loaded_as_it_was() {
@@ -203,13 +211,13 @@ void Test_Settings_Load_Files::a_file_that_changes_between_the_parts_is_loaded_a
     QVERIFY2(desk->load_first_part(path), desk->robot.why());
     desk->write("USB Control: //u4\n");
     QVERIFY2(desk->load_second_part_now(), desk->robot.why());
-    QCOMPARE(look_at(desk->lite), good_sight);
+    QCOMPARE(look_at(*desk), good_sight(*desk));
 }
 
 void Test_Settings_Load_Files::a_path_beyond_ascii_is_read() {
     const QString name = QString::fromUtf8("Größe 東京 🖥.txt");
     QVERIFY2(load(desk->write(lines.text(), name)), desk->robot.why());
-    QCOMPARE(look_at(desk->lite), good_sight);
+    QCOMPARE(look_at(*desk), good_sight(*desk));
 }
 
 QTEST_MAIN(Test_Settings_Load_Files)

@@ -2,6 +2,7 @@
 #include "tests/app/log_folder.h"
 #include "tests/settings/settings_desk.h"
 #include "tests/settings/settings_sight.h"
+#include "tests/support/model_fixture.h"
 
 #include <QTest>
 
@@ -10,6 +11,7 @@ class Test_Settings_Load_Missing : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase_data() { add_model_rows(); }
     void init();
     void cleanup();
 
@@ -21,8 +23,9 @@ private slots:
     void the_flags_are_down_while_an_error_box_stands();
 
 private:
-    /// Loads the lines, both parts, with so many error boxes in each.
-    [[nodiscard]] bool load(int first_part_errors, int second_part_errors);
+    /// Loads the lines, both parts, with so many error boxes in each and at the mouse
+    /// mode, which has to refill the fields from the first label.
+    [[nodiscard]] bool load(int first_part_errors, int second_part_errors, int mode_errors = 0);
 
     std::unique_ptr<Log_Folder> log;
     std::unique_ptr<Settings_Desk> desk;
@@ -30,18 +33,23 @@ private:
 };
 
 void Test_Settings_Load_Missing::init() {
+    QFETCH_GLOBAL(const Switch_Model, model);
     log = std::make_unique<Log_Folder>();
-    QCOMPARE(open_log(), 1);
-    lines = Settings_Lines();
-    desk = std::make_unique<Settings_Desk>();
-    QVERIFY(desk->lite.open_filled());
+    lines = Settings_Lines(model);
+    desk = std::make_unique<Settings_Desk>(model);
+    if (desk->is_lite()) {
+        // The others open it themselves.
+        QCOMPARE(open_log(), 1);
+    }
+    QVERIFY(desk->open_filled());
+    desk->robot.forget_sights();
     desk->silence_switch();
     // So that a line which is not applied leaves something other than what its absence means.
-    desk->lite.combo("comboBox_KM_Control").setCurrentIndex(3);
-    desk->lite.combo("comboBox_USB_Control").setCurrentIndex(3);
-    desk->lite.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
-    desk->lite.combo("comboBox_Select_Display_Mode").setCurrentIndex(1);
-    (void)desk->lite.commands();
+    desk->fixture.combo("comboBox_KM_Control").setCurrentIndex(3);
+    desk->fixture.combo("comboBox_USB_Control").setCurrentIndex(3);
+    desk->fixture.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
+    desk->fixture.combo("comboBox_Select_Display_Mode").setCurrentIndex(1);
+    (void)desk->fixture.commands();
 }
 
 void Test_Settings_Load_Missing::cleanup() {
@@ -54,18 +62,21 @@ void Test_Settings_Load_Missing::cleanup() {
     QCOMPARE(windows_left(), QStringList());
 }
 
-bool Test_Settings_Load_Missing::load(int first_part_errors, int second_part_errors) {
+bool Test_Settings_Load_Missing::load(int first_part_errors, int second_part_errors,
+                                      int mode_errors) {
     return desk->load_first_part(desk->write(lines.text()), first_part_errors) &&
-           desk->load_second_part_now(second_part_errors);
+           desk->load_second_part_now(second_part_errors, mode_errors);
 }
 
 void Test_Settings_Load_Missing::a_missing_line_data() {
     QTest::addColumn<QByteArray>("label");
     QTest::addColumn<int>("first_part_errors");
     QTest::addColumn<int>("second_part_errors");
+    QTest::addColumn<int>("mode_errors");
     QTest::addColumn<Sight>("changed");
-    const auto row = [](const char* label, int first, int second, const Sight& changed) {
-        QTest::addRow("%s", label) << QByteArray(label) << first << second << changed;
+    const auto row = [](const char* label, int first, int second, const Sight& changed,
+                        int mode = 0) {
+        QTest::addRow("%s", label) << QByteArray(label) << first << second << mode << changed;
     };
     row("KM Control: ", 0, 0, {{"km", "3"}});
     row("USB Control: ", 0, 0, {{"usb", "3"}});
@@ -90,7 +101,8 @@ void Test_Settings_Load_Missing::a_missing_line_data() {
     row("Coordinates channel 1: ", 0, 0, {{"tiles", "1.../..2./.3d./...."}});
     row("Coordinates channel 4: ", 0, 0, {{"tiles", "d.../.12./.3../...."}});
     row("Buzzer: ", 0, 0, {});
-    row("Data from mouse movement label 1: ", 0, 1, {{"label 1", ""}, {"fields", "100|100|DESK"}});
+    row("Data from mouse movement label 1: ", 0, 0, {{"label 1", ""}, {"fields", "100|100|DESK"}},
+        1);
     row("Data from mouse movement label 2: ", 0, 0, {{"label 2", ""}});
     row("Data from mouse movement label 3: ", 0, 0, {{"label 3", ""}});
     row("Data from mouse movement label 4: ", 0, 0, {{"label 4", ""}});
@@ -100,13 +112,14 @@ void Test_Settings_Load_Missing::a_missing_line() {
     QFETCH(const QByteArray, label);
     QFETCH(const int, first_part_errors);
     QFETCH(const int, second_part_errors);
+    QFETCH(const int, mode_errors);
     QFETCH(const Sight, changed);
     lines.remove(label);
-    QVERIFY2(load(first_part_errors, second_part_errors), desk->robot.why());
-    QCOMPARE(look_at(desk->lite), good_sight_but(changed));
+    QVERIFY2(load(first_part_errors, second_part_errors, mode_errors), desk->robot.why());
+    QCOMPARE(look_at(*desk), good_sight(*desk, changed));
     // The place of a command that is missing is taken by a lone carriage return.
-    QCOMPARE(desk->lite.commands(),
-             lines.values(first_part_labels) + lines.values(second_part_labels));
+    QCOMPARE(desk->fixture.commands(),
+             lines.values(first_part_labels) + desk->sent_in_second_part(lines));
 }
 
 void Test_Settings_Load_Missing::a_resolution_of_a_missing_custom_line_is_no_selection() {
@@ -116,17 +129,17 @@ void Test_Settings_Load_Missing::a_resolution_of_a_missing_custom_line_is_no_sel
             QByteArray("//CE ") + digit + " 1" + static_cast<char>(digit - 1);
     }
     QVERIFY2(load(4, 0), desk->robot.why());
-    QCOMPARE(look_at(desk->lite).value("names"), "");
-    QCOMPARE(look_at(desk->lite).value("resolutions"), "-1 -1 -1 -1");
-    QCOMPARE(desk->lite.commands().mid(5, 4),
+    QCOMPARE(look_at(*desk).value("names"), "");
+    QCOMPARE(look_at(*desk).value("resolutions"), "-1 -1 -1 -1");
+    QCOMPARE(desk->fixture.commands().mid(5, 4),
              (QByteArrayList{"//CE 1 10", "//CE 2 11", "//CE 3 12", "//CE 4 13"}));
 }
 
 void Test_Settings_Load_Missing::a_missing_grid_line_sends_an_empty_command_and_moves_the_tiles() {
     lines.remove("Grid settings: ");
     QVERIFY2(load(0, 0), desk->robot.why());
-    QCOMPARE(look_at(desk->lite).value("tiles"), "..../.12./.3d./....");
-    QCOMPARE(desk->lite.commands().value(13), QByteArray());
+    QCOMPARE(look_at(*desk).value("tiles"), "..../.12./.3d./....");
+    QCOMPARE(desk->fixture.commands().value(13), QByteArray());
 }
 
 void Test_Settings_Load_Missing::an_error_is_logged_before_its_box() {
@@ -137,7 +150,7 @@ void Test_Settings_Load_Missing::an_error_is_logged_before_its_box() {
                             entries_at_box = log->entries();
                             return press_key(Qt::Key_Return)(box);
                         }});
-    desk->lite.button("pushButton_Load_Settings_File").click();
+    desk->fixture.button("pushButton_Load_Settings_File").click();
     QCOMPARE(entries_at_box, QStringList{"Error in setting the interface"});
 }
 
@@ -145,14 +158,14 @@ void Test_Settings_Load_Missing::the_flags_are_down_while_an_error_box_stands() 
     lines.remove("Custom mouse movement setting 1: ");
     desk->expect_file_dialog("Select file", choose_file(desk->write(lines.text())));
     desk->robot.expect({.text = "Error in setting the interface", .action = [&](QWidget& box) {
-                            desk->lite.combo("comboBox_USB_Control").setCurrentIndex(0);
-                            desk->lite.button("pushButton_Soft_Reset").click();
+                            desk->fixture.combo("comboBox_USB_Control").setCurrentIndex(0);
+                            desk->fixture.button("pushButton_Soft_Reset").click();
                             return press_key(Qt::Key_Return)(box);
                         }});
-    desk->lite.button("pushButton_Load_Settings_File").click();
-    QCOMPARE(desk->lite.combo("comboBox_USB_Control").currentIndex(), 0);
+    desk->fixture.button("pushButton_Load_Settings_File").click();
+    QCOMPARE(desk->fixture.combo("comboBox_USB_Control").currentIndex(), 0);
     // Neither the choice nor the reset is among the commands.
-    QCOMPARE(desk->lite.commands(), lines.values(first_part_labels));
+    QCOMPARE(desk->fixture.commands(), lines.values(first_part_labels));
 }
 
 QTEST_MAIN(Test_Settings_Load_Missing)

@@ -1,4 +1,5 @@
 #include "tests/settings/settings_desk.h"
+#include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"
 
 #include <QElapsedTimer>
@@ -9,6 +10,7 @@ class Test_Settings_Load_Overlap : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase_data() { add_model_rows(); }
     void init();
     void cleanup();
 
@@ -32,12 +34,14 @@ constexpr int second_part_wait = 2000;
 } // namespace
 
 void Test_Settings_Load_Overlap::init() {
-    first = Settings_Lines();
-    second = Settings_Lines();
+    QFETCH_GLOBAL(const Switch_Model, model);
+    first = Settings_Lines(model);
+    second = Settings_Lines(model);
     second["KM Control: "] = "//c4";
     second["USB Control: "] = "//u4";
-    desk = std::make_unique<Settings_Desk>();
-    QVERIFY(desk->lite.open_filled());
+    desk = std::make_unique<Settings_Desk>(model);
+    QVERIFY(desk->open_filled());
+    desk->robot.forget_sights();
     desk->silence_switch();
 }
 
@@ -58,74 +62,74 @@ void Test_Settings_Load_Overlap::
     QVERIFY2(desk->load_first_part(first_path), desk->robot.why());
     QVERIFY2(desk->load_first_part(second_path), desk->robot.why());
     QVERIFY2(since_first_choice.elapsed() < second_part_wait, "too slow to tell anything");
-    QCOMPARE(desk->lite.commands(),
+    QCOMPARE(desk->fixture.commands(),
              first.values(first_part_labels) + second.values(first_part_labels));
     // Both timers find a first part applied, and both apply the file that was read last.
     QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
-    QCOMPARE(desk->lite.commands(),
-             second.values(second_part_labels) + second.values(second_part_labels));
+    QCOMPARE(desk->fixture.commands(),
+             desk->sent_in_second_part(second) + desk->sent_in_second_part(second));
 }
 
 void Test_Settings_Load_Overlap::
     a_dialog_that_stands_over_the_2000_ms_keeps_the_second_part_from_coming() {
     QVERIFY2(desk->load_first_part(desk->write(first.text())), desk->robot.why());
-    (void)desk->lite.commands();
+    (void)desk->fixture.commands();
     const QString second_path = desk->write(second.text(), "second.txt");
     QByteArrayList meanwhile = {"not looked at"};
     desk->expect_file_dialog("Select file", [&](QWidget& modal) {
         // The first timer fires in this time, and only it could send anything.
-        (void)wait_until([&] { return !desk->lite.device.received_commands().isEmpty(); },
+        (void)wait_until([&] { return !desk->fixture.device.received_commands().isEmpty(); },
                          second_part_wait + 500);
-        meanwhile = desk->lite.device.received_commands();
+        meanwhile = desk->fixture.device.received_commands();
         return choose_file(second_path)(modal);
     });
-    desk->lite.button("pushButton_Load_Settings_File").click();
+    desk->fixture.button("pushButton_Load_Settings_File").click();
     QVERIFY2(desk->robot.done(), desk->robot.why());
     QCOMPARE(meanwhile, QByteArrayList());
-    QCOMPARE(desk->lite.commands(), second.values(first_part_labels));
+    QCOMPARE(desk->fixture.commands(), second.values(first_part_labels));
     QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
-    QCOMPARE(desk->lite.commands(), second.values(second_part_labels));
+    QCOMPARE(desk->fixture.commands(), desk->sent_in_second_part(second));
 }
 
 void Test_Settings_Load_Overlap::
     a_second_dialog_that_is_cancelled_keeps_the_second_part_from_coming() {
     QVERIFY2(desk->load_first_part(desk->write(first.text())), desk->robot.why());
-    (void)desk->lite.commands();
+    (void)desk->fixture.commands();
     desk->expect_file_dialog("Select file", press_key(Qt::Key_Escape));
-    desk->lite.button("pushButton_Load_Settings_File").click();
-    QCOMPARE(desk->lite.commands(), (QByteArrayList{"//rl", "//??", "//BP"}));
+    desk->fixture.button("pushButton_Load_Settings_File").click();
+    QCOMPARE(desk->fixture.commands(), desk->start_commands());
     const auto boxes = desk->robot.sights().size();
     QVERIFY(
         !wait_until([&] { return desk->robot.sights().size() > boxes; }, second_part_wait + 500));
-    QCOMPARE(desk->lite.commands(), QByteArrayList());
+    QCOMPARE(desk->fixture.commands(), QByteArrayList());
 }
 
 void Test_Settings_Load_Overlap::off_between_the_parts_applies_the_second_and_sends_nothing() {
     QVERIFY2(desk->load_first_part(desk->write(first.text())), desk->robot.why());
-    (void)desk->lite.commands();
-    desk->lite.button("pushButton_OFF_Connection").click();
+    (void)desk->fixture.commands();
+    desk->fixture.button("pushButton_OFF_Connection").click();
     QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
-    QCOMPARE(desk->lite.combo("comboBox_USB_Control").currentIndex(), 2);
-    QCOMPARE(desk->lite.label("label_Custom_4").text(), "500 499 SOFA");
+    QCOMPARE(desk->fixture.combo("comboBox_USB_Control").currentIndex(), 2);
+    QCOMPARE(desk->fixture.label("label_Custom_4").text(), "500 499 SOFA");
     // What the switch hears next is the greeting of the next connection.
-    desk->lite.button("pushButton_ON_Connection").click();
-    QCOMPARE(desk->lite.commands(), (QByteArrayList{"//rl", "//??", "//BP"}));
+    desk->fixture.button("pushButton_ON_Connection").click();
+    QCOMPARE(desk->fixture.commands(), desk->start_commands());
 }
 
 void Test_Settings_Load_Overlap::the_window_may_close_between_the_parts() {
     QVERIFY2(desk->load_first_part(desk->write(first.text())), desk->robot.why());
     const auto boxes = desk->robot.sights().size();
-    desk->lite.close();
+    desk->fixture.close();
     QVERIFY(
         !wait_until([&] { return desk->robot.sights().size() > boxes; }, second_part_wait + 500));
 }
 
 void Test_Settings_Load_Overlap::a_second_part_without_a_load_does_nothing() {
-    QVERIFY(desk->lite.run_slot("load_second_part_of_settings"));
+    QVERIFY(desk->fixture.run_slot("load_second_part_of_settings"));
     QCOMPARE(desk->robot.sights().size(), 0);
-    QCOMPARE(desk->lite.commands(), QByteArrayList());
-    QCOMPARE(desk->lite.combo("comboBox_USB_Control").currentIndex(), 0);
+    QCOMPARE(desk->fixture.commands(), QByteArrayList());
+    QCOMPARE(desk->fixture.combo("comboBox_USB_Control").currentIndex(), 0);
 }
 
 QTEST_MAIN(Test_Settings_Load_Overlap)

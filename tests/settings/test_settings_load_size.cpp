@@ -35,7 +35,7 @@ constexpr int longest_part = 120'000;
 void Test_Settings_Load_Size::init() {
     lines = Settings_Lines();
     desk = std::make_unique<Settings_Desk>();
-    QVERIFY(desk->lite.open_filled());
+    QVERIFY(desk->open_filled());
     desk->silence_switch();
 }
 
@@ -66,9 +66,9 @@ void Test_Settings_Load_Size::a_file_of_100_mb_loads() {
     QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     tell_time("second part and the 2000 ms before it", time);
     QVERIFY(time.elapsed() < longest_part);
-    QCOMPARE(look_at(desk->lite), good_sight);
-    QCOMPARE(desk->lite.commands(),
-             lines.values(first_part_labels) + lines.values(second_part_labels));
+    QCOMPARE(look_at(*desk), good_sight(*desk));
+    QCOMPARE(desk->fixture.commands(),
+             lines.values(first_part_labels) + desk->sent_in_second_part(lines));
 }
 
 void Test_Settings_Load_Size::a_line_of_10_mb_loads_data() {
@@ -95,8 +95,8 @@ void Test_Settings_Load_Size::a_line_of_10_mb_loads() {
     QVERIFY(time.elapsed() < longest_part);
     // The page that shows the text has to be drawn, too.
     time.start();
-    desk->lite.button("pushButton_Mouse_Speed_Settings").click();
-    desk->lite.window().grab();
+    desk->fixture.button("pushButton_Mouse_Speed_Settings").click();
+    desk->fixture.window().grab();
     tell_time("drawing", time);
     QVERIFY(time.elapsed() < longest_part);
 }

@@ -1,4 +1,5 @@
 #include "tests/settings/settings_desk.h"
+#include "tests/support/model_fixture.h"
 
 #include <QFile>
 #include <QTest>
@@ -8,6 +9,7 @@ class Test_Settings_Save : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase_data() { add_model_rows(); }
     void init();
     void cleanup();
 
@@ -15,8 +17,8 @@ private slots:
     void a_silent_switch_gives_a_file_of_start_values_and_empty_lines();
     void gray_channels_come_out_as_digit_3_and_keep_their_coordinates_data();
     void gray_channels_come_out_as_digit_3_and_keep_their_coordinates();
-    void the_mouse_mode_follows_the_km_channel_on_a_lite_data();
-    void the_mouse_mode_follows_the_km_channel_on_a_lite();
+    void the_mouse_mode_follows_the_km_channel_on_a_lite_and_the_mode_elsewhere_data();
+    void the_mouse_mode_follows_the_km_channel_on_a_lite_and_the_mode_elsewhere();
     void a_name_with_blanks_keeps_them_in_the_data_line_only();
     void custom_figures_come_from_the_report_and_the_name_from_the_list();
     void a_custom_line_is_cut_at_49_bytes();
@@ -48,6 +50,7 @@ Switch_State example_state() {
         {{150, 300, "DESK"}, {100, 100, "WALL"}, {200, 200, "HALL"}, {500, 500, "ROOM"}}};
     state.resolutions = {1, 4, 10, 7};
     state.layout_positions = {1, 2, 5, 6};
+    state.audio = {Audio_Routing::Mode::channels, {true, false, true, false}};
     return state;
 }
 
@@ -101,9 +104,17 @@ const QByteArray empty_file = "KM Control: //c1\n"
                               "Buzzer: //B1\n"
                               "Mouse Mode: //ks\n";
 
+const QByteArray example_audio = "Audio settings: //a 1 3\n"
+                                 "Audio chacked state: 13\n";
+const QByteArray empty_audio = "Audio settings: //a x\n"
+                               "Audio chacked state: //a x\n";
+
 } // namespace
 
-void Test_Settings_Save::init() { desk = std::make_unique<Settings_Desk>(); }
+void Test_Settings_Save::init() {
+    QFETCH_GLOBAL(const Switch_Model, model);
+    desk = std::make_unique<Settings_Desk>(model);
+}
 
 void Test_Settings_Save::cleanup() {
     const bool robot_done = desk->robot.done();
@@ -120,21 +131,22 @@ QByteArrayList Test_Settings_Save::saved_lines() {
 }
 
 void Test_Settings_Save::a_whole_file_byte_for_byte() {
-    desk->lite.device.unit().set_state(example_state());
-    QVERIFY(desk->lite.open_filled());
+    desk->fixture.device.unit().set_state(example_state());
+    QVERIFY(desk->open_filled());
     QVERIFY2(desk->save(desk->path()), desk->robot.why());
-    QCOMPARE(Settings_Desk::read(desk->path()), example_file);
+    QCOMPARE(Settings_Desk::read(desk->path()),
+             example_file + (desk->is_pro() ? example_audio : ""));
 }
 
 void Test_Settings_Save::a_silent_switch_gives_a_file_of_start_values_and_empty_lines() {
     desk->silence_switch();
-    desk->lite.open();
+    desk->fixture.open();
     desk->expect_file_dialog("Save Settings File", choose_file(desk->path()));
     desk->expect_saved_box();
     // The button is out of reach as long as no switch has answered.
-    QVERIFY(!desk->lite.button("pushButton_Create_Settings_File").isEnabled());
-    QVERIFY(desk->lite.run_slot("on_pushButton_Create_Settings_File_clicked"));
-    QCOMPARE(Settings_Desk::read(desk->path()), empty_file);
+    QVERIFY(!desk->fixture.button("pushButton_Create_Settings_File").isEnabled());
+    QVERIFY(desk->fixture.run_slot("on_pushButton_Create_Settings_File_clicked"));
+    QCOMPARE(Settings_Desk::read(desk->path()), empty_file + (desk->is_pro() ? empty_audio : ""));
 }
 
 void Test_Settings_Save::gray_channels_come_out_as_digit_3_and_keep_their_coordinates_data() {
@@ -151,8 +163,8 @@ void Test_Settings_Save::gray_channels_come_out_as_digit_3_and_keep_their_coordi
     Switch_State state;
     state.port_limit = port_limit;
     state.layout_positions = {14, 10, 6, 2};
-    desk->lite.device.unit().set_state(state);
-    QVERIFY(desk->lite.open_filled());
+    desk->fixture.device.unit().set_state(state);
+    QVERIFY(desk->open_filled());
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(2), "Limit Ports: //D" + QByteArray::number(port_limit));
     QCOMPARE(lines.mid(17, 5),
@@ -161,33 +173,38 @@ void Test_Settings_Save::gray_channels_come_out_as_digit_3_and_keep_their_coordi
                              "Coordinates channel 4: 0 1"}));
 }
 
-void Test_Settings_Save::the_mouse_mode_follows_the_km_channel_on_a_lite_data() {
+void Test_Settings_Save::
+    the_mouse_mode_follows_the_km_channel_on_a_lite_and_the_mode_elsewhere_data() {
     QTest::addColumn<int>("km_channel");
     QTest::addColumn<bool>("relative");
+    QTest::addColumn<QByteArray>("lite_line");
     QTest::addColumn<QByteArray>("line");
-    QTest::addRow("channel 1, relative") << 1 << true << QByteArray("Mouse Mode: //ks");
-    QTest::addRow("channel 3, absolute") << 3 << false << QByteArray("Mouse Mode: //km");
+    const QByteArray absolute = "Mouse Mode: //ks";
+    const QByteArray relative = "Mouse Mode: //km";
+    QTest::addRow("channel 1, relative") << 1 << true << absolute << relative;
+    QTest::addRow("channel 3, absolute") << 3 << false << relative << absolute;
 }
 
-void Test_Settings_Save::the_mouse_mode_follows_the_km_channel_on_a_lite() {
+void Test_Settings_Save::the_mouse_mode_follows_the_km_channel_on_a_lite_and_the_mode_elsewhere() {
     QFETCH(const int, km_channel);
     QFETCH(const bool, relative);
+    QFETCH(const QByteArray, lite_line);
     QFETCH(const QByteArray, line);
     Switch_State state;
     state.km_channel = km_channel;
     state.relative_mouse = relative;
-    desk->lite.device.unit().set_state(state);
-    QVERIFY(desk->lite.open_filled());
-    QCOMPARE(desk->lite.combo("comboBox_Select_Display_Mode").currentIndex(), relative ? 1 : 0);
-    QCOMPARE(saved_lines().value(23), line);
+    desk->fixture.device.unit().set_state(state);
+    QVERIFY(desk->open_filled());
+    QCOMPARE(desk->fixture.combo("comboBox_Select_Display_Mode").currentIndex(), relative ? 1 : 0);
+    QCOMPARE(saved_lines().value(23), desk->is_lite() ? lite_line : line);
 }
 
 void Test_Settings_Save::a_name_with_blanks_keeps_them_in_the_data_line_only() {
     Switch_State state;
     state.custom_entries[1] = {101, 102, "MY  BIG DESK"};
     state.custom_entries[2] = {103, 104, ""};
-    desk->lite.device.unit().set_state(state);
-    QVERIFY(desk->lite.open_filled());
+    desk->fixture.device.unit().set_state(state);
+    QVERIFY(desk->open_filled());
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(10), "Custom mouse movement setting 2: //MM C2 101 102 MYBIGDESK");
     QCOMPARE(lines.value(14), "Data from mouse movement label 2: 101 102 MY  BIG DESK");
@@ -197,11 +214,11 @@ void Test_Settings_Save::a_name_with_blanks_keeps_them_in_the_data_line_only() {
 }
 
 void Test_Settings_Save::custom_figures_come_from_the_report_and_the_name_from_the_list() {
-    QVERIFY(desk->lite.open_filled());
-    desk->lite.line_edit("lineEdit_Mouse_Movement_Name").setText("two  words ");
-    desk->lite.line_edit("lineEdit_Mouse_Movement_X").setText("7");
-    desk->lite.line_edit("lineEdit_Mouse_Movement_Y").setText("8");
-    desk->lite.button("pushButton_Submit_Custom_Mouse_Movement_Settings").click();
+    QVERIFY(desk->open_filled());
+    desk->custom_field("Name").setText("two  words ");
+    desk->custom_field("X").setText("7");
+    desk->custom_field("Y").setText("8");
+    desk->custom_submit().click();
     // The switch has not been asked again yet.
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(9), "Custom mouse movement setting 1: //MM C1 100 100 two words ");
@@ -211,8 +228,8 @@ void Test_Settings_Save::custom_figures_come_from_the_report_and_the_name_from_t
 void Test_Settings_Save::a_custom_line_is_cut_at_49_bytes() {
     Switch_State state;
     state.custom_entries[3] = {1, 2, QByteArray(60, 'N')};
-    desk->lite.device.unit().set_state(state);
-    QVERIFY(desk->lite.open_filled());
+    desk->fixture.device.unit().set_state(state);
+    QVERIFY(desk->open_filled());
     const QByteArray line = saved_lines().value(12);
     QCOMPARE(line, "Custom mouse movement setting 4: //MM C4 001 002 " + QByteArray(33, 'N'));
 }
@@ -220,23 +237,23 @@ void Test_Settings_Save::a_custom_line_is_cut_at_49_bytes() {
 void Test_Settings_Save::texts_beyond_ascii_are_written_as_utf8() {
     Switch_State state;
     state.custom_entries[0] = {1, 2, "Büro東京"};
-    desk->lite.device.unit().set_state(state);
-    QVERIFY(desk->lite.open_filled());
+    desk->fixture.device.unit().set_state(state);
+    QVERIFY(desk->open_filled());
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(9), "Custom mouse movement setting 1: //MM C1 001 002 Büro東京");
     QCOMPARE(lines.value(13), "Data from mouse movement label 1: 001 002 Büro東京");
 }
 
 void Test_Settings_Save::the_file_holds_what_the_widgets_show() {
-    QVERIFY(desk->lite.open_filled());
-    desk->lite.combo("comboBox_KM_Control").setCurrentIndex(3);
-    desk->lite.combo("comboBox_USB_Control").setCurrentIndex(2);
-    desk->lite.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
-    desk->lite.button("pushButton_OFF_Beep").click();
-    desk->lite.resolution(2).setCurrentIndex(12);
+    QVERIFY(desk->open_filled());
+    desk->fixture.combo("comboBox_KM_Control").setCurrentIndex(3);
+    desk->fixture.combo("comboBox_USB_Control").setCurrentIndex(2);
+    desk->fixture.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
+    desk->fixture.button("pushButton_OFF_Beep").click();
+    desk->fixture.resolution(2).setCurrentIndex(12);
     // Typed, and not applied.
-    desk->lite.line_edit("lineEdit_MouseParking_x").setText("7");
-    desk->lite.line_edit("lineEdit_MouseParking_y").setText("99");
+    desk->fixture.line_edit("lineEdit_MouseParking_x").setText("7");
+    desk->fixture.line_edit("lineEdit_MouseParking_y").setText("99");
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(0), "KM Control: //c4");
     QCOMPARE(lines.value(1), "USB Control: //u3");
@@ -247,12 +264,12 @@ void Test_Settings_Save::the_file_holds_what_the_widgets_show() {
 }
 
 void Test_Settings_Save::with_nothing_chosen_the_commands_say_so() {
-    QVERIFY(desk->lite.open_filled());
+    QVERIFY(desk->open_filled());
     for (const char* name :
          {"comboBox_KM_Control", "comboBox_USB_Control", "comboBox_Select_active_port",
           "comboBox_Enable_or_Disable_Cursor_Roll",
           "comboBox_mouse_movement_resolution_setting_1"}) {
-        desk->lite.combo(name).setCurrentIndex(-1);
+        desk->fixture.combo(name).setCurrentIndex(-1);
     }
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(0), "KM Control: //c0");

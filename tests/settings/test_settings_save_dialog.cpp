@@ -1,6 +1,7 @@
 #include "app/event_log.h"
 #include "tests/app/log_folder.h"
 #include "tests/settings/settings_desk.h"
+#include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"
 
 #include <QDir>
@@ -14,6 +15,7 @@ class Test_Settings_Save_Dialog : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase_data() { add_model_rows(); }
     void init();
     void cleanup();
 
@@ -31,9 +33,14 @@ private slots:
     void a_path_beyond_ascii_is_written();
     void no_ending_is_added_to_the_name();
     void the_next_dialog_begins_in_the_home_again();
-    void the_look_up_of_coordinates_is_logged();
+    void the_look_up_of_coordinates_is_logged_on_the_lite_only();
 
 private:
+    /// How a file of a new unit ends.
+    QByteArray last_lines() const {
+        return QByteArray("\nMouse Mode: //ks\n") +
+               (desk->is_pro() ? "Audio settings: //a 0\nAudio chacked state: ALL\n" : "");
+    }
     QByteArray content() const { return Settings_Desk::read(desk->path()); }
 
     std::unique_ptr<Settings_Desk> desk;
@@ -46,8 +53,10 @@ const QByteArray first_line = "KM Control: //c1\n";
 } // namespace
 
 void Test_Settings_Save_Dialog::init() {
-    desk = std::make_unique<Settings_Desk>();
-    QVERIFY(desk->lite.open_filled());
+    QFETCH_GLOBAL(const Switch_Model, model);
+    desk = std::make_unique<Settings_Desk>(model);
+    QVERIFY(desk->open_filled());
+    desk->robot.forget_sights();
 }
 
 void Test_Settings_Save_Dialog::cleanup() {
@@ -62,7 +71,7 @@ void Test_Settings_Save_Dialog::the_dialog_begins_in_the_users_home_and_shows_te
     QString directory;
     QStringList filters;
     auto accept_mode = QFileDialog::AcceptOpen;
-    const QWidget* parent = &desk->lite.window();
+    const QWidget* parent = &desk->fixture.window();
     desk->expect_file_dialog("Save Settings File", [&](QWidget& modal) {
         const auto& dialog = static_cast<QFileDialog&>(modal);
         directory = dialog.directory().path();
@@ -71,7 +80,7 @@ void Test_Settings_Save_Dialog::the_dialog_begins_in_the_users_home_and_shows_te
         parent = dialog.parentWidget();
         return press_key(Qt::Key_Escape)(modal);
     });
-    desk->lite.button("pushButton_Create_Settings_File").click();
+    desk->fixture.button("pushButton_Create_Settings_File").click();
     QCOMPARE(directory, QDir::homePath());
     QCOMPARE(directory, QFileInfo(desk->path()).path());
     QCOMPARE(filters, QStringList{"Text files (*.txt)"});
@@ -82,56 +91,56 @@ void Test_Settings_Save_Dialog::the_dialog_begins_in_the_users_home_and_shows_te
 void Test_Settings_Save_Dialog::the_status_is_asked_for_before_the_dialog_opens() {
     QByteArrayList before_choice;
     desk->expect_file_dialog("Save Settings File", [&](QWidget& modal) {
-        before_choice = desk->lite.commands();
+        before_choice = desk->fixture.commands();
         return choose_file(desk->path())(modal);
     });
     desk->expect_saved_box();
-    desk->lite.button("pushButton_Create_Settings_File").click();
+    desk->fixture.button("pushButton_Create_Settings_File").click();
     QCOMPARE(before_choice, QByteArrayList{"//rl"});
-    QCOMPARE(desk->lite.commands(), QByteArrayList());
+    QCOMPARE(desk->fixture.commands(), QByteArrayList());
 }
 
 void Test_Settings_Save_Dialog::a_cancelled_dialog_writes_nothing_and_says_nothing() {
     desk->expect_file_dialog("Save Settings File", press_button("Cancel"));
-    desk->lite.button("pushButton_Create_Settings_File").click();
+    desk->fixture.button("pushButton_Create_Settings_File").click();
     QCOMPARE(desk->robot.sights().size(), 1);
-    QCOMPARE(desk->lite.commands(), QByteArrayList{"//rl"});
+    QCOMPARE(desk->fixture.commands(), QByteArrayList{"//rl"});
     QCOMPARE(QDir(QDir::homePath()).entryList(QDir::Files), QStringList());
 }
 
 void Test_Settings_Save_Dialog::a_save_after_a_cancelled_one_works() {
     desk->expect_file_dialog("Save Settings File", press_key(Qt::Key_Escape));
-    desk->lite.button("pushButton_Create_Settings_File").click();
+    desk->fixture.button("pushButton_Create_Settings_File").click();
     QVERIFY2(desk->save(desk->path()), desk->robot.why());
     QVERIFY(content().startsWith(first_line));
-    QVERIFY(content().endsWith("\nMouse Mode: //ks\n"));
+    QVERIFY(content().endsWith(last_lines()));
 }
 
 void Test_Settings_Save_Dialog::the_answer_to_the_question_is_served_while_the_dialog_is_open() {
     desk->expect_file_dialog("Save Settings File", [&](QWidget& modal) {
         // The unit changes its channel meanwhile, and the widgets with it.
-        desk->lite.device.press_hotkey(4);
-        const bool followed =
-            wait_until([&] { return desk->lite.combo("comboBox_KM_Control").currentIndex() == 3; });
+        desk->fixture.device.press_hotkey(4);
+        const bool followed = wait_until(
+            [&] { return desk->fixture.combo("comboBox_KM_Control").currentIndex() == 3; });
         return followed ? choose_file(desk->path())(modal) : "the notice was not served";
     });
     desk->expect_saved_box();
-    desk->lite.button("pushButton_Create_Settings_File").click();
+    desk->fixture.button("pushButton_Create_Settings_File").click();
     QVERIFY2(content().startsWith("KM Control: //c4\nUSB Control: //u4\n"), content());
 }
 
 void Test_Settings_Save_Dialog::a_save_keeps_the_reply_buffer_until_the_next_report() {
     QVERIFY2(desk->save(desk->path()), desk->robot.why());
-    QVERIFY(wait_until([&] { return desk->lite.terminal_text().endsWith("Buzzer: on\n"); }));
-    QVERIFY(desk->lite.say("**C 3\n"));
-    QVERIFY(desk->lite.say("**C 2\n"));
+    QVERIFY(wait_until([&] { return desk->fixture.terminal_text().endsWith("Buzzer: on\n"); }));
+    QVERIFY(desk->fixture.say("**C 3\n"));
+    QVERIFY(desk->fixture.say("**C 2\n"));
     // No report follows the question, so the first notice stays and is the one that is found.
-    QCOMPARE(desk->lite.combo("comboBox_KM_Control").currentIndex(), 2);
-    QVERIFY(desk->lite.run_slot("refresh_UI"));
-    QVERIFY(desk->lite.wait_filled());
-    QVERIFY(desk->lite.say("**C 3\n"));
-    QVERIFY(desk->lite.say("**C 2\n"));
-    QCOMPARE(desk->lite.combo("comboBox_KM_Control").currentIndex(), 1);
+    QCOMPARE(desk->fixture.combo("comboBox_KM_Control").currentIndex(), 2);
+    QVERIFY(desk->fixture.run_slot("refresh_UI"));
+    QVERIFY(desk->fixture.wait_filled());
+    QVERIFY(desk->fixture.say("**C 3\n"));
+    QVERIFY(desk->fixture.say("**C 2\n"));
+    QCOMPARE(desk->fixture.combo("comboBox_KM_Control").currentIndex(), 1);
 }
 
 void Test_Settings_Save_Dialog::an_existing_file_is_replaced_whole() {
@@ -139,7 +148,7 @@ void Test_Settings_Save_Dialog::an_existing_file_is_replaced_whole() {
     desk->expect_file_dialog("Save Settings File", choose_file(desk->path()));
     desk->robot.expect({.class_name = "QMessageBox", .action = press_button("Yes")});
     desk->expect_saved_box();
-    desk->lite.button("pushButton_Create_Settings_File").click();
+    desk->fixture.button("pushButton_Create_Settings_File").click();
     QVERIFY(content().startsWith(first_line));
     QVERIFY(!content().contains('x'));
 }
@@ -149,7 +158,7 @@ void Test_Settings_Save_Dialog::an_existing_file_stays_if_the_user_does_not_want
     desk->expect_file_dialog("Save Settings File", choose_file(desk->path()));
     desk->robot.expect({.class_name = "QMessageBox", .action = press_button("No")});
     desk->expect_file_dialog("Save Settings File", press_key(Qt::Key_Escape));
-    desk->lite.button("pushButton_Create_Settings_File").click();
+    desk->fixture.button("pushButton_Create_Settings_File").click();
     QCOMPARE(content(), QByteArray("precious"));
 }
 
@@ -170,7 +179,7 @@ void Test_Settings_Save_Dialog::a_save_after_one_that_failed_works() {
     QVERIFY2(desk->save("/nowhere/to/be/found/settings.txt"), desk->robot.why());
     QVERIFY2(desk->save(desk->path()), desk->robot.why());
     QVERIFY(content().startsWith(first_line));
-    QVERIFY(content().endsWith("\nMouse Mode: //ks\n"));
+    QVERIFY(content().endsWith(last_lines()));
 }
 
 void Test_Settings_Save_Dialog::a_path_beyond_ascii_is_written() {
@@ -192,11 +201,11 @@ void Test_Settings_Save_Dialog::the_next_dialog_begins_in_the_home_again() {
         directory = static_cast<QFileDialog&>(modal).directory().path();
         return press_key(Qt::Key_Escape)(modal);
     });
-    desk->lite.button("pushButton_Create_Settings_File").click();
+    desk->fixture.button("pushButton_Create_Settings_File").click();
     QCOMPARE(directory, QDir::homePath());
 }
 
-void Test_Settings_Save_Dialog::the_look_up_of_coordinates_is_logged() {
+void Test_Settings_Save_Dialog::the_look_up_of_coordinates_is_logged_on_the_lite_only() {
     const Log_Folder log;
     QCOMPARE(open_log(), 1);
     QVERIFY2(desk->save(desk->path()), desk->robot.why());
@@ -206,7 +215,7 @@ void Test_Settings_Save_Dialog::the_look_up_of_coordinates_is_logged() {
             expected.append(QString("Channel %1       Channel %2").arg(passed).arg(sought));
         }
     }
-    QCOMPARE(log.entries(), expected);
+    QCOMPARE(log.entries(), desk->is_lite() ? expected : QStringList());
     close_log();
 }
 

@@ -30,7 +30,7 @@ private:
     void note_sent(const QByteArray& bytes) { sent += bytes.size(); }
 
     std::unique_ptr<Settings_Desk> desk;
-    Lite_Fixture* lite = nullptr;
+    Window_Fixture* lite = nullptr;
     std::unique_ptr<Soak> soak;
     qint64 sent = 0;
     int chunks = 0;
@@ -57,7 +57,7 @@ void Test_Soak::init() {
     sent = 0;
     chunks = 0;
     desk = std::make_unique<Settings_Desk>();
-    lite = &desk->lite;
+    lite = &desk->fixture;
     lite->device.unit().set_state(used_unit());
     connect(&lite->device, &Simulated_Switch::sent, this, &Test_Soak::note_sent);
     lite->open();
@@ -166,7 +166,7 @@ void Test_Soak::loading_settings_leaves_nothing_behind() {
             own_clock::leap(second_part_wait);
             // Then the layout that the unit confirms is asked for.
             if (!wait_until([&] { return desk->robot.done(); }) ||
-                !wait_obeyed(second_part_labels.size() + 1)) {
+                !wait_obeyed(desk->sent_in_second_part(Settings_Lines()).size() + 1)) {
                 return false;
             }
             own_clock::leap(report_wait);
