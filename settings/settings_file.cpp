@@ -2,31 +2,7 @@
 
 #include "app/message_box.h"
 #include "settings/file_dialogs.h"
-
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <utility>
-
-namespace {
-
-std::filesystem::path native_path(const QString& path) { return {path.toStdU16String()}; }
-
-/// Takes the CR of every CR LF away, so that a file from Windows reads the same everywhere.
-void drop_carriage_returns(std::string& text) {
-    const std::size_t first = std::min(text.find('\r'), text.size());
-    std::size_t kept = first;
-    for (std::size_t i = first; i < text.size(); ++i) {
-        const bool before_line_feed = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
-        if (!before_line_feed) {
-            text[kept] = text[i];
-            ++kept;
-        }
-    }
-    text.resize(kept);
-}
-
-} // namespace
+#include "settings/file_storage.h"
 
 // Custom names come before the resolutions, because a resolution of 10 to 13 picks an item that
 // must already stand in the list.
@@ -94,25 +70,29 @@ void Settings_File::ask_for_load_path() {
     load_path = ask_what_to_load();
 }
 
-void Settings_File::open_output() { out_file.open(native_path(save_path)); }
-
-void Settings_File::write_setting_line(std::string_view label, const QString& value) {
-    out_file << label << value.toStdString() << '\n';
+void Settings_File::add_line(std::string& lines, std::string_view label, const QString& value) {
+    lines += label;
+    lines += value.toStdString();
+    lines += '\n';
 }
 
-void Settings_File::read_whole_file() {
-    constexpr std::size_t block_size = 1U << 16U;
-    std::ifstream in_file(native_path(load_path));
-    file_text.clear();
-    // A reading error, as of a failing disk, ends the text and throws nothing.
-    while (in_file) {
-        const std::size_t size_before = file_text.size();
-        file_text.resize(size_before + block_size);
-        in_file.read(file_text.data() + size_before, block_size);
-        file_text.resize(size_before + static_cast<std::size_t>(in_file.gcount()));
+void Settings_File::write_output(const std::string& lines) {
+    written_text = lines;
+    output_open = replace_file(save_path, written_text);
+}
+
+void Settings_File::append_output(const std::string& lines) {
+    if (output_open) {
+        write_output(written_text + lines);
     }
-    drop_carriage_returns(file_text);
 }
+
+void Settings_File::close_output() {
+    written_text.clear();
+    output_open = false;
+}
+
+void Settings_File::read_whole_file() { file_text = read_file(load_path); }
 
 void Settings_File::show_saved_box() {
     show_information_box("File saved", QMessageBox::Information);

@@ -4,7 +4,6 @@
 
 #include <QString>
 
-#include <fstream>
 #include <span>
 #include <string>
 #include <string_view>
@@ -41,14 +40,15 @@ inline constexpr std::string_view audio_state = "Audio chacked state: ";
 /// replayed into widgets and switch in two parts.
 ///
 /// The operations take the window's settings as an argument, any type that offers the getters and
-/// apply_and_send_setting(); they exist once for all three models. A file that can't be opened is
-/// told nowhere: the save ends with its usual box, and a load finds every value empty.
+/// apply_and_send_setting(); they exist once for all three models. The user hears nothing of a file
+/// that can't be read or written: the save ends with its usual box, and a load finds every value
+/// empty. What stood in a file before a save that failed stands there still.
 class Settings_File {
 public:
     /// Asks for a file name, writes all lines but the audio ones, and says "File saved". A
     /// cancelled dialog writes and says nothing. The file of the model "pro" stays open for its
     /// audio lines.
-    /// @throws what a getter throws; the file is then cut short.
+    /// @throws what a getter throws; the file has not been touched then.
     template <class Window>
     void save_settings(Window& window);
     /// As save_settings; after its box the two audio lines follow.
@@ -88,8 +88,12 @@ private:
 
     void ask_for_save_path();
     void ask_for_load_path();
-    void open_output();
-    void write_setting_line(std::string_view label, const QString& value);
+    static void add_line(std::string& lines, std::string_view label, const QString& value);
+    /// The lines become the file.
+    void write_output(const std::string& lines);
+    /// The lines follow in the file, unless it could not be written or has been closed.
+    void append_output(const std::string& lines);
+    void close_output();
     void read_whole_file();
     static void show_saved_box();
     static void show_applied_box();
@@ -105,14 +109,16 @@ private:
     QString save_path;
     QString load_path;
     std::string file_text;
-    std::ofstream out_file;
+    /// What stands in the file being written, while further lines may follow.
+    std::string written_text;
+    bool output_open = false;
 };
 
 template <class Window>
 void Settings_File::save_settings(Window& window) {
     ask_for_save_path();
     if (save_path.isEmpty()) {
-        out_file.close();
+        close_output();
         return;
     }
     write_settings(window);
@@ -123,41 +129,45 @@ template <class Window>
 void Settings_File::save_settings_with_audio(Window& window) {
     save_settings(window);
     if (!save_path.isEmpty()) {
-        write_setting_line(setting_label::audio_command, window.get_audio_command());
-        write_setting_line(setting_label::audio_state, window.get_audio_state_text());
+        std::string lines;
+        add_line(lines, setting_label::audio_command, window.get_audio_command());
+        add_line(lines, setting_label::audio_state, window.get_audio_state_text());
+        append_output(lines);
     }
-    out_file.close();
+    close_output();
 }
 
 template <class Window>
 void Settings_File::write_settings(Window& window) {
-    open_output();
-    write_setting_line(setting_label::km_control, window.get_km_control_command());
-    write_setting_line(setting_label::usb_control, window.get_usb_control_command());
-    write_setting_line(setting_label::limit_ports, window.get_limit_ports_command());
-    write_setting_line(setting_label::cursor_rolling, window.get_cursor_roll_command());
-    write_setting_line(setting_label::mouse_parking, window.get_mouse_parking_command());
+    // All of them before the file is touched: a getter may throw.
+    std::string lines;
+    add_line(lines, setting_label::km_control, window.get_km_control_command());
+    add_line(lines, setting_label::usb_control, window.get_usb_control_command());
+    add_line(lines, setting_label::limit_ports, window.get_limit_ports_command());
+    add_line(lines, setting_label::cursor_rolling, window.get_cursor_roll_command());
+    add_line(lines, setting_label::mouse_parking, window.get_mouse_parking_command());
     for (int channel = 1; channel <= 4; ++channel) {
-        write_setting_line(setting_label::resolutions[channel - 1],
-                           window.get_resolution_command(channel));
+        add_line(lines, setting_label::resolutions[channel - 1],
+                 window.get_resolution_command(channel));
     }
     for (int number = 1; number <= 4; ++number) {
-        write_setting_line(setting_label::custom_settings[number - 1],
-                           window.get_custom_setting_command(number));
+        add_line(lines, setting_label::custom_settings[number - 1],
+                 window.get_custom_setting_command(number));
     }
     for (int number = 1; number <= 4; ++number) {
-        write_setting_line(setting_label::custom_labels[number - 1],
-                           window.get_custom_label_text(number));
+        add_line(lines, setting_label::custom_labels[number - 1],
+                 window.get_custom_label_text(number));
     }
-    write_setting_line(setting_label::grid, window.get_grid_command());
+    add_line(lines, setting_label::grid, window.get_grid_command());
     for (int channel = 1; channel <= 4; ++channel) {
-        write_setting_line(setting_label::coordinates[channel - 1],
-                           window.get_channel_coordinates("Channel " + QString::number(channel)));
+        add_line(lines, setting_label::coordinates[channel - 1],
+                 window.get_channel_coordinates("Channel " + QString::number(channel)));
     }
-    write_setting_line(setting_label::buzzer, window.get_buzzer_command());
-    write_setting_line(setting_label::mouse_mode, window.get_mouse_mode_command());
+    add_line(lines, setting_label::buzzer, window.get_buzzer_command());
+    add_line(lines, setting_label::mouse_mode, window.get_mouse_mode_command());
+    write_output(lines);
     if (window.get_model_tag() != model_with_audio) {
-        out_file.close();
+        close_output();
     }
 }
 
@@ -183,7 +193,7 @@ void Settings_File::load_settings_with_audio(Window& window, int mode) {
         apply_lines(window, audio_lines);
         apply_lines(window, closing_lines);
         load_path.clear();
-        out_file.close();
+        close_output();
     }
 }
 

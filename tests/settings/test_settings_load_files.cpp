@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QTest>
 
+#include <sys/stat.h>
+
 /// Files of all kinds: other line ends, bytes that are no text, and paths with nothing to read.
 class Test_Settings_Load_Files : public QObject {
     Q_OBJECT
@@ -180,11 +182,22 @@ void Test_Settings_Load_Files::a_path_with_nothing_to_read_is_a_file_without_lab
     QTest::addRow("a file in place of the folder") << "/dev/null/settings.txt";
     // It opens, and the first reading fails.
     QTest::addRow("a file that can't be read on") << "/proc/self/mem";
+    QTest::addRow("a high surrogate alone") << QString(QChar(0xD83D)) + ".txt";
+    QTest::addRow("a low surrogate alone") << QString("a") + QChar(0xDDA5);
+    // Opening it would wait for a writer.
+    QTest::addRow("a pipe") << "pipe";
+    QTest::addRow("a link to a pipe") << "link";
+    // It would never end.
+    QTest::addRow("a device") << "/dev/zero";
 }
 
 void Test_Settings_Load_Files::a_path_with_nothing_to_read_is_a_file_without_labels() {
     QFETCH(const QString, path);
-    QVERIFY2(load(path, first_errors_without_lines, mode_errors_without_lines), desk->robot.why());
+    QCOMPARE(mkfifo(desk->path("pipe").toUtf8(), 0600), 0);
+    QVERIFY(QFile::link(desk->path("pipe"), desk->path("link")));
+    QVERIFY2(load(QDir(desk->path("")).filePath(path), first_errors_without_lines,
+                  mode_errors_without_lines),
+             desk->robot.why());
     QCOMPARE(desk->fixture.commands(), QByteArrayList(desk->sent_count()));
 }
 

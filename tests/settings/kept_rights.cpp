@@ -1,0 +1,98 @@
+#include "tests/settings/kept_rights.h"
+
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <csignal>
+#include <linux/capability.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+#include <vector>
+
+Full_Disk::Full_Disk(qint64 bytes) {
+    getrlimit(RLIMIT_FSIZE, &earlier);
+    rlimit now = earlier;
+    now.rlim_cur = static_cast<rlim_t>(bytes);
+    if (setrlimit(RLIMIT_FSIZE, &now) != 0) {
+        qFatal("the length of files can't be limited");
+    }
+}
+
+Full_Disk::~Full_Disk() { setrlimit(RLIMIT_FSIZE, &earlier); }
+
+void ignore_full_disk_signal() { std::signal(SIGXFSZ, SIG_IGN); }
+
+namespace {
+
+using Capabilities = __user_cap_data_struct[2];
+
+void get_capabilities(Capabilities& capabilities) {
+    __user_cap_header_struct header = {_LINUX_CAPABILITY_VERSION_3, 0};
+    if (syscall(SYS_capget, &header, &capabilities) != 0) {
+        qFatal("the program's rights can't be read");
+    }
+}
+
+void set_capabilities(const Capabilities& capabilities) {
+    __user_cap_header_struct header = {_LINUX_CAPABILITY_VERSION_3, 0};
+    if (syscall(SYS_capset, &header, &capabilities) != 0) {
+        qFatal("the program's rights can't be set");
+    }
+}
+
+const char* heard_category = nullptr;
+QStringList heard_lines;
+QtMessageHandler earlier_handler = nullptr;
+
+void hear(QtMsgType type, const QMessageLogContext& context, const QString& line) {
+    if (qstrcmp(context.category, heard_category) == 0) {
+        heard_lines.append(line);
+    } else {
+        earlier_handler(type, context, line);
+    }
+}
+
+} // namespace
+
+Plain_Rights::Plain_Rights() {
+    Capabilities capabilities = {};
+    get_capabilities(capabilities);
+    for (int word = 0; word < 2; ++word) {
+        effective[word] = capabilities[word].effective;
+        capabilities[word].effective = 0;
+    }
+    set_capabilities(capabilities);
+}
+
+Plain_Rights::~Plain_Rights() {
+    Capabilities capabilities = {};
+    get_capabilities(capabilities);
+    for (int word = 0; word < 2; ++word) {
+        capabilities[word].effective = effective[word];
+    }
+    set_capabilities(capabilities);
+}
+
+gid_t another_group() {
+    if (geteuid() == 0) {
+        return 4321;
+    }
+    std::vector<gid_t> groups(static_cast<std::size_t>(std::max(getgroups(0, nullptr), 0)));
+    const int count = getgroups(static_cast<int>(groups.size()), groups.data());
+    for (int i = 0; i < count; ++i) {
+        if (groups[static_cast<std::size_t>(i)] != getegid()) {
+            return groups[static_cast<std::size_t>(i)];
+        }
+    }
+    return getegid();
+}
+
+Heard_Diagnostics::Heard_Diagnostics(const char* category) {
+    heard_category = category;
+    heard_lines.clear();
+    earlier_handler = qInstallMessageHandler(hear);
+}
+
+Heard_Diagnostics::~Heard_Diagnostics() { qInstallMessageHandler(earlier_handler); }
+
+QStringList Heard_Diagnostics::lines() { return heard_lines; }

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QStringList>
+
+#include <sys/resource.h>
+#include <sys/types.h>
+
+/// A disk that takes no file longer than so many bytes, for the lifetime of an object. Needs
+/// ignore_full_disk_signal().
+class Full_Disk {
+public:
+    explicit Full_Disk(qint64 bytes);
+    ~Full_Disk();
+    Full_Disk(const Full_Disk&) = delete;
+    Full_Disk& operator=(const Full_Disk&) = delete;
+
+private:
+    rlimit earlier = {};
+};
+
+/// A write beyond the limit fails from now on, instead of ending the program.
+void ignore_full_disk_signal();
+
+/// The rights of a plain user for the lifetime of an object: root too is held by the modes of files
+/// and folders.
+class Plain_Rights {
+public:
+    Plain_Rights();
+    ~Plain_Rights();
+    Plain_Rights(const Plain_Rights&) = delete;
+    Plain_Rights& operator=(const Plain_Rights&) = delete;
+
+private:
+    unsigned int effective[2] = {};
+};
+
+/// A group that files may be given to and that new files do not have; without one the user's own.
+gid_t another_group();
+
+/// What a logging category says for the lifetime of an object; everything else is told as ever.
+class Heard_Diagnostics {
+public:
+    explicit Heard_Diagnostics(const char* category);
+    ~Heard_Diagnostics();
+    Heard_Diagnostics(const Heard_Diagnostics&) = delete;
+    Heard_Diagnostics& operator=(const Heard_Diagnostics&) = delete;
+
+    [[nodiscard]] static QStringList lines();
+};
