@@ -18,6 +18,22 @@ std::string joined(std::initializer_list<std::string_view> parts) {
     return whole;
 }
 
+bool is_inside_character(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+/// What fits of a UTF-8 text, in whole characters; of bytes that are none, all that fit.
+std::string cut(std::string text, std::size_t limit) {
+    constexpr std::size_t longest_rest = 3;
+    if (text.size() <= limit) {
+        return text;
+    }
+    std::size_t end = limit;
+    while (is_inside_character(text[end]) && limit - end < longest_rest) {
+        --end;
+    }
+    text.resize(is_inside_character(text[end]) ? limit : end);
+    return text;
+}
+
 } // namespace
 
 QString numbered(std::string_view command, int number) {
@@ -38,14 +54,13 @@ QString mouse_parking_command(const QString& x, const QString& y) {
 
 std::string submitted_custom_setting(std::string_view entry, std::string_view x, std::string_view y,
                                      std::string_view name) {
-    return joined({"//MM C", entry, " ", x, " ", y, " ", name, " "})
-        .substr(0, submitted_custom_limit);
+    return cut(joined({"//MM C", entry, " ", x, " ", y, " ", name, " "}), submitted_custom_limit);
 }
 
 std::string filed_custom_setting(int entry, std::string_view x, std::string_view y,
                                  std::string_view name) {
-    std::string line = joined({"//MM C", std::to_string(entry), " ", x, " ", y, " ", name})
-                           .substr(0, filed_custom_limit);
+    std::string line = cut(joined({"//MM C", std::to_string(entry), " ", x, " ", y, " ", name}),
+                           filed_custom_limit);
     for (std::size_t at = line.find("  "); at != std::string::npos; at = line.find("  ", at)) {
         line.erase(at, 1);
     }

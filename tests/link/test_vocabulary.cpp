@@ -16,6 +16,8 @@ private slots:
     void the_filed_custom_entry_has_neither();
     void double_blanks_are_squeezed_only_in_the_file();
     void long_custom_entries_are_cut_at_their_buffers_end();
+    void a_cut_never_leaves_a_piece_of_a_character();
+    void bytes_that_are_no_characters_are_cut_where_they_are();
     void audio_channels_stand_behind_one_blank_each();
     void connected_markers();
     void keys_of_answers_data();
@@ -103,6 +105,37 @@ void Test_Vocabulary::long_custom_entries_are_cut_at_their_buffers_end() {
     // Cut first, squeezed then.
     const std::string squeezed = vocabulary::filed_custom_setting(1, "  1", "2", name);
     QCOMPARE(squeezed, ("//MM C1 1 2 " + name).substr(0, 47));
+}
+
+void Test_Vocabulary::a_cut_never_leaves_a_piece_of_a_character() {
+    const auto filed = [](const std::string& name) {
+        return vocabulary::filed_custom_setting(1, "100", "200", name);
+    };
+    const auto submitted = [](const std::string& name) {
+        return vocabulary::submitted_custom_setting("C1", "100", "200", name);
+    };
+    // 33 bytes of a name fit into a file's line, and 82 into the unit's.
+    const std::string filed_head = "//MM C1 100 200 ";
+    const std::string submitted_head = "//MM CC1 100 200 ";
+    for (const std::string character : {"\u00fc", "\u6771", "\U0001f5a5"}) {
+        for (std::size_t fitting = 0; fitting < character.size(); ++fitting) {
+            const std::string filed_name(33 - fitting, 'N');
+            QCOMPARE(filed(filed_name + character + "X"), filed_head + filed_name);
+            const std::string submitted_name(82 - fitting, 'N');
+            QCOMPARE(submitted(submitted_name + character + "X"), submitted_head + submitted_name);
+        }
+        const std::string filed_name = std::string(33 - character.size(), 'N') + character;
+        QCOMPARE(filed(filed_name), filed_head + filed_name);
+        QCOMPARE(filed(filed_name + character), filed_head + filed_name);
+        const std::string submitted_name = std::string(82 - character.size(), 'N') + character;
+        QCOMPARE(submitted(submitted_name + character), submitted_head + submitted_name);
+    }
+}
+
+void Test_Vocabulary::bytes_that_are_no_characters_are_cut_where_they_are() {
+    const std::string bytes(60, '\x80');
+    QCOMPARE(vocabulary::filed_custom_setting(1, "100", "200", bytes),
+             "//MM C1 100 200 " + std::string(33, '\x80'));
 }
 
 void Test_Vocabulary::audio_channels_stand_behind_one_blank_each() {

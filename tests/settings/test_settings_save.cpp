@@ -22,6 +22,7 @@ private slots:
     void a_name_with_blanks_keeps_them_in_the_data_line_only();
     void custom_figures_come_from_the_report_and_the_name_from_the_list();
     void a_custom_line_is_cut_at_49_bytes();
+    void a_custom_line_is_cut_between_characters();
     void texts_beyond_ascii_are_written_as_utf8();
     void the_file_holds_what_the_widgets_show();
     void with_nothing_chosen_the_commands_say_so();
@@ -232,6 +233,15 @@ void Test_Settings_Save::a_custom_line_is_cut_at_49_bytes() {
     QVERIFY(desk->open_filled());
     const QByteArray line = saved_lines().value(12);
     QCOMPARE(line, "Custom mouse movement setting 4: //MM C4 001 002 " + QByteArray(33, 'N'));
+}
+
+void Test_Settings_Save::a_custom_line_is_cut_between_characters() {
+    Switch_State state;
+    state.custom_entries[3] = {1, 2, QByteArray(31, 'N') + "東京"};
+    desk->fixture.device.unit().set_state(state);
+    QVERIFY(desk->open_filled());
+    QCOMPARE(saved_lines().value(12),
+             "Custom mouse movement setting 4: //MM C4 001 002 " + QByteArray(31, 'N'));
 }
 
 void Test_Settings_Save::texts_beyond_ascii_are_written_as_utf8() {
