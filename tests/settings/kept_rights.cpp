@@ -3,6 +3,7 @@
 #include <QLoggingCategory>
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <linux/capability.h>
 #include <sys/syscall.h>
@@ -19,6 +20,25 @@ Full_Disk::Full_Disk(qint64 bytes) {
 }
 
 Full_Disk::~Full_Disk() { setrlimit(RLIMIT_FSIZE, &earlier); }
+
+namespace {
+
+bool fails_to_synchronise = false;
+
+} // namespace
+
+/// In place of the system's own, whose name the product's call finds here first.
+extern "C" int fsync(int descriptor) {
+    if (fails_to_synchronise) {
+        errno = ENOSPC;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_fsync, descriptor));
+}
+
+Late_Full_Disk::Late_Full_Disk() { fails_to_synchronise = true; }
+
+Late_Full_Disk::~Late_Full_Disk() { fails_to_synchronise = false; }
 
 void ignore_full_disk_signal() { std::signal(SIGXFSZ, SIG_IGN); }
 

@@ -18,6 +18,15 @@ private:
     rlimit earlier = {};
 };
 
+/// A disk that tells only when it is synchronised that it is full, for the lifetime of an object.
+class Late_Full_Disk {
+public:
+    Late_Full_Disk();
+    ~Late_Full_Disk();
+    Late_Full_Disk(const Late_Full_Disk&) = delete;
+    Late_Full_Disk& operator=(const Late_Full_Disk&) = delete;
+};
+
 /// A write beyond the limit fails from now on, instead of ending the program.
 void ignore_full_disk_signal();
 

@@ -31,6 +31,7 @@ private slots:
     void a_reader_of_the_old_file_reads_it_to_its_end();
     void nothing_is_left_beside_the_file();
     void a_full_disk_keeps_the_old_file();
+    void a_disk_that_is_full_when_it_is_synchronised_keeps_the_old_file();
     void a_full_disk_leaves_no_new_file();
     void a_disk_that_fills_up_before_the_audio_lines_keeps_all_others();
     void a_file_that_failed_gets_no_audio_lines_later();
@@ -217,6 +218,14 @@ void Test_Settings_Keep::nothing_is_left_beside_the_file() {
 void Test_Settings_Keep::a_full_disk_keeps_the_old_file() {
     desk->write("precious\n");
     const Full_Disk full(100);
+    QVERIFY2(save_over(desk->path()), desk->robot.why());
+    QCOMPARE(Settings_Desk::read(desk->path()), QByteArray("precious\n"));
+    QCOMPARE(names_in_folder(), QStringList{"settings.txt"});
+}
+
+void Test_Settings_Keep::a_disk_that_is_full_when_it_is_synchronised_keeps_the_old_file() {
+    desk->write("precious\n");
+    const Late_Full_Disk full;
     QVERIFY2(save_over(desk->path()), desk->robot.why());
     QCOMPARE(Settings_Desk::read(desk->path()), QByteArray("precious\n"));
     QCOMPARE(names_in_folder(), QStringList{"settings.txt"});
