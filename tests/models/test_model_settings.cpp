@@ -1,5 +1,3 @@
-#include "app/event_log.h"
-#include "tests/app/open_log.h"
 #include "tests/support/find_child.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/model_fixture.h"
@@ -10,7 +8,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-/// The rows of the model table that concern settings files, each on all three windows.
+/// Settings files in which the models differ, each on all three windows.
 class Test_Model_Settings : public QObject {
     Q_OBJECT
 
@@ -19,22 +17,15 @@ private slots:
     void init();
     void cleanup();
 
-    void the_whole_file_of_a_unit();
-    void the_mouse_mode_line_follows_the_km_channel_on_the_lite_only();
-    void a_coordinates_look_up_is_logged_on_the_lite_only();
-    void the_saved_box_comes_before_the_audio_lines();
     void a_pro_file_sends_its_audio_command_on_the_pro_only();
     void a_file_without_audio_leaves_the_pros_boxes_and_sends_a_lone_return();
-    void a_cancelled_save_writes_nothing_and_the_next_one_works();
     void a_file_chosen_soon_after_a_cancel_gets_its_second_part_early_on_plus_and_pro();
 
 private:
-    [[nodiscard]] const Model_Facts& row() const { return model_row(tested); }
     [[nodiscard]] bool is_lite() const { return tested == Switch_Model::lite; }
+    [[nodiscard]] bool is_pro() const { return tested == Switch_Model::pro; }
     [[nodiscard]] QString path() const { return folder.filePath("unit.txt"); }
-    [[nodiscard]] QByteArray file_text() const;
     void write_file(const QByteArray& text) const;
-    void save();
     /// Loads the file and waits until its second part has been applied.
     [[nodiscard]] bool load();
 
@@ -105,22 +96,10 @@ void Test_Model_Settings::cleanup() {
     QCOMPARE(windows_left(), QStringList{});
 }
 
-QByteArray Test_Model_Settings::file_text() const {
-    QFile file(path());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-}
-
 void Test_Model_Settings::write_file(const QByteArray& text) const {
     QFile file(path());
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(text), text.size());
-}
-
-void Test_Model_Settings::save() {
-    robot->expect({.class_name = "QFileDialog", .action = choose_file(path())});
-    robot->expect(
-        {.class_name = "QMessageBox", .text = "File saved", .action = press_button("OK")});
-    fixture->button("pushButton_Create_Settings_File").click();
 }
 
 bool Test_Model_Settings::load() {
@@ -132,54 +111,6 @@ bool Test_Model_Settings::load() {
     return wait_until([this] { return robot->done(); }, 10'000);
 }
 
-void Test_Model_Settings::the_whole_file_of_a_unit() {
-    QVERIFY(fixture->open_filled());
-    if (row().has_audio) {
-        const auto& box = find_child<QCheckBox>(fixture->window(), "checkBox_ch3");
-        QVERIFY(wait_until([&] { return box.isChecked(); }));
-    }
-    save();
-    QCOMPARE(file_text(), QByteArray(common_lines) + (row().has_audio ? audio_lines : ""));
-}
-
-void Test_Model_Settings::the_mouse_mode_line_follows_the_km_channel_on_the_lite_only() {
-    Switch_State state = documented_unit();
-    state.km_channel = 1;
-    fixture->device.unit().set_state(state);
-    QVERIFY(fixture->open_filled());
-    save();
-    const QByteArray line = QByteArray("\nMouse Mode: ") + (is_lite() ? "//ks\n" : "//km\n");
-    QVERIFY2(file_text().contains(line), file_text().constData());
-}
-
-void Test_Model_Settings::a_coordinates_look_up_is_logged_on_the_lite_only() {
-    QVERIFY(fixture->open_filled());
-    const Open_Log log;
-    save();
-    // The first channel is found at the first comparison, the fourth at the fourth.
-    QCOMPARE(log.entries().size(), row().logs_coordinate_lookup ? 1 + 2 + 3 + 4 : 0);
-    if (row().logs_coordinate_lookup) {
-        QCOMPARE(log.entries().first(), "Channel 1       Channel 1");
-        QCOMPARE(log.entries().last(), "Channel 4       Channel 4");
-    }
-}
-
-void Test_Model_Settings::the_saved_box_comes_before_the_audio_lines() {
-    QVERIFY(fixture->open_filled());
-    QByteArray text_at_box;
-    robot->expect({.class_name = "QFileDialog", .action = choose_file(path())});
-    robot->expect({.class_name = "QMessageBox",
-                   .text = "File saved",
-                   .action = in_order({[&](QWidget&) {
-                                           text_at_box = file_text();
-                                           return QString();
-                                       },
-                                       press_button("OK")})});
-    fixture->button("pushButton_Create_Settings_File").click();
-    QVERIFY(!text_at_box.contains("Audio"));
-    QCOMPARE(file_text().count("Audio"), row().has_audio ? 2 : 0);
-}
-
 void Test_Model_Settings::a_pro_file_sends_its_audio_command_on_the_pro_only() {
     QVERIFY(fixture->open_filled());
     write_file(QByteArray(common_lines) + audio_lines);
@@ -187,11 +118,11 @@ void Test_Model_Settings::a_pro_file_sends_its_audio_command_on_the_pro_only() {
     QVERIFY(load());
     QByteArrayList sent = fixture->commands();
     sent.removeAll("//BP"); // the unit's word on the layout is asked for in between
-    QCOMPARE(sent.contains("//a 1 3"), row().has_audio);
+    QCOMPARE(sent.contains("//a 1 3"), is_pro());
     QVERIFY(!sent.contains("13"));
     QVERIFY(!sent.contains(""));
     QCOMPARE(sent.last(), QByteArray("//km"));
-    if (row().has_audio) {
+    if (is_pro()) {
         QVERIFY(find_child<QCheckBox>(fixture->window(), "checkBox_ch1").isChecked());
         QVERIFY(find_child<QCheckBox>(fixture->window(), "checkBox_ch3").isChecked());
     }
@@ -199,30 +130,18 @@ void Test_Model_Settings::a_pro_file_sends_its_audio_command_on_the_pro_only() {
 
 void Test_Model_Settings::a_file_without_audio_leaves_the_pros_boxes_and_sends_a_lone_return() {
     QVERIFY(fixture->open_filled());
-    if (row().has_audio) {
+    if (is_pro()) {
         const auto& box = find_child<QCheckBox>(fixture->window(), "checkBox_ch3");
         QVERIFY(wait_until([&] { return box.isChecked(); }));
     }
     write_file(common_lines);
     fixture->device.clear_record();
     QVERIFY(load());
-    QCOMPARE(fixture->commands().count(QByteArray()), row().has_audio ? 1 : 0);
-    if (row().has_audio) {
+    QCOMPARE(fixture->commands().count(QByteArray()), is_pro() ? 1 : 0);
+    if (is_pro()) {
         QVERIFY(find_child<QCheckBox>(fixture->window(), "checkBox_ch1").isChecked());
         QVERIFY(find_child<QCheckBox>(fixture->window(), "checkBox_ch3").isChecked());
     }
-}
-
-void Test_Model_Settings::a_cancelled_save_writes_nothing_and_the_next_one_works() {
-    QVERIFY(fixture->open_filled());
-    robot->expect({.class_name = "QFileDialog", .action = press_button("Cancel")});
-    fixture->button("pushButton_Create_Settings_File").click();
-    QVERIFY2(robot->done(), robot->why());
-    QCOMPARE(fixture->commands(), QByteArrayList{"//rl"});
-    QCOMPARE(file_text(), QByteArray("no file"));
-    save();
-    QVERIFY2(robot->done(), robot->why());
-    QVERIFY(file_text().startsWith("KM Control: //c2\n"));
 }
 
 void Test_Model_Settings::
@@ -234,7 +153,7 @@ void Test_Model_Settings::
     // The cancelled load's timer is running on Plus and Pro; it finds this file's first part.
     QTest::qWait(1000);
     robot->expect({.class_name = "QFileDialog", .action = choose_file(path())});
-    const int boxes = row().arms_second_part_after_cancel ? 2 : 1;
+    const int boxes = !is_lite() ? 2 : 1;
     for (int i = 0; i < boxes; ++i) {
         robot->expect({.class_name = "QMessageBox",
                        .text = "Settings file applied",
