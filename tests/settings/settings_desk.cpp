@@ -100,15 +100,10 @@ bool Settings_Desk::load_first_part(const QString& file_path, int error_boxes) {
     return robot.done();
 }
 
-bool Settings_Desk::load_second_part_now(int error_boxes, int mode_error_boxes) {
+bool Settings_Desk::wait_for_second_part(int error_boxes, int mode_error_boxes) {
     expect_error_boxes(error_boxes + (is_pro() ? 0 : mode_error_boxes));
     expect_applied_box();
     expect_error_boxes(is_pro() ? mode_error_boxes : 0);
-    return fixture.run_slot("load_second_part_of_settings") && robot.done();
-}
-
-bool Settings_Desk::wait_for_second_part() {
-    expect_applied_box();
     return wait_until([this] { return robot.done(); }, 60'000);
 }
 

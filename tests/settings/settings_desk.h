@@ -52,12 +52,9 @@ public:
     /// Clicks the button and chooses the file. Its first part has been applied afterwards, with so
     /// many error boxes on the way.
     [[nodiscard]] bool load_first_part(const QString& file_path, int error_boxes = 0);
-    /// Calls the second part now instead of in two seconds, with so many error boxes on the way and
-    /// so many more at the line of the mouse mode, which a Pro applies after the box "Settings file
-    /// applied".
-    [[nodiscard]] bool load_second_part_now(int error_boxes = 0, int mode_error_boxes = 0);
-    /// Waits for the second part and its box.
-    [[nodiscard]] bool wait_for_second_part();
+    /// Waits for the second part and its box, with so many error boxes on the way and so many more
+    /// at the line of the mouse mode, which a Pro applies after the box "Settings file applied".
+    [[nodiscard]] bool wait_for_second_part(int error_boxes = 0, int mode_error_boxes = 0);
 
     /// The switch hears and obeys but says nothing from now on, so that its answers bring no
     /// further commands.

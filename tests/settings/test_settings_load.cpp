@@ -128,7 +128,7 @@ void Test_Settings_Load::the_second_part_fills_the_rest() {
     lines["Mouse Mode: "] = "//km";
     desk->fixture.combo("comboBox_number_of_setting").setCurrentIndex(1);
     QVERIFY2(desk->load_first_part(desk->write(lines.text())), desk->robot.why());
-    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     QCOMPARE(desk->checked_audio_boxes(), desk->is_pro() ? "ch2 ch4" : "");
     const Window_Fixture& fixture = desk->fixture;
     QCOMPARE(fixture.combo("comboBox_USB_Control").currentIndex(), 2);
@@ -161,7 +161,7 @@ void Test_Settings_Load::the_box_comes_when_all_but_a_pros_last_lines_has_been_a
                             speed = desk->custom_field("X").text();
                             return press_key(Qt::Key_Return)(box);
                         }});
-    QVERIFY(desk->fixture.run_slot("load_second_part_of_settings"));
+    QVERIFY2(wait_until([&] { return desk->robot.done(); }), desk->robot.why());
     QCOMPARE(before_ok, desk->sent_before_box(lines));
     QCOMPARE(picture, "..../.12./.3d./....");
     // The mouse mode refills the fields, on a Pro behind the box.
@@ -220,7 +220,7 @@ void Test_Settings_Load::every_switch_answer_during_a_load_is_served() {
 void Test_Settings_Load::a_confirmed_layout_is_read_back_and_nothing_else() {
     QVERIFY2(desk->load_first_part(desk->write(lines.text())), desk->robot.why());
     QCOMPARE(desk->fixture.commands(), lines.values(first_part_labels));
-    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     QVERIFY(wait_until([&] { return desk->fixture.device.received_commands().contains("//BP"); }));
     // A Pro's last lines wait for its box, and the switch does not.
     QByteArrayList sent = desk->fixture.commands();
@@ -237,7 +237,7 @@ void Test_Settings_Load::the_order_of_the_lines_does_not_matter() {
     desk->silence_switch();
     QVERIFY2(desk->load_first_part(desk->write(lines.reversed_text())), desk->robot.why());
     QCOMPARE(desk->fixture.commands(), lines.values(first_part_labels));
-    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     QCOMPARE(desk->fixture.commands(), desk->sent_in_second_part(lines));
     QCOMPARE(Layout_Table(desk->fixture).picture(), "..../.12./.3d./....");
     QCOMPARE(desk->fixture.label("label_Custom_2").text(), "101 102 TREE");
@@ -249,7 +249,7 @@ void Test_Settings_Load::a_label_that_stands_twice_counts_at_its_first_place() {
                                      "Coordinates channel 1: 3 3\nMouse Mode: //ks\n";
     QVERIFY2(desk->load_first_part(desk->write(lines.text() + second_places)), desk->robot.why());
     QCOMPARE(desk->fixture.commands(), lines.values(first_part_labels));
-    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     QCOMPARE(desk->fixture.commands(), desk->sent_in_second_part(lines));
     QCOMPARE(Layout_Table(desk->fixture).picture(), "..../.12./.3d./....");
     QCOMPARE(desk->fixture.combo("comboBox_KM_Control").currentIndex(), 1);
@@ -261,7 +261,7 @@ void Test_Settings_Load::
     const QByteArray pro_file =
         lines.text() + "Audio settings: //a 1 3\nAudio chacked state: 13\nNonsense: //F\n";
     QVERIFY2(desk->load_first_part(desk->write(pro_file)), desk->robot.why());
-    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     QCOMPARE(desk->fixture.commands(),
              lines.values(first_part_labels) + desk->sent_in_second_part(lines));
 }
@@ -270,7 +270,7 @@ void Test_Settings_Load::a_limit_of_3_sends_the_digit_3_twice_and_shows_the_true
     desk->silence_switch();
     QCOMPARE(lines["Grid settings: "], QByteArray("//FF01B06FF02B07FF03B10FF03B11"));
     QVERIFY2(desk->load_first_part(desk->write(lines.text())), desk->robot.why());
-    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     QVERIFY(desk->fixture.commands().contains("//FF01B06FF02B07FF03B10FF03B11"));
     QCOMPARE(Layout_Table(desk->fixture).picture(), "..../.12./.3d./....");
 }
@@ -278,7 +278,7 @@ void Test_Settings_Load::a_limit_of_3_sends_the_digit_3_twice_and_shows_the_true
 void Test_Settings_Load::the_parking_y_field_starts_with_a_blank() {
     desk->silence_switch();
     QVERIFY2(desk->load_first_part(desk->write(lines.text())), desk->robot.why());
-    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     (void)desk->fixture.commands();
     QCOMPARE(desk->fixture.line_edit("lineEdit_MouseParking_y").text(), " 70");
     desk->fixture.button("pushButton_Apply_mouse_parking").click();
@@ -313,7 +313,7 @@ void Test_Settings_Load::a_user_can_send_again_after_a_load() {
     // Also between the two parts.
     desk->fixture.combo("comboBox_USB_Control").setCurrentIndex(3);
     QCOMPARE(desk->fixture.commands(), QByteArrayList{"//u4"});
-    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     (void)desk->fixture.commands();
     desk->fixture.combo("comboBox_KM_Control").setCurrentIndex(0);
     desk->fixture.resolution(1).setCurrentIndex(12);

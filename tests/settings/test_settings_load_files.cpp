@@ -81,7 +81,7 @@ void Test_Settings_Load_Files::cleanup() {
 
 bool Test_Settings_Load_Files::load(const QString& path, int first_part_errors, int mode_errors) {
     return desk->load_first_part(path, first_part_errors) &&
-           desk->load_second_part_now(0, mode_errors);
+           desk->wait_for_second_part(0, mode_errors);
 }
 
 void Test_Settings_Load_Files::a_file_with_windows_line_ends_loads_the_same() {
@@ -215,7 +215,7 @@ void Test_Settings_Load_Files::a_file_that_vanishes_between_the_parts_is_loaded_
     const QString path = desk->write(lines.text());
     QVERIFY2(desk->load_first_part(path), desk->robot.why());
     QVERIFY(QFile::remove(path));
-    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     QCOMPARE(look_at(*desk), good_sight(*desk));
 }
 
@@ -223,7 +223,7 @@ void Test_Settings_Load_Files::a_file_that_changes_between_the_parts_is_loaded_a
     const QString path = desk->write(lines.text());
     QVERIFY2(desk->load_first_part(path), desk->robot.why());
     desk->write("USB Control: //u4\n");
-    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     QCOMPARE(look_at(*desk), good_sight(*desk));
 }
 

@@ -65,7 +65,7 @@ void Test_Settings_Load_Missing::cleanup() {
 bool Test_Settings_Load_Missing::load(int first_part_errors, int second_part_errors,
                                       int mode_errors) {
     return desk->load_first_part(desk->write(lines.text()), first_part_errors) &&
-           desk->load_second_part_now(second_part_errors, mode_errors);
+           desk->wait_for_second_part(second_part_errors, mode_errors);
 }
 
 void Test_Settings_Load_Missing::a_missing_line_data() {

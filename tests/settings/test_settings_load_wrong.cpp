@@ -73,7 +73,7 @@ void Test_Settings_Load_Wrong::cleanup() {
 bool Test_Settings_Load_Wrong::load(int first_part_errors, int second_part_errors,
                                     int mode_errors) {
     return desk->load_first_part(desk->write(lines.text()), first_part_errors) &&
-           desk->load_second_part_now(second_part_errors, mode_errors);
+           desk->wait_for_second_part(second_part_errors, mode_errors);
 }
 
 void Test_Settings_Load_Wrong::a_wrong_value_data() {

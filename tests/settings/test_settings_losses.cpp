@@ -108,7 +108,7 @@ void Test_Settings_Losses::a_blank_at_the_end_of_a_line_counts() {
     lines["Buzzer: "] = "//B1 ";
     lines["Mouse Mode: "] = "//km ";
     QVERIFY2(desk->load_first_part(desk->write(lines.text())), desk->robot.why());
-    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     QCOMPARE(look_at(*desk), good_sight(*desk, {{"roll", "0"}, {"buzzer", "off"}, {"mode", "0"}}));
     // The unit gets the blanks as well.
     QCOMPARE(desk->fixture.commands(),
@@ -154,7 +154,7 @@ void Test_Settings_Losses::a_lites_file_sets_the_mouse_mode_of_the_others() {
     QCOMPARE(desk->fixture.device.unit().state().relative_mouse, false);
     desk->silence_switch();
     QVERIFY2(desk->load_first_part(desk->write(lines.text())), desk->robot.why());
-    QVERIFY2(desk->load_second_part_now(), desk->robot.why());
+    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
     (void)desk->fixture.commands();
     QCOMPARE(desk->fixture.combo("comboBox_Select_Display_Mode").currentIndex(), 1);
     QCOMPARE(desk->fixture.device.unit().state().relative_mouse, true);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/virtual_time.h"
+
 #include <QByteArray>
 #include <QMap>
 #include <QProcess>
@@ -18,7 +20,8 @@ struct Program_Setting {
 };
 
 /// A program, such as the real tool, run as it is: as a child process that sees the given serial
-/// ports and no others. The child is killed with this object if it has not ended by then.
+/// ports and no others. The child is killed with this object if it has not ended by then. Time is
+/// real as long as this object stands.
 class Program_Run {
 public:
     /// Starts the program. Whether that worked shows in started().
@@ -51,6 +54,7 @@ public:
     QProcess& child() { return process; }
 
 private:
+    const Real_Time time;
     QProcess process;
     QByteArray all_output;
     QByteArray all_errors;

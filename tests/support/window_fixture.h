@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sim/simulated_switch.h"
+#include "tests/support/virtual_time.h"
 
 #include <QByteArrayList>
 #include <QComboBox>
@@ -16,8 +17,10 @@
 #include <string>
 
 /// A main window and the simulated switch at the other end of its first listed port, whatever the
-/// model.
+/// model. Time is virtual as long as it stands.
 class Window_Fixture {
+    const Virtual_Time time;
+
 public:
     /// Only the switch stands at first, so that its state and its faults can be set.
     explicit Window_Fixture(Switch_Model model);

@@ -2,7 +2,7 @@
 
 #include "sim/adapter_options.h"
 #include "tests/support/find_child.h"
-#include "tests/trust/own_clock.h"
+#include "tests/support/virtual_time.h"
 #include "tests/usr/expect_box.h"
 #include "tests/usr/test_time.h"
 
@@ -142,7 +142,7 @@ void set_up_as_told(Network_Fixture& at, const Adapter_Fault_Case& fault) {
         // each time.
         test_time::while_blocked([&at] {
             at.network.catch_up();
-            own_clock::leap(std::chrono::milliseconds(500));
+            virtual_time::leap(std::chrono::milliseconds(500));
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         });
     }

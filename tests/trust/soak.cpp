@@ -1,7 +1,7 @@
 #include "tests/trust/soak.h"
 
+#include "tests/support/virtual_time.h"
 #include "tests/trust/census.h"
-#include "tests/trust/own_clock.h"
 
 #include <QCoreApplication>
 #include <QPixmapCache>
@@ -55,7 +55,7 @@ void Soak::clear_terminal() {
 
 void Soak::come_to_rest() {
     constexpr std::chrono::milliseconds longer_than_any_wait{10'000};
-    own_clock::leap(longer_than_any_wait);
+    virtual_time::leap(longer_than_any_wait);
     for (int round = 0; round < 10; ++round) {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -1,7 +1,7 @@
 #include "sim/adapter_switch.h"
 #include "tests/network/network_test.h"
+#include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
-#include "tests/trust/own_clock.h"
 #include "tests/trust/switch_faults.h"
 #include "tests/usr/expect_box.h"
 
@@ -27,7 +27,7 @@ bool pass_until_shown(const Network_Fixture& at, const QString& text) {
     constexpr milliseconds step{50};
     constexpr milliseconds longest{9000};
     for (milliseconds passed{0}; passed < longest; passed += step) {
-        own_clock::leap(step);
+        virtual_time::leap(step);
         // The timer that sends, the socket that hears of it, and the slot.
         for (int round = 0; round < 3; ++round) {
             QCoreApplication::processEvents();

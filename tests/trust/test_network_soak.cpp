@@ -1,7 +1,7 @@
 #include "tests/network/network_test.h"
+#include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
 #include "tests/trust/census.h"
-#include "tests/trust/own_clock.h"
 #include "tests/trust/soak.h"
 #include "tests/trust/unit_sight.h"
 
@@ -76,13 +76,15 @@ void Test_Network_Soak::chunks_of_replies_leave_nothing_behind() {
     const QByteArray words[] = {"Done.\n", "**C 2\n", "**U 4\n", "a line\n", "**M 1\n"};
     // Painting the window for each would take most of the time.
     at->window().setUpdatesEnabled(false);
-    // Qt's list of timers grows to the most that ever waited.
+    // Qt's list of timers grows to the most that ever waited. A millisecond between chunks keeps it
+    // short.
     constexpr qint64 for_waiting_timers = 64 * 1024;
     soak->repeat(
         "chunks", chunk_count,
         [&](int number) {
             const QByteArray& word = words[number % 5];
             const qint64 wanted = soak->shown() + word.size();
+            virtual_time::leap(milliseconds(1));
             at->adapter.send_from_switch(word);
             return wait_until([&] { return soak->shown() == wanted; });
         },
@@ -96,7 +98,7 @@ void Test_Network_Soak::turning_off_and_on_leaves_nothing_behind() {
         const bool fell = !at->is_connected();
         at->button("pushButton_ON_Connection").click();
         const bool came_back = wait_asked_and_filled();
-        own_clock::leap(longest_answer);
+        virtual_time::leap(longest_answer);
         QCoreApplication::processEvents();
         return fell && came_back && at->is_connected();
     });
@@ -111,7 +113,7 @@ void Test_Network_Soak::refreshing_leaves_nothing_behind() {
             return false;
         }
         // The answers have enabled the button already; the lock-out goes on behind it.
-        own_clock::leap(refresh_lock_out);
+        virtual_time::leap(refresh_lock_out);
         QCoreApplication::processEvents();
         return refresh.isEnabled();
     });

@@ -1,7 +1,7 @@
 #include "sim/port_list.h"
 #include "tests/support/model_fixture.h"
+#include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
-#include "tests/trust/own_clock.h"
 #include "tests/trust/switch_faults.h"
 #include "tests/usr/expect_box.h"
 
@@ -60,7 +60,7 @@ bool Test_Serial_Faults::pass(milliseconds time) {
     const bool in_fine_pieces = plan.chunk_size > 0 && plan.chunk_gap < milliseconds(50);
     const milliseconds step(in_fine_pieces ? 5 : 50);
     for (milliseconds passed{0}; passed < time; passed += step) {
-        own_clock::leap(step);
+        virtual_time::leap(step);
         QCoreApplication::processEvents();
         if (!wait_until([this] { return at->terminal_text() == sent; })) {
             return false;

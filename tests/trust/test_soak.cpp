@@ -1,8 +1,8 @@
 #include "tests/settings/settings_desk.h"
 #include "tests/support/model_fixture.h"
+#include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
 #include "tests/trust/census.h"
-#include "tests/trust/own_clock.h"
 #include "tests/trust/soak.h"
 #include "tests/trust/unit_sight.h"
 #include "tests/usr/expect_box.h"
@@ -66,7 +66,7 @@ void Test_Soak::init() {
     connect(lite->terminal().document(), &QTextDocument::contentsChange, this,
             [this] { ++chunks; });
     QVERIFY(wait_obeyed(3));
-    own_clock::leap(report_wait);
+    virtual_time::leap(report_wait);
     QVERIFY(lite->wait_filled());
     lite->device.clear_record();
 }
@@ -93,12 +93,14 @@ void Test_Soak::chunks_of_replies_leave_nothing_behind() {
     const QByteArray words[] = {"Done.\n", "**C 2\n", "**U 4\n", "a line\n", "**M 1\n"};
     // Painting the window for each would take most of the time.
     lite->window().setUpdatesEnabled(false);
-    // Qt's list of timers grows to the most that ever waited, two for each chunk of 100 ms.
+    // Qt's list of timers grows to the most that ever waited, two for each chunk of 100 ms. A
+    // millisecond between chunks keeps it short.
     constexpr qint64 for_waiting_timers = 64 * 1024;
     soak->repeat(
         "chunks", chunk_count,
         [&](int number) {
             const int earlier = chunks;
+            virtual_time::leap(milliseconds(1));
             lite->device.send(words[number % 5]);
             return wait_until([&] { return chunks > earlier && soak->shown() == sent; });
         },
@@ -114,7 +116,7 @@ void Test_Soak::turning_off_and_on_leaves_nothing_behind() {
         if (!fell || !wait_obeyed(3) || !lite->is_connected()) {
             return false;
         }
-        own_clock::leap(report_wait);
+        virtual_time::leap(report_wait);
         return lite->wait_filled();
     });
     QCOMPARE(differences(look_at_unit(*lite), sight_of(used_unit(), Switch_Model::lite)),
@@ -128,7 +130,7 @@ void Test_Soak::refreshing_leaves_nothing_behind() {
         if (refresh.isEnabled() || lite->is_filled() || !wait_obeyed(3)) {
             return false;
         }
-        own_clock::leap(refresh_lock_out);
+        virtual_time::leap(refresh_lock_out);
         return lite->wait_filled() && wait_until([&] { return refresh.isEnabled(); });
     });
     QCOMPARE(differences(look_at_unit(*lite), sight_of(used_unit(), Switch_Model::lite)),
@@ -163,13 +165,13 @@ void Test_Soak::loading_settings_leaves_nothing_behind() {
             lite->device.clear_record();
             desk->robot.forget_sights();
             desk->expect_applied_box();
-            own_clock::leap(second_part_wait);
+            virtual_time::leap(second_part_wait);
             // Then the layout that the unit confirms is asked for.
             if (!wait_until([&] { return desk->robot.done(); }) ||
                 !wait_obeyed(desk->sent_in_second_part(Settings_Lines()).size() + 1)) {
                 return false;
             }
-            own_clock::leap(report_wait);
+            virtual_time::leap(report_wait);
             return true;
         },
         kept_by_dialogs);

@@ -2,22 +2,31 @@
 
 #include "tests/usr/raw_sender.h"
 
+#include <algorithm>
 #include <sys/resource.h>
 
-Datagram_Flood::Datagram_Flood(const QByteArray& datagram, quint16 port,
-                               std::chrono::milliseconds length)
-    : thread([this, datagram, port, length] {
+Datagram_Flood::Datagram_Flood(const QByteArray& datagram, quint16 port, int total)
+    : total_count(total), thread([this, datagram, port] {
           Raw_Sender sender;
-          using Clock = std::chrono::steady_clock;
-          // A machine that is busy elsewhere gets longer for as many.
-          constexpr int enough = 200;
-          constexpr std::chrono::seconds longest{10};
-          const auto end = Clock::now() + length;
-          const auto last_end = Clock::now() + longest;
-          while (Clock::now() < end || (count < enough && Clock::now() < last_end)) {
-              count += sender.send(datagram, port) ? 1 : 0;
+          while (sent_count < total_count && !is_stopped) {
+              if (sender.send(datagram, port)) {
+                  ++sent_count;
+                  sent_count.notify_all();
+              }
           }
       }) {}
+
+Datagram_Flood::~Datagram_Flood() {
+    is_stopped = true;
+    thread.join();
+}
+
+void Datagram_Flood::wait_for_more(int datagrams) const {
+    const int wanted = std::min(total_count, sent_count + datagrams);
+    for (int sent = sent_count; sent < wanted; sent = sent_count) {
+        sent_count.wait(sent);
+    }
+}
 
 double peak_memory_mb() {
     rusage usage{};

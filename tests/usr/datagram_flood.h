@@ -3,23 +3,27 @@
 #include <QByteArray>
 
 #include <atomic>
-#include <chrono>
+#include <limits>
 #include <thread>
 
-/// A thread that sends the same datagram to a port of the loopback as fast as it can, for a while,
-/// and until some hundreds have left.
+/// A thread that sends the same datagram to a port of the loopback as fast as it can, so often, or
+/// as long as this object stands.
 class Datagram_Flood {
 public:
-    Datagram_Flood(const QByteArray& datagram, quint16 port, std::chrono::milliseconds length);
-    ~Datagram_Flood() { thread.join(); }
+    static constexpr int endless = std::numeric_limits<int>::max();
+
+    Datagram_Flood(const QByteArray& datagram, quint16 port, int total);
+    ~Datagram_Flood();
     Datagram_Flood(const Datagram_Flood&) = delete;
     Datagram_Flood& operator=(const Datagram_Flood&) = delete;
 
-    /// How many have left so far.
-    [[nodiscard]] int sent() const { return count; }
+    /// Blocks until so many more have left, or all.
+    void wait_for_more(int datagrams) const;
 
 private:
-    std::atomic<int> count = 0;
+    const int total_count;
+    std::atomic<int> sent_count = 0;
+    std::atomic<bool> is_stopped = false;
     std::thread thread;
 };
 

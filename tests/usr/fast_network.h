@@ -1,12 +1,13 @@
 #pragma once
 
 #include "sim/adapter_network.h"
+#include "tests/support/virtual_time.h"
 
 #include <QByteArrayList>
 
 /// Simulated adapters in the test's own thread: they are served while the tool blocks that thread,
 /// so that a search takes no real time and its outcome does not hang on a race. For programs linked
-/// with test_time.
+/// with test_time. Time is virtual as long as it stands.
 class Fast_Network : public Adapter_Network {
 public:
     Fast_Network();
@@ -30,6 +31,7 @@ public:
     void catch_up();
 
 private:
+    const Virtual_Time time;
     QByteArrayList all_frames;
     QStringList all_notes;
 };

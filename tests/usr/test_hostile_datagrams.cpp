@@ -11,8 +11,6 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-using namespace std::chrono_literals;
-
 /// Datagrams of all sizes, senseless content and floods on both sockets of the tool.
 class Test_Hostile_Datagrams : public QObject {
     Q_OBJECT
@@ -38,6 +36,10 @@ private:
 namespace {
 
 constexpr double most_growth_mb = 200;
+
+/// The datagrams of a flood that ends, and of those how many come while the tool is blocked once.
+constexpr int whole_flood = 2000;
+constexpr int some = 200;
 
 QByteArray random_bytes(qsizetype size) {
     QByteArray bytes(size, '\0');
@@ -153,8 +155,8 @@ void Test_Hostile_Datagrams::a_search_ends_in_a_flood_of_right_replies() {
     const Fast_Network network;
     // The flood goes on for as long as the search: only the search itself can end.
     USR_searcher searcher;
-    const Datagram_Flood flood(right_reply(), search_port, 1500ms);
-    test_time::while_blocked([] { QTest::qSleep(100); });
+    const Datagram_Flood flood(right_reply(), search_port, Datagram_Flood::endless);
+    test_time::while_blocked([&] { flood.wait_for_more(some); });
     QCOMPARE(searcher.search_USR_in_network(), 1);
     QCOMPARE_GT(searcher.get_USR_replies().size(), 100);
     QCOMPARE_LE(searcher.get_USR_replies().size(), 10'000);
@@ -173,13 +175,13 @@ void Test_Hostile_Datagrams::a_search_ends_when_a_flood_of_wrong_sizes_ends() {
     Fast_Network network;
     network.add_adapter();
     USR_searcher searcher;
-    const Datagram_Flood flood(QByteArray(size, 'f'), search_port, 500ms);
+    const Datagram_Flood flood(QByteArray(size, 'f'), search_port, whole_flood);
     test_time::while_blocked([&] {
         network.catch_up();
-        QTest::qSleep(20);
+        flood.wait_for_more(some);
     });
     QCOMPARE(searcher.search_USR_in_network(), 1);
-    QCOMPARE_GT(flood.sent(), 100);
+    QCOMPARE_GT(test_time::block_count(), 1);
     // Behind a right reply in one pass the flood's datagrams take on its size.
     const QStringList replies = searcher.get_USR_replies();
     QVERIFY(replies.contains(QString(network.adapters().front()->unit().search_reply().toHex())));
@@ -199,16 +201,18 @@ void Test_Hostile_Datagrams::a_login_goes_through_when_a_flood_ends() {
     connect(&network, &Adapter_Network::frame_received, this,
             [&](const QByteArray& frame, const QHostAddress&, quint16 port) {
                 if (frame.at(2) == 3 && !flood) {
-                    flood = std::make_unique<Datagram_Flood>(QByteArray(size, 'f'), port, 500ms);
+                    flood =
+                        std::make_unique<Datagram_Flood>(QByteArray(size, 'f'), port, whole_flood);
                 }
             });
     test_time::while_blocked([&] {
         network.catch_up();
-        QTest::qSleep(20);
+        if (flood) {
+            flood->wait_for_more(some);
+        }
     });
     USR_configurator configurator("127.0.0.2", "admin", "admin");
     QCOMPARE(configurator.get_static_ip(), QString("127.0.0.2"));
-    QCOMPARE_GT(flood->sent(), 100);
     QCOMPARE_GT(network.frames_of("03").size(), 1);
 }
 

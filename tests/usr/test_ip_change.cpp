@@ -1,3 +1,5 @@
+#include "tests/support/stated_wait.h"
+#include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
 #include "tests/usr/expect_box.h"
 #include "tests/usr/fast_network.h"
@@ -5,15 +7,19 @@
 #include "tests/usr/private_network.h"
 #include "tests/usr/test_time.h"
 
-#include <QElapsedTimer>
 #include <QPointer>
 #include <QTest>
 #include <QWindow>
 
 #include <memory>
+#include <optional>
+
+using namespace std::chrono_literals;
+using std::chrono::duration_cast;
+using std::chrono::milliseconds;
 
 /// What follows a good Apply in the dialog of the IP settings: the adapter goes away, and is looked
-/// for again after a fixed time, which these tests wait for.
+/// for again after a fixed time, in virtual time.
 class Test_IP_Change : public QObject {
     Q_OBJECT
 
@@ -42,10 +48,7 @@ std::unique_ptr<IP_Settings_Dialog> make_dialog(const QString& allocation) {
     return std::make_unique<IP_Settings_Dialog>(adapter_ip, "admin", "admin", allocation);
 }
 
-/// Qt's timers count whole milliseconds from within one, so that they fire up to one early.
-constexpr int timer_step_ms = 1;
-
-/// How long after the apply frame the next search came, in milliseconds.
+/// How long after the apply frame the next search came.
 class Search_Pause {
 public:
     explicit Search_Pause(const Fast_Network& network) {
@@ -53,19 +56,37 @@ public:
                          [this](const QByteArray& frame) { take(frame.at(2)); });
     }
 
-    [[nodiscard]] qint64 length() const { return pause; }
+    [[nodiscard]] milliseconds length() const { return pause; }
 
 private:
     void take(char command) {
         if (command == 4) {
-            since_apply.start();
-        } else if (command == 1 && since_apply.isValid() && pause < 0) {
-            pause = since_apply.elapsed();
+            applied = virtual_time::now();
+        } else if (command == 1 && applied && pause < 0ms) {
+            pause = duration_cast<milliseconds>(virtual_time::now() - *applied);
         }
     }
 
-    QElapsedTimer since_apply;
-    qint64 pause = -1;
+    std::optional<std::chrono::nanoseconds> applied;
+    milliseconds pause{-1};
+};
+
+/// How long after now the first frame comes.
+class First_Frame {
+public:
+    explicit First_Frame(const Fast_Network& network) {
+        QObject::connect(&network, &Adapter_Network::frame_received, &network, [this] {
+            if (pause < 0ms) {
+                pause = duration_cast<milliseconds>(virtual_time::now() - start);
+            }
+        });
+    }
+
+    [[nodiscard]] milliseconds after() const { return pause; }
+
+private:
+    const std::chrono::nanoseconds start = virtual_time::now();
+    milliseconds pause{-1};
 };
 
 QString text_of_box(const QMessageBox* box) { return box ? box->text() : QString(); }
@@ -95,11 +116,12 @@ void Test_IP_Change::a_static_address_is_looked_for_after_3500_ms() {
 
     Modal_Robot robot;
     expect_information(robot, success);
+    const First_Frame first_frame(network);
     widgets.apply.click();
     QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, longest_wait_ms), robot.why());
     QVERIFY2(robot.done(), robot.why());
-    QCOMPARE_GE(pause.length(), 3500 - timer_step_ms);
-    QCOMPARE_LT(pause.length(), 5500);
+    QCOMPARE(wrong_wait(first_frame.after(), 50ms), QByteArray());
+    QCOMPARE(wrong_wait(pause.length(), 3500ms), QByteArray());
     QVERIFY(waiting_box() == nullptr);
     QCOMPARE(widgets.label.text(), QString(new_ip));
     QCOMPARE(widgets.texts(), QStringList({new_ip, "255.255.0.0", "127.0.0.3"}));
@@ -129,11 +151,12 @@ void Test_IP_Change::dhcp_sends_the_fields_text_and_is_looked_for_after_6000_ms(
 
     Modal_Robot robot;
     expect_information(robot, success);
+    const First_Frame first_frame(network);
     widgets.apply.click();
     QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, longest_wait_ms), robot.why());
     QVERIFY2(robot.done(), robot.why());
-    QCOMPARE_GE(pause.length(), 6000 - timer_step_ms);
-    QCOMPARE_LT(pause.length(), 9000);
+    QCOMPARE(wrong_wait(first_frame.after(), 50ms), QByteArray());
+    QCOMPARE(wrong_wait(pause.length(), 6000ms), QByteArray());
     QVERIFY(adapter.unit().state().dhcp);
     QCOMPARE(adapter.unit().state().static_ip.toString(), QString("127.0.0.55"));
     // What the adapter reports, not what was typed.
@@ -231,7 +254,7 @@ void Test_IP_Change::deleted_during_the_wait_the_dialog_leaves_nothing_behind() 
     const qsizetype searches = network.frames_of("01").size();
     dialog.reset();
     QCOMPARE(windows_left(), QStringList());
-    QVERIFY(!wait_until([&] { return network.frames_of("01").size() > searches; }, 3700));
+    QVERIFY(!wait_until([&] { return network.frames_of("01").size() > searches; }, 10'000));
 }
 
 void Test_IP_Change::the_waiting_box_can_be_dismissed_and_the_dialog_used_beside_it() {

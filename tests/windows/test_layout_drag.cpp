@@ -41,6 +41,7 @@ private:
     QComboBox& limit() const { return lite->combo("comboBox_Select_active_port"); }
     void set_unit_positions(const std::array<int, 4>& positions);
 
+    const Real_Time time; ///< the display's
     std::unique_ptr<Modal_Robot> robot;
     std::unique_ptr<Lite_Fixture> lite;
     std::unique_ptr<Layout_Table> table;
