@@ -1,4 +1,5 @@
 #include "tests/network/network_fixture.h"
+#include "tests/network/stalled_connection.h"
 #include "tests/support/wait_until.h"
 #include "tests/usr/expect_box.h"
 #include "tests/usr/private_network.h"
@@ -125,6 +126,19 @@ public:
         open();
     }
 
+    void stalled_connection() {
+        at.expect_network_road(3);
+        const auto stall = [this](QWidget&) {
+            ::stalled_connection::stall_next();
+            since_on.start();
+            return QString();
+        };
+        at.robot.expect({.class_name = "IP_Settings_Dialog",
+                         .action = in_order({stall, press_object("pushButton_Connect")})});
+        expect_end();
+        open();
+    }
+
     void on_without_an_adapter() {
         at.robot.expect(choose_network());
         at.robot.expect(close_dialog("Select_hardware_Dialog"));
@@ -184,6 +198,7 @@ const std::map<QString, void (Scene::*)()> scenarios = {
     {"silent-after-on-twice", &Scene::silent_after_on_twice},
     {"off-within-the-seven-seconds", &Scene::off_within_the_seven_seconds},
     {"adapter-not-back", &Scene::adapter_not_back},
+    {"stalled-connection", &Scene::stalled_connection},
     {"on-without-an-adapter", &Scene::on_without_an_adapter},
 };
 
