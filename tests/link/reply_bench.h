@@ -3,6 +3,7 @@
 #include "link/reply_stream.h"
 #include "tests/link/open_line.h"
 #include "tests/link/recording_receiver.h"
+#include "tests/support/virtual_time.h"
 
 #include <QElapsedTimer>
 #include <QList>
@@ -25,11 +26,13 @@ public slots:
     void set_current_layout_from_buff() { layout_calls.append(clock.elapsed()); }
 };
 
-/// A reply stream, with an open line for what it says and a record of what it finds.
+/// A reply stream, with an open line for what it says and a record of what it finds. Time is virtual
+/// as long as it stands.
 struct Reply_Bench {
     explicit Reply_Bench(Notice_Order order = Notice_Order::layout_first)
         : stream(line.state, line.writer, receiver, window, order) {}
 
+    Virtual_Time time;
     Open_Line line;
     Link_State& state = line.state;
     Recording_Receiver receiver;

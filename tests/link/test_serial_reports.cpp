@@ -2,11 +2,16 @@
 #include "tests/app/log_folder.h"
 #include "tests/link/reply_bench.h"
 #include "tests/support/modal_robot.h"
+#include "tests/support/stated_wait.h"
 #include "tests/support/wait_until.h"
 
 #include <QTest>
 
+#include <chrono>
 #include <stdexcept>
+
+using namespace std::chrono_literals;
+using std::chrono::milliseconds;
 
 /// When a report on the serial line counts as complete, and how it is applied.
 class Test_Serial_Reports : public QObject {
@@ -93,9 +98,8 @@ void Test_Serial_Reports::the_report_is_read_1000_ms_after_its_first_chunk() {
     bench->stream.take_serial_chunk("KM\n");
     QVERIFY(!state().info_report_pending);
     QVERIFY(wait_until([&] { return !bench->window.report_calls.isEmpty(); }, longest_wait));
-    const qint64 waited = bench->window.report_calls.first() - first_chunk;
-    QVERIFY2(waited >= 1000, qPrintable(QString::number(waited)));
-    QVERIFY2(waited < 5000, qPrintable(QString::number(waited)));
+    const milliseconds waited(bench->window.report_calls.first() - first_chunk);
+    QCOMPARE(wrong_wait(waited, 1000ms), QByteArray());
     QCOMPARE(bench->window.layout_calls.size(), 0);
 }
 
@@ -121,9 +125,8 @@ void Test_Serial_Reports::the_layout_is_read_1000_ms_after_its_confirmation() {
     bench->stream.take_serial_chunk(saved);
     bench->stream.take_serial_chunk("//FF01B01\n");
     QVERIFY(wait_until([&] { return !bench->window.layout_calls.isEmpty(); }, longest_wait));
-    const qint64 waited = bench->window.layout_calls.first() - confirmation;
-    QVERIFY2(waited >= 1000, qPrintable(QString::number(waited)));
-    QVERIFY2(waited < 5000, qPrintable(QString::number(waited)));
+    const milliseconds waited(bench->window.layout_calls.first() - confirmation);
+    QCOMPARE(wrong_wait(waited, 1000ms), QByteArray());
     QVERIFY(!wait_until([&] { return bench->window.layout_calls.size() > 1; }, 300));
     QCOMPARE(bench->window.report_calls.size(), 0);
 }
