@@ -9,6 +9,7 @@
 #include <arpa/inet.h>
 #include <atomic>
 #include <cerrno>
+#include <cstdint>
 #include <ctime>
 #include <poll.h>
 #include <sched.h>
@@ -27,6 +28,8 @@ constexpr nanoseconds look_length = 10us;
 // A sleep gives way to others really, but not for long.
 constexpr nanoseconds longest_real_sleep = 1ms;
 
+constexpr int processor_bits = 64;
+
 struct Clock {
     int virtual_holders = 0;
     int real_holders = 0;
@@ -39,7 +42,8 @@ struct Clock {
 /// Of the main thread only: Qt Test watches it from another, by real time. Set up before any code
 /// runs, for the clock is read before that.
 constinit Clock the_clock;
-constinit std::atomic<bool> datagrams_are_on_their_way = false;
+/// A bit for each processor by way of which datagrams have been sent and not followed yet.
+constinit std::atomic<std::uint64_t> sending_processors = 0;
 
 bool is_main_thread() {
     thread_local const bool is_main = syscall(SYS_gettid) == getpid();
@@ -107,7 +111,7 @@ void follow_datagrams(int own_socket, int processor) {
     }
 }
 
-void follow_datagrams() {
+void follow_datagrams(std::uint64_t by_processors) {
     const int own_socket = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
@@ -122,7 +126,8 @@ void follow_datagrams() {
         setsockopt(own_socket, SOL_SOCKET, SO_RCVTIMEO, &longest, sizeof longest) == 0 &&
         sched_getaffinity(0, sizeof processors, &processors) == 0) {
         for (int processor = 0; processor < CPU_SETSIZE; ++processor) {
-            if (CPU_ISSET(processor, &processors)) {
+            if (CPU_ISSET(processor, &processors) &&
+                (by_processors >> (processor % processor_bits) & 1U) != 0) {
                 follow_datagrams(own_socket, processor);
             }
         }
@@ -131,11 +136,12 @@ void follow_datagrams() {
     close(own_socket);
 }
 
+/// To be called before and after a datagram is sent.
 void note_datagram(int own_socket) {
     int domain = 0;
     socklen_t length = sizeof domain;
     if (getsockopt(own_socket, SOL_SOCKET, SO_DOMAIN, &domain, &length) == 0 && domain == AF_INET) {
-        datagrams_are_on_their_way = true;
+        sending_processors |= std::uint64_t{1} << (sched_getcpu() % processor_bits);
     }
 }
 
@@ -210,12 +216,20 @@ extern "C" int clock_nanosleep(clockid_t clock, int flags, const timespec* time,
 extern "C" ssize_t sendto(int file, const void* bytes, size_t size, int flags,
                           const sockaddr* address, socklen_t length) {
     note_datagram(file);
-    return syscall(SYS_sendto, file, bytes, size, flags, address, length);
+    const ssize_t sent = syscall(SYS_sendto, file, bytes, size, flags, address, length);
+    const int error = errno;
+    note_datagram(file);
+    errno = error;
+    return sent;
 }
 
 extern "C" ssize_t sendmsg(int file, const msghdr* message, int flags) {
     note_datagram(file);
-    return syscall(SYS_sendmsg, file, message, flags);
+    const ssize_t sent = syscall(SYS_sendmsg, file, message, flags);
+    const int error = errno;
+    note_datagram(file);
+    errno = error;
+    return sent;
 }
 
 namespace virtual_time {
@@ -227,8 +241,9 @@ nanoseconds now() {
 }
 
 void let_datagrams_arrive() {
-    if (datagrams_are_on_their_way.exchange(false)) {
-        follow_datagrams();
+    const std::uint64_t processors = sending_processors.exchange(0);
+    if (processors != 0) {
+        follow_datagrams(processors);
     }
 }
 

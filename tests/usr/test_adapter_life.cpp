@@ -40,7 +40,6 @@ void Test_Adapter_Life::a_search_takes_its_fixed_time_and_serves_no_event() {
     timer.start();
     QCOMPARE(searcher.search_USR_in_network(), 1);
     QCOMPARE_GE(timer.elapsed(), 1499);
-    QCOMPARE_LT(timer.elapsed(), 3000);
     QVERIFY(!event_was_served);
     QCOMPARE(searcher.get_USR_replies().size(), 3);
 }
