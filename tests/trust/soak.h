@@ -6,7 +6,7 @@
 
 #include <functional>
 
-/// Uses a window over and over on the program's own clock, and demands that nothing which is opened
+/// Uses a window over and over in virtual time, and demands that nothing which is opened
 /// or made on the way is left behind but the text shown. The figures are printed.
 class Soak {
 public:

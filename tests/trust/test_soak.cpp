@@ -11,7 +11,7 @@
 #include <QTextDocument>
 
 /// A Lite window over hours of use, in a minute. The clicks are the user's, the bytes are the
-/// line's, and every wait of the product passes on the program's own clock.
+/// line's, and every wait of the product passes in virtual time.
 class Test_Soak : public QObject {
     Q_OBJECT
 

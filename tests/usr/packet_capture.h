@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/virtual_time.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QProcess>
@@ -13,7 +15,7 @@ struct Captured_Datagram {
 };
 
 /// tcpdump on the loopback of the test's network, so that something that is not our code looks at
-/// what goes over the wire.
+/// what goes over the wire. Time is real as long as it stands.
 class Packet_Capture {
 public:
     /// Starts it and waits until it listens; ends the test program if it can't.
@@ -23,6 +25,7 @@ public:
     QList<Captured_Datagram> finish();
 
 private:
+    const Real_Time time;
     QTemporaryDir place;
     QProcess tcpdump;
 };

@@ -175,10 +175,15 @@ void Test_Hostile_Datagrams::a_search_ends_when_a_flood_of_wrong_sizes_ends() {
     Fast_Network network;
     network.add_adapter();
     USR_searcher searcher;
-    const Datagram_Flood flood(QByteArray(size, 'f'), search_port, whole_flood);
+    std::unique_ptr<Datagram_Flood> flood;
     test_time::while_blocked([&] {
+        // Not before the search's socket stands, and before the right reply.
+        if (!flood) {
+            flood =
+                std::make_unique<Datagram_Flood>(QByteArray(size, 'f'), search_port, whole_flood);
+        }
+        flood->wait_for_more(some);
         network.catch_up();
-        flood.wait_for_more(some);
     });
     QCOMPARE(searcher.search_USR_in_network(), 1);
     QCOMPARE_GT(test_time::block_count(), 1);
