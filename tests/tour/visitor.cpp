@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QMessageBox>
 #include <QThread>
+#include <QWindow>
 
 #include <cstdio>
 #include <optional>
@@ -113,7 +114,16 @@ void Visitor::choose_file(const QString& path, const QString& button) {
     click_button(button);
 }
 
-void Visitor::close_window() { hands::press_key("alt+F4"); }
+void Visitor::close_window() {
+    // The outermost button at the right of the title bar, as all window managers have it. A key for
+    // it only some have.
+    hands::click_at(in_gui([] {
+        const QWindow& window = *QApplication::activeWindow()->windowHandle();
+        const QRect frame = window.frameGeometry();
+        const int half_height = window.frameMargins().top() / 2;
+        return frame.topRight() + QPoint(-half_height, half_height);
+    }));
+}
 
 void Visitor::see(const QString& what, const std::function<bool()>& holds) {
     await(what, [&holds] { return holds() ? std::optional(true) : std::nullopt; });
