@@ -8,7 +8,8 @@ halvern_room(halvern_sim_adapter MOC
     adapter_switch.cpp adapter_switch.h
     adapter_unit.cpp adapter_unit.h
     simulated_adapter.cpp simulated_adapter.h
-  LINK halvern_sim Qt6::Core Qt6::Network)
+  LINK halvern_sim Qt6::Core Qt6::Network ${CMAKE_DL_LIBS})
 
 add_executable(halvern-sim-adapter halvern_sim_adapter.cpp)
 target_link_libraries(halvern-sim-adapter PRIVATE halvern_sim_adapter halvern_options)
+add_dependencies(halvern-sim-adapter halvern_loopback_network)

@@ -4,12 +4,17 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <dlfcn.h>
 
 Adapter_Network::Adapter_Network(QObject* parent) : QObject(parent) {
     connect(&listener, &QUdpSocket::readyRead, this, &Adapter_Network::serve);
 }
 
 bool Adapter_Network::is_private() {
+    // Only the library that keeps a process on the loopback has it, see loopback_network/.
+    if (dlsym(RTLD_DEFAULT, "halvern_loopback_network") != nullptr) {
+        return true;
+    }
     const QList<QNetworkInterface> interfaces = QNetworkInterface::allInterfaces();
     return std::all_of(interfaces.begin(), interfaces.end(), [](const QNetworkInterface& network) {
         const auto flags = network.flags();

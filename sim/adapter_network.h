@@ -17,7 +17,7 @@ public:
     explicit Adapter_Network(QObject* parent = nullptr);
 
     /// Whether this process is cut off from every real network: no interface but the loopback is
-    /// up. Nothing is bound or sent elsewhere.
+    /// up, or a preloaded library keeps it there. Nothing is bound or sent elsewhere.
     static bool is_private();
 
     /// Listens for frames.
