@@ -22,10 +22,10 @@ protected slots:
     void cleanup();
 };
 
-/// Runs a test in a network of its own.
+/// Runs a test in a network of its own; tells it as skipped where none can be made.
 template <class Test>
 int run_network_test(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QApplication application(count, values);
         Test test;
         return QTest::qExec(&test, count, values);

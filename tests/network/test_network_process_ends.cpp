@@ -1,5 +1,7 @@
 #include "tests/app/log_folder.h"
+#include "tests/usr/private_network.h"
 
+#include <QCoreApplication>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
@@ -141,5 +143,11 @@ void Test_Network_Process_Ends::the_box_comes_after_its_wait() {
     QCOMPARE(end.status, 1);
 }
 
-QTEST_GUILESS_MAIN(Test_Network_Process_Ends)
+int main(int argc, char** argv) {
+    return run_test_of_private_networks(argc, argv, [](int count, char** values) {
+        const QCoreApplication application(count, values);
+        Test_Network_Process_Ends test;
+        return QTest::qExec(&test, count, values);
+    });
+}
 #include "test_network_process_ends.moc"

@@ -130,7 +130,7 @@ void Test_Network_Soak::runs_of_the_wizard_leave_nothing_behind() {
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         count_objects();
         const QApplication application(count, values);
         Test_Network_Soak test;

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
@@ -45,7 +46,75 @@ int start_anew(char** argv) {
     return 1;
 }
 
+/// Tells the functions of a Qt test as skipped. The test is asked for their names in a process of
+/// its own and does nothing else: the option takes the place of all its arguments.
+int skip_all(char* program, const std::string& refusal,
+             const std::function<int(int, char**)>& run) {
+    std::array<int, 2> ends{};
+    if (pipe(ends.data()) != 0) {
+        return 1;
+    }
+    const pid_t child = fork();
+    if (child == 0) {
+        dup2(ends[1], STDOUT_FILENO);
+        close(ends[0]);
+        close(ends[1]);
+        std::string option = "-functions";
+        std::array<char*, 3> arguments = {program, option.data(), nullptr};
+        const int status = run(2, arguments.data());
+        std::fflush(stdout);
+        _exit(status);
+    }
+    close(ends[1]);
+    int count = 0;
+    FILE* names = fdopen(ends[0], "r");
+    std::array<char, 1000> name{};
+    while (child > 0 && names != nullptr &&
+           std::fgets(name.data(), static_cast<int>(name.size()), names) != nullptr) {
+        name[std::strcspn(name.data(), "\n")] = '\0';
+        std::printf("SKIP   : %s no private network: %s\n", name.data(), refusal.c_str());
+        ++count;
+    }
+    int status = 1;
+    waitpid(child, &status, 0);
+    return status == 0 && count > 0 ? 0 : 1;
+}
+
 } // namespace
+
+std::string private_network_refusal() {
+    // Without these tools nothing is refused, and the test has to fail. A system may allow the
+    // namespace and then allow nothing in it.
+    FILE* attempt = popen("command -v unshare >/dev/null && command -v ip >/dev/null || exit 127; "
+                          "unshare -n ip link set lo up 2>/dev/null || "
+                          "unshare -Urn ip link set lo up 2>&1 || exit 1",
+                          "r");
+    if (attempt == nullptr) {
+        return {};
+    }
+    std::array<char, 200> said{};
+    if (std::fgets(said.data(), static_cast<int>(said.size()), attempt) == nullptr) {
+        std::strcpy(said.data(), "unshare(1) fails");
+    }
+    said[std::strcspn(said.data(), "\n")] = '\0';
+    const int status = pclose(attempt);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 1 ? said.data() : std::string();
+}
+
+int run_test_in_private_network(int argc, char** argv, const std::function<int(int, char**)>& run) {
+    if (std::getenv(outer_network_variable) == nullptr) {
+        if (const std::string refusal = private_network_refusal(); !refusal.empty()) {
+            return skip_all(argv[0], refusal, run);
+        }
+    }
+    return run_in_private_network(argc, argv, run);
+}
+
+int run_test_of_private_networks(int argc, char** argv,
+                                 const std::function<int(int, char**)>& run) {
+    const std::string refusal = private_network_refusal();
+    return refusal.empty() ? run(argc, argv) : skip_all(argv[0], refusal, run);
+}
 
 int run_in_private_network(int argc, char** argv, const std::function<int(int, char**)>& run) {
     const char* outer_network = std::getenv(outer_network_variable);

@@ -132,7 +132,7 @@ void Test_Adapter_Life::an_adapter_is_moved_from_dhcp_to_static_renamed_and_foun
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QApplication application(count, values);
         Test_Adapter_Life test;
         return QTest::qExec(&test, count, values);

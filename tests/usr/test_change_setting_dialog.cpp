@@ -269,7 +269,7 @@ void Test_Change_Setting_Dialog::escape_applies_nothing() {
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QApplication application(count, values);
         Test_Change_Setting_Dialog test;
         return QTest::qExec(&test, count, values);

@@ -224,7 +224,7 @@ void Test_Credentials_Dialog::escape_leaves_an_empty_allocation() {
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QApplication application(count, values);
         Test_Credentials_Dialog test;
         return QTest::qExec(&test, count, values);

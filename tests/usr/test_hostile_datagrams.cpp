@@ -222,7 +222,7 @@ void Test_Hostile_Datagrams::a_login_goes_through_when_a_flood_ends() {
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QApplication application(count, values);
         Test_Hostile_Datagrams test;
         return QTest::qExec(&test, count, values);

@@ -291,7 +291,7 @@ void Test_IP_Change::the_waiting_box_can_be_dismissed_and_the_dialog_used_beside
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QApplication application(count, values);
         Test_IP_Change test;
         return QTest::qExec(&test, count, values);

@@ -352,7 +352,7 @@ void Test_IP_Settings_Dialog::values_set_from_outside_are_kept() {
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QApplication application(count, values);
         Test_IP_Settings_Dialog test;
         return QTest::qExec(&test, count, values);

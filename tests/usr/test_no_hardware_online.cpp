@@ -1,3 +1,6 @@
+#include "tests/usr/private_network.h"
+
+#include <QCoreApplication>
 #include <QProcess>
 #include <QTest>
 
@@ -33,5 +36,11 @@ void Test_No_Hardware_Online::a_search_without_answer_ends_the_process_after_its
     QCOMPARE(child.exitCode(), 1);
 }
 
-QTEST_GUILESS_MAIN(Test_No_Hardware_Online)
+int main(int argc, char** argv) {
+    return run_test_of_private_networks(argc, argv, [](int count, char** values) {
+        const QCoreApplication application(count, values);
+        Test_No_Hardware_Online test;
+        return QTest::qExec(&test, count, values);
+    });
+}
 #include "test_no_hardware_online.moc"

@@ -1,3 +1,7 @@
+#include "tests/usr/private_network.h"
+
+#include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -14,6 +18,7 @@ private slots:
     void without_its_tools_the_program_fails_instead_of_running_data();
     void without_its_tools_the_program_fails_instead_of_running();
     void in_the_outer_network_the_program_fails_instead_of_running();
+    void where_the_network_is_refused_each_function_is_skipped_by_name();
 };
 
 namespace {
@@ -25,10 +30,12 @@ struct Run {
     QStringList output;
 };
 
-Run run_child(const QProcessEnvironment& environment) {
+Run run_child(const QProcessEnvironment& environment,
+              const QString& program = HALVERN_PRIVATE_NETWORK_CHILD,
+              const QStringList& arguments = {}) {
     QProcess child;
     child.setProcessEnvironment(environment);
-    child.start(HALVERN_PRIVATE_NETWORK_CHILD, QStringList());
+    child.start(program, arguments);
     child.waitForFinished(patience_ms);
     const QString output = QString::fromUtf8(child.readAllStandardOutput());
     return {child.exitStatus() == QProcess::NormalExit ? child.exitCode() : -1,
@@ -41,6 +48,9 @@ QString own_network() { return QFileInfo(QFile::symLinkTarget("/proc/self/ns/net
 } // namespace
 
 void Test_Private_Network::a_program_runs_in_a_network_of_its_own_with_the_loopback_alone() {
+    if (const std::string refusal = private_network_refusal(); !refusal.empty()) {
+        QSKIP(("no private network: " + refusal).c_str());
+    }
     const Run run = run_child(QProcessEnvironment::systemEnvironment());
     QCOMPARE(run.exit_code, 42);
     QCOMPARE(run.output.size(), 2);
@@ -78,6 +88,32 @@ void Test_Private_Network::in_the_outer_network_the_program_fails_instead_of_run
     const Run run = run_child(environment);
     QCOMPARE(run.exit_code, 1);
     QCOMPARE(run.output, QStringList());
+}
+
+void Test_Private_Network::where_the_network_is_refused_each_function_is_skipped_by_name() {
+    const QTemporaryDir place;
+    QFile unshare(place.filePath("unshare"));
+    QVERIFY(unshare.open(QIODevice::WriteOnly));
+    unshare.write("#!/bin/sh\necho refused here >&2\nexit 1\n");
+    unshare.close();
+    QVERIFY(unshare.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("PATH", place.path() + ':' + environment.value("PATH"));
+    const QString test = QDir(QCoreApplication::applicationDirPath()).filePath("test_usr_login");
+
+    const Run names = run_child(environment, test, {"-functions"});
+    const Run all = run_child(environment, test);
+    QCOMPARE(all.exit_code, 0);
+    QCOMPARE_GT(all.output.size(), 10);
+    QCOMPARE(names.output, all.output);
+    for (const QString& line : all.output) {
+        QVERIFY2(line.startsWith("SKIP   : ") &&
+                     line.endsWith("() no private network: refused here"),
+                 qPrintable(line));
+    }
+    QVERIFY(
+        all.output.contains("SKIP   : the_login_frame_on_the_wire_is_the_known_one() no private "
+                            "network: refused here"));
 }
 
 QTEST_GUILESS_MAIN(Test_Private_Network)

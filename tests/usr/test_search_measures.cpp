@@ -76,7 +76,7 @@ void Test_Search_Measures::all_adapters_that_answer_at_once_are_listed_in_time()
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QCoreApplication application(count, values);
         Test_Search_Measures test;
         return QTest::qExec(&test, count, values);

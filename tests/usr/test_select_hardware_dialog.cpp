@@ -281,7 +281,7 @@ void Test_Select_Hardware_Dialog::addresses_without_replies_give_an_empty_box() 
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QApplication application(count, values);
         Test_Select_Hardware_Dialog test;
         return QTest::qExec(&test, count, values);

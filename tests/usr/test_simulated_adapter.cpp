@@ -277,7 +277,7 @@ void Test_Simulated_Adapter::the_program_binds_nothing_beside_a_real_interface()
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QCoreApplication application(count, values);
         Test_Simulated_Adapter test;
         return QTest::qExec(&test, count, values);

@@ -82,7 +82,7 @@ void Test_USR_Diagnostics::no_user_name_or_password_is_ever_told() {
 int main(int argc, char** argv) {
     // What is on by itself is to be seen, not what the environment asks for.
     qunsetenv("QT_LOGGING_RULES");
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QApplication application(count, values);
         Test_USR_Diagnostics test;
         return QTest::qExec(&test, count, values);

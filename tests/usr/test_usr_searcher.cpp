@@ -337,7 +337,7 @@ void Test_USR_Searcher::the_stopwatch_measures_from_start_to_stop_or_now() {
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QApplication application(count, values);
         Test_USR_Searcher test;
         return QTest::qExec(&test, count, values);

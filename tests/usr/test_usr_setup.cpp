@@ -362,7 +362,7 @@ void Test_USR_Setup::a_failed_search_for_it_is_reported() {
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QApplication application(count, values);
         Test_USR_Setup test;
         return QTest::qExec(&test, count, values);

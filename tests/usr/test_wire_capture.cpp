@@ -137,7 +137,7 @@ void Test_Wire_Capture::nothing_else_was_sent() {
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QApplication application(count, values);
         Test_Wire_Capture test;
         return QTest::qExec(&test, count, values);
