@@ -6,6 +6,7 @@
 
 namespace {
 
+/// By their files alone: in such a list a blank would part a path.
 QString preloaded(Port_List port_list) {
     QStringList libraries{HALVERN_HAND, HALVERN_PORT_LIST};
     if (port_list == Port_List::throws) {
@@ -20,6 +21,7 @@ Driven_Program::Driven_Program(const QStringList& ports, Port_List port_list,
                                QMap<QString, QString> environment)
     : run({.program = halvern_program(), .ports = ports, .environment = [&] {
                environment.insert("LD_PRELOAD", preloaded(port_list));
+               environment.insert("LD_LIBRARY_PATH", HALVERN_LIBRARY_FOLDERS);
                return environment;
            }()}) {}
 

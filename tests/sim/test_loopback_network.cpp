@@ -30,6 +30,7 @@ public:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("HALVERN_LOOPBACK_NETWORK", QString::number(network));
         environment.insert("LD_PRELOAD", HALVERN_LOOPBACK_LIBRARY);
+        environment.insert("LD_LIBRARY_PATH", HALVERN_LOOPBACK_FOLDER);
         environment.insert("ASAN_OPTIONS", "verify_asan_link_order=0");
         process.setProcessEnvironment(environment);
         process.start(HALVERN_LOOPBACK_CHILD, arguments);

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QSerialPortInfo>
@@ -65,7 +66,10 @@ QProcessEnvironment environment_with(const QStringList& ports) {
 }
 
 QProcessEnvironment preloading(QProcessEnvironment environment) {
-    environment.insert("LD_PRELOAD", HALVERN_PORT_LIST_PRELOAD);
+    // By its file alone: in a list of libraries to preload a blank would part a path.
+    const QFileInfo library(HALVERN_PORT_LIST_PRELOAD);
+    environment.insert("LD_PRELOAD", library.fileName());
+    environment.insert("LD_LIBRARY_PATH", library.path());
     environment.insert("ASAN_OPTIONS", "verify_asan_link_order=0");
     return environment;
 }
@@ -76,7 +80,7 @@ QSet<QString> files_asked(const char* program, QProcessEnvironment environment) 
     environment.insert("LD_DEBUG", "bindings");
     environment.insert("LD_BIND_NOW", "1");
     static const QRegularExpression binding(
-        "binding file \\S*libQt6SerialPort\\S* \\[0\\] to (\\S+) \\[0\\]: normal symbol `udev_");
+        "binding file \\S*libQt6SerialPort\\S* \\[0\\] to (.+) \\[0\\]: normal symbol `udev_");
     QSet<QString> files;
     auto matches =
         binding.globalMatch(QString::fromLocal8Bit(Listing(program, environment).errors));
