@@ -326,10 +326,11 @@ void Test_Link_Devices::a_port_whose_closing_throws_stays_and_counts_on() {
 void Test_Link_Devices::a_socket_whose_closing_throws_stays_and_counts_on() {
     QUdpSocket adapter;
     QVERIFY(adapter.bind(QHostAddress::LocalHost, 0));
+    // Looked at until the socket is gone.
+    bool fails = true;
     Link_Devices devices([] { return true; });
     devices.network_socket = connected_socket(adapter);
     devices.socket_open_count = 1;
-    bool fails = true;
     connect(devices.network_socket.get(), &QIODevice::aboutToClose, this, [&fails] {
         if (fails) {
             throw std::bad_alloc();
