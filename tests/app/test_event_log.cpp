@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTimeZone>
 
 #include <ctime>
 
@@ -112,7 +113,8 @@ void Test_Event_Log::an_entrys_time_is_that_of_the_place() {
     close_log();
     QStringList possible;
     for (qint64 second = before; second <= after; ++second) {
-        const QDateTime there = QDateTime::fromSecsSinceEpoch(second + seconds_east, Qt::UTC);
+        const QDateTime there =
+            QDateTime::fromSecsSinceEpoch(second + seconds_east, QTimeZone::utc());
         possible << "Write data error   " + there.toString("yyyy-MM-dd HH:mm:ss");
     }
     const QString entry = QString::fromUtf8(lines.split('\n').value(1));

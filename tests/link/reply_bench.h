@@ -26,8 +26,8 @@ public slots:
     void set_current_layout_from_buff() { layout_calls.append(clock.elapsed()); }
 };
 
-/// A reply stream, with an open line for what it says and a record of what it finds. Time is virtual
-/// as long as it stands.
+/// A reply stream, with an open line for what it says and a record of what it finds. Time is
+/// virtual as long as it stands.
 struct Reply_Bench {
     explicit Reply_Bench(Notice_Order order = Notice_Order::layout_first)
         : stream(line.state, line.writer, receiver, window, order) {}
