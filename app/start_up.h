@@ -21,8 +21,7 @@ void refuse_proxies();
 /// The run between the application object's birth and end: asks for the model, makes and shows its
 /// window, runs the event loop, and deletes the window before the dialog.
 ///
-/// @param construction_failure takes an exception that left the making of the window, for the
-/// caller
-///        to throw on once the application object is gone as well; no event loop runs then.
+/// @param construction_failure takes an exception that left the making of the window. The caller
+///        throws it on once the application object is gone as well; no event loop runs then.
 /// @return the exit status of the event loop; 0 at once if no model was chosen.
 int run_tool(const Window_Factory& make_window, std::exception_ptr& construction_failure);

@@ -35,10 +35,11 @@ public:
     void write_to_port(const QByteArray& bytes) const;
 
     std::unique_ptr<QSerialPort> serial_port;
-    /// 1 while serial_port is open, 0 otherwise.
+    /// 1 from an opening that succeeded to the closing by close_port(), 0 otherwise. A port that
+    /// was quieted because its line is gone counts on.
     int port_open_count = 0;
     std::unique_ptr<QUdpSocket> network_socket;
-    /// 1 while network_socket stands for a connected socket, 0 otherwise.
+    /// 1 from a connection that succeeded to the closing by close_socket(), 0 otherwise.
     int socket_open_count = 0;
 
 private:

@@ -18,7 +18,7 @@ struct Adapter_Options {
     std::chrono::milliseconds time_away{1000};
     int split_bytes = 0;
     Fault_Plan switch_faults;
-    QString switch_model; ///< "plus", "pro", or empty for no switch
+    QString switch_model; ///< "plus", "pro" or "none"
 };
 
 /// The options that make an adapter itself go wrong, in the order of the help.

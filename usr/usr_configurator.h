@@ -33,8 +33,7 @@ public:
 
     /// Asks the adapter for its configuration, at most 100 times, two seconds or more each.
     /// @return "-1" when the first attempt was refused ("Bad credentials"); otherwise "1", also
-    /// when
-    ///         no attempt was answered or a later one was refused.
+    ///         when no attempt was answered or a later one was refused.
     QString login_to_USR();
 
     /// "00" for DHCP or "80" for Static; logs in unless an answer is at hand. "-1" when the login
@@ -52,9 +51,8 @@ public:
     QString get_usr_name();
 
     /// Sends the configuration and has it taken into use. The adapter confirms nothing.
-    /// @return 1 when both frames were handed to the socket, -1 after a failure ("Error in the
-    /// setup
-    ///         of USR"), which an address that can't be written is as well.
+    /// @return 1 when both frames were handed to the socket; -1 after a failure, to which an
+    ///         address that can't be written belongs ("Error in the setup of USR").
     int setup_USR();
 
     /// Writes new credentials and a new name along with the settings given at construction.

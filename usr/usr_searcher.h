@@ -28,10 +28,9 @@ public:
     /// The only test of a reply is its length. One reply that is not 36 bytes long makes the whole
     /// search start over, as often as it takes.
     ///
-    /// @return 1 when the first of these searches read a datagram, whatever a repeated one found
-    /// (so
-    ///         the lists may be empty all the same); -1 when it read none, when the port was taken,
-    ///         or after a failure ("Search USR error").
+    /// @return 1 when the first of these searches read a datagram, whatever a repeated one found,
+    ///         so the lists may be empty all the same; -1 when it read none, when the port was
+    ///         taken, or after a failure ("Search USR error").
     int search_USR_in_network();
 
     /// The datagrams of the last search as hexadecimal text (adapter_answers.h tells the fields).

@@ -44,8 +44,7 @@ public:
     void update_inactive_channels(std::int64_t index);
     /// Takes a port limit from a report or a file. The marks are drawn for one port more than the
     /// combo box shows; rebuild_layout(), which follows, settles them.
-    /// @param value port limit minus 1; wider than the unit's numbers, so that no text overflows
-    /// it.
+    /// @param value port limit minus 1; its type is wide enough for any number in a text.
     void set_active_ports(std::int64_t value);
 
     [[nodiscard]] QString get_grid_command() const { return grid_command(current_layout); }

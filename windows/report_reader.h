@@ -21,8 +21,7 @@ public:
     void apply_information_report();
     /// Everything else but the layout from status_buff, in a fixed order; nothing from an empty
     /// one. Leaves ui_changes_enabled down.
-    /// @throws std::exception at the first value that is missing or no number, where it must not
-    /// be.
+    /// @throws std::exception at the first required value that is missing or no number.
     void apply_status_report();
 
     /// Notices of a channel change. Each sets the channel boxes without an echo to the switch and
