@@ -39,6 +39,16 @@ qint64 per_step(qint64 bytes, int count) { return bytes / count; }
 
 } // namespace
 
+int length_of_run(int all_steps) {
+#ifdef HALVERN_ADDRESS_SANITIZER
+    constexpr int sanitizer_share = 10;
+    return all_steps / sanitizer_share;
+#else
+    constexpr int short_share = 5;
+    return qEnvironmentVariableIsSet("HALVERN_LONG_RUNS") ? all_steps : all_steps / short_share;
+#endif
+}
+
 Soak::Soak(const Window_Fixture& opened_window, std::function<void()> drop_record,
            std::function<QByteArray()> tell_why)
     : window(opened_window), forget(std::move(drop_record)), why(std::move(tell_why)) {}

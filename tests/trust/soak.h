@@ -6,6 +6,11 @@
 
 #include <functional>
 
+/// How many of a long run's steps are taken: all of them under `./test --all`, which sets
+/// HALVERN_LONG_RUNS, else a fifth. Under the address sanitizer each step takes ten times as long
+/// and a leak is seen at any number: a tenth.
+[[nodiscard]] int length_of_run(int all_steps);
+
 /// Uses a window over and over in virtual time, and demands that nothing which is opened
 /// or made on the way is left behind but the text shown. The figures are printed.
 class Soak {

@@ -37,12 +37,6 @@ constexpr milliseconds refresh_lock_out{1700};
 /// Within these a unit has to answer after ON.
 constexpr milliseconds longest_answer{7000};
 
-#ifdef HALVERN_ADDRESS_SANITIZER
-constexpr int chunk_count = 2'000;
-#else
-constexpr int chunk_count = 20'000;
-#endif
-
 } // namespace
 
 void Test_Network_Soak::initTestCase_data() {
@@ -80,7 +74,7 @@ void Test_Network_Soak::chunks_of_replies_leave_nothing_behind() {
     // short.
     constexpr qint64 for_waiting_timers = 64 * 1024;
     soak->repeat(
-        "chunks", chunk_count,
+        "chunks", length_of_run(20'000),
         [&](int number) {
             const QByteArray& word = words[number % 5];
             const qint64 wanted = soak->shown() + word.size();

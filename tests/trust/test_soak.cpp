@@ -40,13 +40,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// Under the address sanitizer each takes ten times as long; leaks are then seen at any number.
-#ifdef HALVERN_ADDRESS_SANITIZER
-constexpr int chunk_count = 10'000;
-#else
-constexpr int chunk_count = 100'000;
-#endif
-
 constexpr milliseconds report_wait{1000};
 constexpr milliseconds refresh_lock_out{1700};
 constexpr milliseconds second_part_wait{2000};
@@ -97,7 +90,7 @@ void Test_Soak::chunks_of_replies_leave_nothing_behind() {
     // millisecond between chunks keeps it short.
     constexpr qint64 for_waiting_timers = 64 * 1024;
     soak->repeat(
-        "chunks", chunk_count,
+        "chunks", length_of_run(100'000),
         [&](int number) {
             const int earlier = chunks;
             virtual_time::leap(milliseconds(1));
