@@ -7,7 +7,7 @@
 // * Port numbers below 1024, which only root may bind, are 20000 higher in truth.
 // * Who listens at any address gets one of a few addresses set aside for that, and a broadcast goes
 //   to each of them. So every listener hears it, in whichever process.
-// * Everything else is unreachable. Streams reach the loopback only, which the display may need,
+// * Everything else is unreachable. Streams, which the display may need, reach the loopback only,
 // and
 //   no name but localhost is looked up.
 //

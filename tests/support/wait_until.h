@@ -10,7 +10,6 @@
 [[nodiscard]] bool wait_until(const std::function<bool()>& condition, int milliseconds = 5000);
 
 /// Serves events for a while.
-/// @return how often the event loop woke up for it: about once in 10 ms if nothing else happens,
-/// and
-///         as often as the processor can if a descriptor is ready all the time.
+/// @return how often the event loop woke up: about once in 10 ms if nothing else happens, and as
+///         often as the processor can if a descriptor is ready all the time.
 [[nodiscard]] int count_event_rounds(int milliseconds);
