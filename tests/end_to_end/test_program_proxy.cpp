@@ -89,7 +89,7 @@ void Test_Program_Proxy::a_proxy_hears_nothing_while_the_search_finds_an_adapter
 }
 
 int main(int argc, char** argv) {
-    return run_in_private_network(argc, argv, [](int count, char** values) {
+    return run_test_in_private_network(argc, argv, [](int count, char** values) {
         // The proxy itself asks nobody.
         for (const char* name : {"http_proxy", "https_proxy", "all_proxy"}) {
             qunsetenv(name);
