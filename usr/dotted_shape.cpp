@@ -3,6 +3,6 @@
 #include <regex>
 
 bool has_dotted_shape(const QString& text) {
-    const std::regex dotted(R"(^\d{1,3}\.\d{1,3}\.\d{1,3}\.\d{1,3}$)");
+    static const std::regex dotted(R"(^\d{1,3}\.\d{1,3}\.\d{1,3}\.\d{1,3}$)");
     return std::regex_match(text.toStdString(), dotted);
 }
