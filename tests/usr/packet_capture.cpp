@@ -1,54 +1,85 @@
 #include "tests/usr/packet_capture.h"
 
-#include <QRegularExpression>
+#include <QHostAddress>
+#include <QtEndian>
+
+#include <cerrno>
+#include <cstring>
+#include <net/if.h>
+#include <netinet/in.h>
+#include <netpacket/packet.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 namespace {
 
-constexpr int capture_patience_ms = 20'000;
+constexpr qsizetype max_packet_bytes = 65536;
 
-// All but what the tests' clock sends to itself, see tests/support/virtual_time.cpp.
-constexpr const char* captured = "udp and not (src host 127.0.0.1 and dst host 127.0.0.1)";
+// Offsets in the IP header, whose length its first byte tells, and in the UDP header behind it.
+constexpr qsizetype protocol_offset = 9;
+constexpr qsizetype from_offset = 12;
+constexpr qsizetype to_offset = 16;
+constexpr qsizetype udp_header_bytes = 8;
 
-// IP header without options, and UDP header.
-constexpr qsizetype header_bytes = 20 + 8;
+constexpr const char* clock_address = "127.0.0.1.";
 
-} // namespace
+qsizetype ip_header_bytes(const QByteArray& packet) { return (packet.at(0) & 0x0f) * qsizetype(4); }
 
-Packet_Capture::Packet_Capture() {
-    tcpdump.setProcessChannelMode(QProcess::MergedChannels);
-    // As root of a namespace it can't become another user; each packet is written at once.
-    tcpdump.start("tcpdump", {"-Z", "root", "-i", "lo", "-U", "--immediate-mode", "-w",
-                              place.filePath("capture"), captured});
-    QByteArray said;
-    while (!said.contains("listening on")) {
-        if (!tcpdump.waitForReadyRead(capture_patience_ms)) {
-            qFatal("tcpdump doesn't listen: %s %s", qPrintable(tcpdump.errorString()),
-                   said.constData());
+QString endpoint(const QByteArray& packet, qsizetype address_offset, qsizetype port_offset) {
+    const QHostAddress address(qFromBigEndian<quint32>(packet.constData() + address_offset));
+    const auto port =
+        qFromBigEndian<quint16>(packet.constData() + ip_header_bytes(packet) + port_offset);
+    return address.toString() + '.' + QString::number(port);
+}
+
+/// The next packet that came in over the loopback, which shows each twice; empty if there is none.
+QByteArray next_packet(int packet_socket) {
+    QByteArray packet(max_packet_bytes, '\0');
+    while (true) {
+        sockaddr_ll sender{};
+        socklen_t sender_bytes = sizeof sender;
+        const ssize_t size =
+            recvfrom(packet_socket, packet.data(), static_cast<std::size_t>(packet.size()),
+                     MSG_DONTWAIT, reinterpret_cast<sockaddr*>(&sender), &sender_bytes);
+        if (size <= 0) {
+            return {};
         }
-        said += tcpdump.readAll();
+        if (sender.sll_pkttype != PACKET_OUTGOING) {
+            return packet.first(size);
+        }
     }
 }
 
-QList<Captured_Datagram> Packet_Capture::finish() {
-    tcpdump.terminate();
-    tcpdump.waitForFinished(capture_patience_ms);
-    QProcess reader;
-    reader.start("tcpdump", {"-Z", "root", "-n", "-x", "-r", place.filePath("capture")});
-    reader.waitForFinished(capture_patience_ms);
+} // namespace
 
-    static const QRegularExpression packet_line(R"(IP (\S+) > (\S+): UDP, length (\d+))");
-    static const QRegularExpression bytes_line(R"(^\s+0x[0-9a-f]{4}:\s+([0-9a-f ]+)$)");
-    QList<Captured_Datagram> datagrams;
-    for (const QString& line : QString::fromLatin1(reader.readAll()).split('\n')) {
-        if (const auto packet = packet_line.match(line); packet.hasMatch()) {
-            datagrams.append({packet.captured(1), packet.captured(2), {}});
-        } else if (const auto bytes = bytes_line.match(line);
-                   bytes.hasMatch() && !datagrams.isEmpty()) {
-            datagrams.last().payload += QByteArray::fromHex(bytes.captured(1).toLatin1());
-        }
+Packet_Capture::Packet_Capture()
+    : packet_socket(socket(AF_PACKET, SOCK_DGRAM | SOCK_CLOEXEC, htons(0x0800))) {
+    sockaddr_ll place{};
+    place.sll_family = AF_PACKET;
+    place.sll_protocol = htons(0x0800);
+    place.sll_ifindex = static_cast<int>(if_nametoindex("lo"));
+    if (packet_socket < 0 ||
+        bind(packet_socket, reinterpret_cast<const sockaddr*>(&place), sizeof place) != 0) {
+        qFatal("no packet can be captured: %s", std::strerror(errno));
     }
-    for (Captured_Datagram& datagram : datagrams) {
-        datagram.payload.remove(0, header_bytes);
+}
+
+Packet_Capture::~Packet_Capture() { close(packet_socket); }
+
+QList<Captured_Datagram> Packet_Capture::finish() {
+    QList<Captured_Datagram> datagrams;
+    for (QByteArray packet = next_packet(packet_socket); !packet.isEmpty();
+         packet = next_packet(packet_socket)) {
+        if (packet.at(protocol_offset) != IPPROTO_UDP) {
+            continue;
+        }
+        const Captured_Datagram datagram{endpoint(packet, from_offset, 0),
+                                         endpoint(packet, to_offset, 2),
+                                         packet.mid(ip_header_bytes(packet) + udp_header_bytes)};
+        // What the tests' clock sends to itself, see tests/support/virtual_time.cpp.
+        if (!datagram.from.startsWith(clock_address) || !datagram.to.startsWith(clock_address)) {
+            datagrams.append(datagram);
+        }
     }
     return datagrams;
 }

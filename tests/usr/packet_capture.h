@@ -4,28 +4,28 @@
 
 #include <QByteArray>
 #include <QList>
-#include <QProcess>
-#include <QTemporaryDir>
 
-/// A UDP datagram as tcpdump has read it off the loopback.
+/// A UDP datagram as it went over the loopback.
 struct Captured_Datagram {
     QString from; ///< as "127.0.0.1.4242"
     QString to;   ///< as "255.255.255.255.1901"
     QByteArray payload;
 };
 
-/// tcpdump on the loopback of the test's network, so that something that is not our code looks at
-/// what goes over the wire. Time is real as long as it stands.
+/// What the kernel sends over the loopback of the test's network, seen below UDP. For root of that
+/// network. Time is real as long as it stands.
 class Packet_Capture {
 public:
-    /// Starts it and waits until it listens; ends the test program if it can't.
+    /// Captures from now on; ends the test program if it can't.
     Packet_Capture();
+    ~Packet_Capture();
+    Packet_Capture(const Packet_Capture&) = delete;
+    Packet_Capture& operator=(const Packet_Capture&) = delete;
 
-    /// Ends it and has it decode what it has seen, in order.
+    /// What has been sent so far, in order.
     QList<Captured_Datagram> finish();
 
 private:
     const Real_Time time;
-    QTemporaryDir place;
-    QProcess tcpdump;
+    int packet_socket;
 };

@@ -7,7 +7,7 @@
 #include <QApplication>
 #include <QTest>
 
-/// A whole change of settings as tcpdump sees it.
+/// A whole change of settings, below UDP.
 class Test_Wire_Capture : public QObject {
     Q_OBJECT
 
@@ -49,7 +49,6 @@ void Test_Wire_Capture::initTestCase() {
         QCOMPARE(configurator.login_to_USR(), QString("1"));
         QCOMPARE(configurator.change_credentials_and_name("neu", "wort", "Ostrel"), 1);
     }
-    QTest::qWait(200);
     datagrams = capture.finish();
 }
 

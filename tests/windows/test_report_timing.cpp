@@ -233,7 +233,12 @@ void Test_Report_Timing::a_confirmed_layout_that_is_not_told_ends_the_process() 
     QVERIFY(run.wait_for_end(30'000));
     QCOMPARE(run.ending_signal(), SIGABRT);
     QVERIFY2(run.errors().contains("std::out_of_range"), run.errors());
-    QCOMPARE(run.output(), "window made\n");
+    // The same chunk began a report that never came; its box, due in the same millisecond, opens
+    // before the end and may just have been seen.
+    const QByteArray box = "QMessageBox , title \"Information\", text \"Setting data from TQL "
+                           "error\", icon 2, buttons OK\nover a window\n";
+    QVERIFY2(run.output() == "window made\n" || run.output() == "window made\n" + box,
+             run.output());
 }
 
 QTEST_MAIN(Test_Report_Timing)
