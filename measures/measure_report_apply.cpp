@@ -4,10 +4,10 @@
 #include "measures/measurements.h"
 #include "measures/statistics.h"
 #include "measures/window_on_line.h"
+#include "pages/grid.h"
 #include "sim/switch_report.h"
 #include "tests/support/find_child.h"
 #include "tests/support/wait_until.h"
-#include "windows/grid.h"
 #include "windows/window_widgets.h"
 
 #include <QMainWindow>

@@ -5,8 +5,8 @@
 #include "measures/measurements.h"
 #include "measures/statistics.h"
 #include "measures/window_on_line.h"
+#include "pages/settings_exchange.h"
 #include "tests/support/wait_until.h"
-#include "windows/settings_exchange.h"
 
 #include <QFile>
 #include <QTemporaryDir>

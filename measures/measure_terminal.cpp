@@ -4,10 +4,10 @@
 #include "measures/flush_hook.h"
 #include "measures/measurements.h"
 #include "measures/statistics.h"
+#include "pages/terminal_view.h"
 #include "tests/support/wait_until.h"
 #include "ui_corvane_lite_ui.h"
 #include "windows/form.h"
-#include "windows/terminal_view.h"
 
 #include <QEventLoop>
 #include <QMainWindow>

@@ -3,10 +3,10 @@
 #include "link/command_writer.h"
 #include "link/link_devices.h"
 #include "link/link_state.h"
-#include "windows/left_menu.h"
-#include "windows/model.h"
-#include "windows/mouse_speed_page.h"
-#include "windows/terminal_view.h"
+#include "pages/left_menu.h"
+#include "pages/model.h"
+#include "pages/mouse_speed_page.h"
+#include "pages/terminal_view.h"
 
 #include <QMainWindow>
 

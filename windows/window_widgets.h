@@ -1,32 +1,14 @@
 #pragma once
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
+#include "pages/page_widgets.h"
+
 #include <QStackedWidget>
-#include <QTableWidget>
-#include <QTextEdit>
 
 #include <array>
 #include <optional>
 #include <vector>
 
-/// The widgets that the common code works on, taken from any of the three forms by one template.
-/// Each page gets just its own struct.
-
-struct Left_Menu_Widgets {
-    QPushButton& pushButton_Connection_Indicator;
-    QPushButton& pushButton_ON_Connection;
-    QPushButton& pushButton_OFF_Connection;
-    QComboBox& comboBox_SelectPort;
-    /// The buttons that act on a connected switch.
-    std::vector<QPushButton*> configuration_controls;
-    /// The setting combo boxes that follow the connection state.
-    std::vector<QComboBox*> setting_widgets;
-};
-
+/// The window around the pages.
 struct Frame_Widgets {
     QPushButton& ConfigurationBtn;
     QPushButton& pushButton_Mouse_Speed_Settings;
@@ -35,48 +17,7 @@ struct Frame_Widgets {
     QStackedWidget& stackedWidget;
 };
 
-struct Configuration_Widgets {
-    QComboBox& comboBox_KM_Control;
-    QComboBox& comboBox_USB_Control;
-    QLabel& label_Current_Hotkey_Trigger_Data;
-    QComboBox& comboBox_Select_Display_Mode;
-    QComboBox& comboBox_Select_active_port;
-    QComboBox& comboBox_Enable_or_Disable_Cursor_Roll;
-    QLineEdit& lineEdit_MouseParking_x;
-    QLineEdit& lineEdit_MouseParking_y;
-    QPushButton& pushButton_ON_Beep;
-    QPushButton& pushButton_OFF_Beep;
-};
-
-struct Mouse_Speed_Widgets {
-    QComboBox& comboBox_number_of_setting;
-    QLineEdit& lineEdit_Mouse_Movement_Name;
-    QLineEdit& lineEdit_Mouse_Movement_X;
-    QLineEdit& lineEdit_Mouse_Movement_Y;
-    std::array<QLabel*, 4> custom_setting_labels;
-    std::array<QComboBox*, 4> resolution_combo_boxes;
-};
-
-struct Layout_Widgets {
-    QTableWidget& tableWidget;
-    QComboBox& comboBox_Select_active_port;
-};
-
-/// The audio panel, on a model that has one.
-struct Audio_Widgets {
-    QCheckBox& checkBox_ALL;
-    QCheckBox& checkBox_FOLLOW;
-    std::array<QCheckBox*, 4> channels;
-};
-
-/// What shows which link is in force, on a model with a network link.
-struct Network_Widgets {
-    QLabel& label_Select_port;
-    QLabel& label_current_Ip;
-    QLabel& label_name_of_USR;
-    QPushButton& pushButton_Admin_Settings;
-};
-
+/// All that the common code works on.
 struct Window_Widgets {
     Left_Menu_Widgets left_menu;
     Frame_Widgets frame;
@@ -86,6 +27,8 @@ struct Window_Widgets {
     QTextEdit& textEdit_Main_Terminal;
     std::optional<Audio_Widgets> audio;
 };
+
+// Taken out of any of the three forms, each struct by one template.
 
 template <class Form>
 std::array<QComboBox*, 4> resolution_combo_boxes(const Form& form) {

@@ -135,7 +135,7 @@ QSet<QString> sentences_in_sources() {
         QRegularExpression::MultilineOption);
     static const QRegularExpression seam(R"("\s*\n\s*")");
     QSet<QString> sentences;
-    for (const char* folder : {"app", "link", "usr", "settings", "windows"}) {
+    for (const char* folder : {"app", "link", "usr", "settings", "pages", "windows"}) {
         for (const QString& file : files(folder, "*.cpp")) {
             const QString code = text_of(file).remove(no_text).remove(seam);
             for (const QString& literal :

@@ -1,8 +1,8 @@
 // Cells of the grid in reports, commands and files.
 // Input: the text.
 
+#include "pages/grid.h"
 #include "tests/fuzz/stated_ends.h"
-#include "windows/grid.h"
 
 #include <stdexcept>
 

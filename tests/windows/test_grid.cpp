@@ -1,4 +1,4 @@
-#include "windows/grid.h"
+#include "pages/grid.h"
 
 #include <QTest>
 

@@ -1,10 +1,10 @@
-#include "windows/configuration_page.h"
+#include "pages/configuration_page.h"
 
 #include "app/yes_no_dialog.h"
 #include "link/report_values.h"
 #include "link/vocabulary.h"
-#include "windows/combo_box.h"
-#include "windows/range_check.h"
+#include "pages/combo_box.h"
+#include "pages/range_check.h"
 
 #include <QTimer>
 

@@ -2,7 +2,7 @@
 
 #include "link/audio_state.h"
 #include "link/command_writer.h"
-#include "windows/window_widgets.h"
+#include "pages/page_widgets.h"
 
 #include <string>
 #include <string_view>

@@ -2,9 +2,9 @@
 
 #include "link/command_writer.h"
 #include "link/link_state.h"
-#include "windows/grid.h"
-#include "windows/model.h"
-#include "windows/window_widgets.h"
+#include "pages/grid.h"
+#include "pages/model.h"
+#include "pages/page_widgets.h"
 
 #include <cstdint>
 #include <string>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "link/link_state.h"
-#include "windows/configuration_page.h"
-#include "windows/layout_page.h"
-#include "windows/mouse_speed_page.h"
+#include "pages/configuration_page.h"
+#include "pages/layout_page.h"
+#include "pages/mouse_speed_page.h"
 
 #include <array>
 #include <functional>

@@ -1,4 +1,4 @@
-#include "windows/combo_box.h"
+#include "pages/combo_box.h"
 
 #include "app/event_log.h"
 

@@ -1,4 +1,4 @@
-#include "windows/audio_panel.h"
+#include "pages/audio_panel.h"
 
 #include "link/report_values.h"
 #include "link/vocabulary.h"

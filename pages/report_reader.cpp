@@ -1,4 +1,4 @@
-#include "windows/report_reader.h"
+#include "pages/report_reader.h"
 
 #include "link/flag_guard.h"
 #include "link/report_values.h"

@@ -1,4 +1,4 @@
-#include "windows/settings_exchange.h"
+#include "pages/settings_exchange.h"
 
 #include "app/message_box.h"
 #include "link/report_values.h"

@@ -1,10 +1,10 @@
-#include "windows/mouse_speed_page.h"
+#include "pages/mouse_speed_page.h"
 
 #include "app/message_box.h"
 #include "link/report_values.h"
 #include "link/vocabulary.h"
-#include "windows/combo_box.h"
-#include "windows/range_check.h"
+#include "pages/combo_box.h"
+#include "pages/range_check.h"
 
 #include <QTimer>
 

@@ -1,4 +1,4 @@
-#include "windows/left_menu.h"
+#include "pages/left_menu.h"
 
 namespace {
 

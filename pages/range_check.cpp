@@ -1,4 +1,4 @@
-#include "windows/range_check.h"
+#include "pages/range_check.h"
 
 #include "app/message_box.h"
 

@@ -3,7 +3,7 @@
 #include "link/command_writer.h"
 #include "link/custom_setting.h"
 #include "link/link_state.h"
-#include "windows/window_widgets.h"
+#include "pages/page_widgets.h"
 
 #include <QObject>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "link/link_state.h"
-#include "windows/window_widgets.h"
+#include "pages/page_widgets.h"
 
 /// The connection state as the left menu shows it, and the two fixed lists of controls that follow
 /// it. The indicator shows that a switch has answered, not that a port is open.

@@ -2,12 +2,12 @@
 
 #include "link/command_writer.h"
 #include "link/link_state.h"
+#include "pages/audio_panel.h"
+#include "pages/configuration_page.h"
+#include "pages/layout_page.h"
+#include "pages/model.h"
+#include "pages/mouse_speed_page.h"
 #include "settings/settings_file.h"
-#include "windows/audio_panel.h"
-#include "windows/configuration_page.h"
-#include "windows/layout_page.h"
-#include "windows/model.h"
-#include "windows/mouse_speed_page.h"
 
 #include <QObject>
 

@@ -1,4 +1,4 @@
-#include "windows/terminal_view.h"
+#include "pages/terminal_view.h"
 
 #include <QTextCursor>
 #include <QTimer>

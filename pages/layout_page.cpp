@@ -1,11 +1,11 @@
-#include "windows/layout_page.h"
+#include "pages/layout_page.h"
 
 #include "app/event_log.h"
 #include "app/message_box.h"
 #include "link/custom_setting.h"
 #include "link/flag_guard.h"
 #include "link/report_values.h"
-#include "windows/combo_box.h"
+#include "pages/combo_box.h"
 
 #include <QHeaderView>
 
