@@ -1,6 +1,6 @@
 #include "link/audio_state.h"
 
-#include "link/vocabulary.h"
+#include "link/switch_protocol.h"
 
 #include <string>
 

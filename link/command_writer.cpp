@@ -1,7 +1,7 @@
 #include "link/command_writer.h"
 
 #include "app/message_box.h"
-#include "link/vocabulary.h"
+#include "link/switch_protocol.h"
 
 Command_Writer::Command_Writer(Link_State& link_state, Link_Devices& link_devices,
                                bool asks_for_audio)

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "link/command_encoding.h"
-#include "link/link_devices.h"
-#include "link/link_state.h"
+#include "link/link_transport.h"
+#include "link/session_state.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #include "link/custom_setting.h"
 
 #include "link/report_values.h"
-#include "link/vocabulary.h"
+#include "link/switch_protocol.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,7 +1,7 @@
 // From the first byte of a report to every page filled and painted, beyond the fixed wait, against
 // how late a timer of that length fires by itself.
 
-#include "link/reply_stream.h"
+#include "link/reply_dispatcher.h"
 #include "measures/flush_hook.h"
 #include "measures/measurements.h"
 #include "measures/statistics.h"

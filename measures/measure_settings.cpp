@@ -5,7 +5,7 @@
 #include "measures/measurements.h"
 #include "measures/statistics.h"
 #include "measures/window_on_line.h"
-#include "pages/settings_exchange.h"
+#include "pages/settings_import_export.h"
 #include "tests/support/wait_until.h"
 
 #include <QFile>

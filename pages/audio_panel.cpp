@@ -1,7 +1,7 @@
 #include "pages/audio_panel.h"
 
 #include "link/report_values.h"
-#include "link/vocabulary.h"
+#include "link/switch_protocol.h"
 
 Audio_Panel::Audio_Panel(const Audio_Widgets& panel_widgets, Command_Writer& command_writer)
     : widgets(panel_widgets), writer(command_writer) {}

@@ -2,7 +2,7 @@
 
 #include "app/yes_no_dialog.h"
 #include "link/report_values.h"
-#include "link/vocabulary.h"
+#include "link/switch_protocol.h"
 #include "pages/combo_box.h"
 #include "pages/range_check.h"
 

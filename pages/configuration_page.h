@@ -1,9 +1,9 @@
 #pragma once
 
 #include "link/command_writer.h"
-#include "link/link_state.h"
+#include "link/session_state.h"
 #include "pages/layout_page.h"
-#include "pages/model.h"
+#include "pages/model_traits.h"
 #include "pages/page_widgets.h"
 
 #include <QObject>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/link_state.h"
+#include "link/session_state.h"
 #include "pages/page_widgets.h"
 
 /// The connection state as the left menu shows it, and the two fixed lists of controls that follow

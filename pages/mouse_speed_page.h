@@ -2,7 +2,7 @@
 
 #include "link/command_writer.h"
 #include "link/custom_setting.h"
-#include "link/link_state.h"
+#include "link/session_state.h"
 #include "pages/page_widgets.h"
 
 #include <QObject>

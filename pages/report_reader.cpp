@@ -2,7 +2,7 @@
 
 #include "link/flag_guard.h"
 #include "link/report_values.h"
-#include "link/vocabulary.h"
+#include "link/switch_protocol.h"
 
 Report_Reader::Report_Reader(Link_State& link_state, Configuration_Page& configuration_page,
                              Mouse_Speed_Page& mouse_speed_page, Layout_Page& layout_page)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/link_state.h"
+#include "link/session_state.h"
 #include "pages/configuration_page.h"
 #include "pages/layout_page.h"
 #include "pages/mouse_speed_page.h"

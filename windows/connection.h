@@ -1,10 +1,10 @@
 #pragma once
 
 #include "link/command_writer.h"
-#include "link/link_devices.h"
-#include "link/link_state.h"
+#include "link/link_transport.h"
+#include "link/session_state.h"
 #include "pages/left_menu.h"
-#include "pages/model.h"
+#include "pages/model_traits.h"
 #include "pages/mouse_speed_page.h"
 #include "pages/terminal_view.h"
 

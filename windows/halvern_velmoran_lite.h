@@ -1,6 +1,6 @@
 #pragma once
 
-#include "windows/main_window_body.h"
+#include "windows/main_window_controller.h"
 
 #include <QMainWindow>
 

@@ -2,7 +2,7 @@
 // Input: the text.
 
 #include "link/command_encoding.h"
-#include "link/vocabulary.h"
+#include "link/switch_protocol.h"
 #include "tests/fuzz/stated_ends.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/fuzz/widget_memory.h"
-#include "windows/main_window_body.h"
+#include "windows/main_window_controller.h"
 
 #include <QByteArrayList>
 #include <QMainWindow>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "link/reply_stream.h"
+#include "link/reply_dispatcher.h"
 #include "tests/link/open_line.h"
-#include "tests/link/recording_receiver.h"
+#include "tests/link/recording_handler.h"
 #include "tests/support/virtual_time.h"
 
 #include <QElapsedTimer>

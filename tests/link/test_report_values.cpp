@@ -1,5 +1,5 @@
 #include "link/report_values.h"
-#include "link/vocabulary.h"
+#include "link/switch_protocol.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 #include "app/event_log.h"
-#include "link/link_devices.h"
+#include "link/link_transport.h"
 #include "tests/app/log_folder.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/model_fixture.h"

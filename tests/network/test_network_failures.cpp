@@ -1,4 +1,4 @@
-#include "link/link_devices.h"
+#include "link/link_transport.h"
 #include "tests/app/log_folder.h"
 #include "tests/network/network_test.h"
 #include "tests/support/wait_until.h"

@@ -1,4 +1,4 @@
-#include "tests/settings/swift_window.h"
+#include "tests/settings/untimed_window.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
 

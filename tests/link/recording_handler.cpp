@@ -1,4 +1,4 @@
-#include "tests/link/recording_receiver.h"
+#include "tests/link/recording_handler.h"
 
 QStringList Recording_Receiver::texts_of(const QString& word) const {
     QStringList texts;

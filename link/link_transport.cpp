@@ -1,4 +1,4 @@
-#include "link/link_devices.h"
+#include "link/link_transport.h"
 
 #include <QLoggingCategory>
 #include <QSocketNotifier>

@@ -1,4 +1,4 @@
-#include "link/vocabulary.h"
+#include "link/switch_protocol.h"
 
 #include <initializer_list>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "link/command_writer.h"
-#include "link/link_state.h"
+#include "link/session_state.h"
 
 #include <QByteArray>
 #include <QObject>

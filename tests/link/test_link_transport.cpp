@@ -1,4 +1,4 @@
-#include "link/link_devices.h"
+#include "link/link_transport.h"
 #include "sim/pty_port.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
@@ -347,4 +347,4 @@ void Test_Link_Devices::a_socket_whose_closing_throws_stays_and_counts_on() {
 
 QTEST_MAIN(Test_Link_Devices)
 
-#include "test_link_devices.moc"
+#include "test_link_transport.moc"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/link_state.h"
+#include "link/session_state.h"
 #include "windows/window_widgets.h"
 
 #include <QMainWindow>

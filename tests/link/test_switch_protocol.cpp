@@ -1,4 +1,4 @@
-#include "link/vocabulary.h"
+#include "link/switch_protocol.h"
 
 #include <QTest>
 
@@ -193,4 +193,4 @@ void Test_Vocabulary::keys_of_answers() {
 
 QTEST_GUILESS_MAIN(Test_Vocabulary)
 
-#include "test_vocabulary.moc"
+#include "test_switch_protocol.moc"

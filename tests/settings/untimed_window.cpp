@@ -1,4 +1,4 @@
-#include "tests/settings/swift_window.h"
+#include "tests/settings/untimed_window.h"
 
 #include "sim/port_list.h"
 #include "tests/support/find_child.h"

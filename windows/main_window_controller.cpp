@@ -1,4 +1,4 @@
-#include "windows/main_window_body.h"
+#include "windows/main_window_controller.h"
 
 #include "link/pending_datagrams.h"
 

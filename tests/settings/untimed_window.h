@@ -1,7 +1,7 @@
 #pragma once
 
 #include "sim/simulated_switch.h"
-#include "windows/main_window_body.h"
+#include "windows/main_window_controller.h"
 
 #include <QMainWindow>
 

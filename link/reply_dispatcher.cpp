@@ -1,8 +1,8 @@
-#include "link/reply_stream.h"
+#include "link/reply_dispatcher.h"
 
 #include "app/message_box.h"
 #include "link/report_values.h"
-#include "link/vocabulary.h"
+#include "link/switch_protocol.h"
 
 #include <QTimer>
 

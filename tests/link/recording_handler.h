@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/reply_stream.h"
+#include "link/reply_dispatcher.h"
 
 #include <QStringList>
 

@@ -1,4 +1,4 @@
-#include "windows/main_window_frame.h"
+#include "windows/window_chrome.h"
 
 #include <QIcon>
 #include <QTimer>

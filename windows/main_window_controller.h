@@ -1,20 +1,20 @@
 #pragma once
 
 #include "link/command_writer.h"
-#include "link/link_devices.h"
-#include "link/link_state.h"
-#include "link/reply_stream.h"
+#include "link/link_transport.h"
+#include "link/reply_dispatcher.h"
+#include "link/session_state.h"
 #include "pages/audio_panel.h"
 #include "pages/configuration_page.h"
 #include "pages/layout_page.h"
 #include "pages/left_menu.h"
-#include "pages/model.h"
+#include "pages/model_traits.h"
 #include "pages/mouse_speed_page.h"
 #include "pages/report_reader.h"
-#include "pages/settings_exchange.h"
+#include "pages/settings_import_export.h"
 #include "pages/terminal_view.h"
 #include "windows/connection.h"
-#include "windows/main_window_frame.h"
+#include "windows/window_chrome.h"
 #include "windows/window_widgets.h"
 
 #include <QMainWindow>

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "link/command_writer.h"
-#include "link/link_state.h"
+#include "link/session_state.h"
 #include "pages/audio_panel.h"
 #include "pages/configuration_page.h"
 #include "pages/layout_page.h"
-#include "pages/model.h"
+#include "pages/model_traits.h"
 #include "pages/mouse_speed_page.h"
 #include "settings/settings_file.h"
 

@@ -1,8 +1,8 @@
-#include "pages/settings_exchange.h"
+#include "pages/settings_import_export.h"
 
 #include "app/message_box.h"
 #include "link/report_values.h"
-#include "link/vocabulary.h"
+#include "link/switch_protocol.h"
 
 #include <QTimer>
 
