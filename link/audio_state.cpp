@@ -20,12 +20,12 @@ QString channel_digits(const Audio_State& state) {
 
 QString audio_command(const Audio_State& state) {
     if (state.all) {
-        return vocabulary::text(vocabulary::audio_all);
+        return switch_protocol::text(switch_protocol::audio_all);
     }
     if (state.follow) {
-        return vocabulary::text(vocabulary::audio_follow);
+        return switch_protocol::text(switch_protocol::audio_follow);
     }
-    return vocabulary::audio_channels_command(channel_digits(state));
+    return switch_protocol::audio_channels_command(channel_digits(state));
 }
 
 QString audio_state_text(const Audio_State& state) {
@@ -36,7 +36,7 @@ QString audio_state_text(const Audio_State& state) {
         return "FOLLOW";
     }
     const QString digits = channel_digits(state);
-    return digits.isEmpty() ? vocabulary::text(vocabulary::audio_none) : digits;
+    return digits.isEmpty() ? switch_protocol::text(switch_protocol::audio_none) : digits;
 }
 
 Audio_Reading read_audio_state(std::string_view text) {

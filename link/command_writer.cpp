@@ -3,7 +3,7 @@
 #include "app/message_box.h"
 #include "link/switch_protocol.h"
 
-Command_Writer::Command_Writer(Link_State& link_state, Link_Devices& link_devices,
+Command_Writer::Command_Writer(Session_State& link_state, Link_Transport& link_devices,
                                bool asks_for_audio)
     : state(link_state),
       devices(link_devices),
@@ -38,20 +38,20 @@ void Command_Writer::write_unguarded(QString& text) {
 
 void Command_Writer::send_initial_command() {
     state.report_in_progress = true;
-    writeCommand(vocabulary::status_query);
+    writeCommand(switch_protocol::status_query);
 }
 
 void Command_Writer::send_information_command() {
     state.info_report_pending = true;
-    writeCommand(vocabulary::information_query);
+    writeCommand(switch_protocol::information_query);
 }
 
 void Command_Writer::send_current_layout_command() {
     state.layout_report_pending = true;
-    writeCommand(vocabulary::layout_query);
+    writeCommand(switch_protocol::layout_query);
 }
 
-void Command_Writer::send_audio_query() { writeCommand(vocabulary::audio_query); }
+void Command_Writer::send_audio_query() { writeCommand(switch_protocol::audio_query); }
 
 void Command_Writer::send_start_commands() {
     send_initial_command();

@@ -14,7 +14,7 @@
 class Command_Writer {
 public:
     /// @param asks_for_audio the model has an audio state to ask for at every start and refresh.
-    Command_Writer(Link_State& link_state, Link_Devices& link_devices, bool asks_for_audio);
+    Command_Writer(Session_State& link_state, Link_Transport& link_devices, bool asks_for_audio);
 
     /// Sends one command and its carriage return, which is appended to the caller's own text, a
     /// temporary's too.
@@ -44,8 +44,8 @@ public:
     void send_start_commands();
 
 private:
-    Link_State& state;
-    Link_Devices& devices;
+    Session_State& state;
+    Link_Transport& devices;
     Command_Encoder encoder;
     bool has_audio;
 };

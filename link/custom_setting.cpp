@@ -33,7 +33,7 @@ std::string custom_setting_name(const std::string& text, std::size_t offset) {
 }
 
 std::vector<std::string> read_channel_resolutions(std::string_view status_report) {
-    const std::string_view rest = find_rest_behind(vocabulary::resolutions_key, status_report);
+    const std::string_view rest = find_rest_behind(switch_protocol::resolutions_key, status_report);
     return parse_channels_resolution(
         rest.substr(0, fields_offset + fields_length).substr(fields_offset));
 }

@@ -45,10 +45,10 @@ void quiet_when_hung_up([[maybe_unused]] QSerialPort& port) {
 
 } // namespace
 
-Link_Devices::Link_Devices(std::function<bool()> is_network_chosen)
+Link_Transport::Link_Transport(std::function<bool()> is_network_chosen)
     : network_chosen(std::move(is_network_chosen)) {}
 
-void Link_Devices::open_port(const QString& port_name) {
+void Link_Transport::open_port(const QString& port_name) {
     serial_port = std::make_unique<QSerialPort>(port_name);
     serial_port->setBaudRate(baud_rate, QSerialPort::AllDirections);
     serial_port->setDataBits(QSerialPort::Data8);
@@ -65,7 +65,7 @@ void Link_Devices::open_port(const QString& port_name) {
     }
 }
 
-void Link_Devices::close_port() {
+void Link_Transport::close_port() {
     if (!serial_port) {
         return;
     }
@@ -74,13 +74,13 @@ void Link_Devices::close_port() {
     port_open_count = 0;
 }
 
-void Link_Devices::write(const QByteArray& bytes) const { write_to(chosen_device(), bytes); }
+void Link_Transport::write(const QByteArray& bytes) const { write_to(chosen_device(), bytes); }
 
-void Link_Devices::write_to_port(const QByteArray& bytes) const {
+void Link_Transport::write_to_port(const QByteArray& bytes) const {
     write_to(serial_port.get(), bytes);
 }
 
-void Link_Devices::write_to(QIODevice* device, const QByteArray& bytes) {
+void Link_Transport::write_to(QIODevice* device, const QByteArray& bytes) {
     if (device == nullptr || !device->isOpen()) {
         qCDebug(link_log) << "dropped, no open device:" << bytes;
         return;
@@ -88,7 +88,7 @@ void Link_Devices::write_to(QIODevice* device, const QByteArray& bytes) {
     device->write(bytes);
 }
 
-void Link_Devices::close_socket() {
+void Link_Transport::close_socket() {
     if (!network_socket) {
         return;
     }
@@ -97,13 +97,13 @@ void Link_Devices::close_socket() {
     socket_open_count = 0;
 }
 
-void Link_Devices::close_chosen_device() const {
+void Link_Transport::close_chosen_device() const {
     if (QIODevice* device = chosen_device()) {
         device->close();
     }
 }
 
-QIODevice* Link_Devices::chosen_device() const {
+QIODevice* Link_Transport::chosen_device() const {
     if (is_network_chosen()) {
         return network_socket.get();
     }

@@ -8,13 +8,13 @@
 
 /// The device under the command link. Only one of the two stands at a time; which one commands go
 /// to is decided by the chosen method, not by what stands.
-class Link_Devices {
+class Link_Transport {
 public:
     /// 115200 baud, 8 data bits, no parity, 1 stop bit, no flow control: the unit's fixed setting.
     static constexpr qint32 baud_rate = QSerialPort::Baud115200;
 
     /// @param is_network_chosen whether the chosen method is the network.
-    explicit Link_Devices(std::function<bool()> is_network_chosen);
+    explicit Link_Transport(std::function<bool()> is_network_chosen);
 
     /// Makes a new port object for a name and tries to open it. A port that does not open stands
     /// closed, without a word to the user; the reason goes to the diagnostics.

@@ -3,11 +3,11 @@
 namespace {
 
 /// No datagram of IPv4 is longer.
-constexpr qsizetype longest_datagram = 65'535;
+constexpr qsizetype max_datagram_size = 65'535;
 
 /// Linux gives a socket some 200 KB unless told otherwise.
-constexpr qsizetype most_bytes = 16'777'216;
-constexpr int most_datagrams = 10'000;
+constexpr qsizetype max_bytes = 16'777'216;
+constexpr int max_datagrams = 10'000;
 
 /// @return the next datagram's length in the buffer, or -1 if there is none.
 qint64 read_next(QUdpSocket& socket, QByteArray& buffer) {
@@ -18,16 +18,14 @@ qint64 read_next(QUdpSocket& socket, QByteArray& buffer) {
     return size >= 0 ? size : socket.readDatagram(buffer.data(), buffer.size());
 }
 
-bool is_flood(const std::optional<QByteArray>& chunk) {
-    return chunk && chunk->size() > most_bytes;
-}
+bool is_flood(const std::optional<QByteArray>& chunk) { return chunk && chunk->size() > max_bytes; }
 
 } // namespace
 
 std::optional<QByteArray> read_pending_datagrams(QUdpSocket& socket) {
-    QByteArray buffer(longest_datagram, Qt::Uninitialized);
+    QByteArray buffer(max_datagram_size, Qt::Uninitialized);
     std::optional<QByteArray> chunk;
-    for (int count = 0; count < most_datagrams && !is_flood(chunk); ++count) {
+    for (int count = 0; count < max_datagrams && !is_flood(chunk); ++count) {
         const qint64 size = read_next(socket, buffer);
         if (size < 0) {
             break;

@@ -15,15 +15,16 @@ QString text_of(const QByteArray& raw) { return QString::fromUtf8(raw.constData(
 
 } // namespace
 
-Reply_Stream::Reply_Stream(Link_State& link_state, Command_Writer& command_writer,
-                           Reply_Receiver& receiver, QObject& window, Notice_Order network_order)
+Reply_Dispatcher::Reply_Dispatcher(Session_State& link_state, Command_Writer& command_writer,
+                                   Reply_Handler& receiver, QObject& window,
+                                   Notice_Order network_order)
     : state(link_state),
       writer(command_writer),
       target(receiver),
       timer_target(window),
       notice_order(network_order) {}
 
-void Reply_Stream::take_serial_chunk(const QByteArray& raw) {
+void Reply_Dispatcher::take_serial_chunk(const QByteArray& raw) {
     const QString chunk = text_of(raw);
     find_connected_marker(chunk.toStdString());
     if (state.received_buff.size() > buffer_limit) {
@@ -44,7 +45,7 @@ void Reply_Stream::take_serial_chunk(const QByteArray& raw) {
     }
 }
 
-void Reply_Stream::take_network_chunk(const QByteArray& raw) {
+void Reply_Dispatcher::take_network_chunk(const QByteArray& raw) {
     const QString text = text_of(raw);
     const std::string chunk = text.toStdString();
     if (find_connected_marker(chunk)) {
@@ -63,10 +64,10 @@ void Reply_Stream::take_network_chunk(const QByteArray& raw) {
     target.apply_audio_reply(chunk);
 }
 
-void Reply_Stream::get_data_from_TQL_by_serial_port() {
+void Reply_Dispatcher::get_data_from_TQL_by_serial_port() {
     state.info_buff = state.received_buff.toStdString();
     state.status_buff = state.info_buff;
-    state.layout_buff = get_report_value(vocabulary::layout_line, state.info_buff);
+    state.layout_buff = get_report_value(switch_protocol::layout_line, state.info_buff);
     state.info_report_pending = false;
     state.layout_report_pending = false;
     set_data_from_buffers();
@@ -74,18 +75,18 @@ void Reply_Stream::get_data_from_TQL_by_serial_port() {
     empty_buffer_after_notice();
 }
 
-void Reply_Stream::set_current_layout_from_buff() {
+void Reply_Dispatcher::set_current_layout_from_buff() {
     state.layout_buff = state.received_buff.toStdString();
     state.layout_report_pending = false;
     target.set_layout_from_report();
 }
 
-bool Reply_Stream::find_connected_marker(const std::string& chunk) {
+bool Reply_Dispatcher::find_connected_marker(const std::string& chunk) {
     if (state.km_connected) {
         return true;
     }
     const bool found =
-        std::ranges::any_of(vocabulary::connected_markers, [&chunk](std::string_view marker) {
+        std::ranges::any_of(switch_protocol::connected_markers, [&chunk](std::string_view marker) {
             return chunk.find(marker) != std::string::npos;
         });
     if (!found) {
@@ -97,8 +98,8 @@ bool Reply_Stream::find_connected_marker(const std::string& chunk) {
     return true;
 }
 
-void Reply_Stream::check_layout_saved(const std::string& text) {
-    if (text.find(vocabulary::layout_saved) == std::string::npos) {
+void Reply_Dispatcher::check_layout_saved(const std::string& text) {
+    if (text.find(switch_protocol::layout_saved) == std::string::npos) {
         return;
     }
     state.layout_saved_pending = true;
@@ -106,7 +107,7 @@ void Reply_Stream::check_layout_saved(const std::string& text) {
     writer.send_current_layout_command();
 }
 
-void Reply_Stream::set_data_from_buffers() {
+void Reply_Dispatcher::set_data_from_buffers() {
     state.ui_changes_enabled = false;
     try {
         target.apply_information_report();
@@ -121,7 +122,7 @@ void Reply_Stream::set_data_from_buffers() {
     state.ui_changes_enabled = true;
 }
 
-void Reply_Stream::apply_network_reports(const std::string& chunk) {
+void Reply_Dispatcher::apply_network_reports(const std::string& chunk) {
     if (state.info_report_pending) {
         state.info_buff = chunk;
         state.info_report_pending = false;
@@ -139,7 +140,7 @@ void Reply_Stream::apply_network_reports(const std::string& chunk) {
     }
 }
 
-void Reply_Stream::start_pending_timers() {
+void Reply_Dispatcher::start_pending_timers() {
     if (state.info_report_pending) {
         state.info_report_pending = false;
         QTimer::singleShot(report_wait_ms, Qt::PreciseTimer, &timer_target,
@@ -153,7 +154,7 @@ void Reply_Stream::start_pending_timers() {
     }
 }
 
-void Reply_Stream::empty_buffer_after_notice() {
+void Reply_Dispatcher::empty_buffer_after_notice() {
     if (state.buff_clear_pending) {
         state.received_buff.clear();
         state.buff_clear_pending = false;

@@ -9,9 +9,9 @@
 #include <string>
 
 /// What the reply stream hands its findings to.
-class Reply_Receiver {
+class Reply_Handler {
 public:
-    virtual ~Reply_Receiver() = default;
+    virtual ~Reply_Handler() = default;
 
     /// A switch has answered on this link.
     virtual void switch_answered() = 0;
@@ -35,7 +35,7 @@ enum class Notice_Order { layout_first, both_first };
 /// Gathers the switch's free text, acts on what must be acted on at once, and decides when a report
 /// is complete: on the serial line when 1000 ms have passed since its first chunk, for nothing in
 /// the text ends it; on the network at the first chunk.
-class Reply_Stream {
+class Reply_Dispatcher {
 public:
     /// From the first chunk of a report to its parsing, and from the confirmation of a new layout
     /// to its reading: the unit answers all questions within this time.
@@ -45,8 +45,8 @@ public:
 
     /// @param window the object whose slots get_data_from_TQL_by_serial_port() and
     ///        set_current_layout_from_buff() the timers call.
-    Reply_Stream(Link_State& link_state, Command_Writer& command_writer, Reply_Receiver& receiver,
-                 QObject& window, Notice_Order network_order);
+    Reply_Dispatcher(Session_State& link_state, Command_Writer& command_writer,
+                     Reply_Handler& receiver, QObject& window, Notice_Order network_order);
 
     /// One chunk from the serial line. Text behind a NUL byte is lost.
     void take_serial_chunk(const QByteArray& raw);
@@ -66,9 +66,9 @@ private:
     void start_pending_timers();
     void empty_buffer_after_notice();
 
-    Link_State& state;
+    Session_State& state;
     Command_Writer& writer;
-    Reply_Receiver& target;
+    Reply_Handler& target;
     QObject& timer_target;
     Notice_Order notice_order;
 };

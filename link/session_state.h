@@ -6,7 +6,7 @@
 
 /// Where the conversation with the switch stands: reply text and flags, held by the window and
 /// shared by everything that reads or writes the link.
-struct Link_State {
+struct Session_State {
     /// All reply text since it was last emptied.
     QString received_buff;
     /// Text of the information report that is applied next.

@@ -2,7 +2,7 @@
 
 #include <initializer_list>
 
-namespace vocabulary {
+namespace switch_protocol {
 
 namespace {
 
@@ -22,12 +22,12 @@ bool is_inside_character(char byte) { return (static_cast<unsigned char>(byte) &
 
 /// What fits of a UTF-8 text, in whole characters; of bytes that are none, all that fit.
 std::string cut(std::string text, std::size_t limit) {
-    constexpr std::size_t longest_rest = 3;
+    constexpr std::size_t max_rest = 3;
     if (text.size() <= limit) {
         return text;
     }
     std::size_t end = limit;
-    while (is_inside_character(text[end]) && limit - end < longest_rest) {
+    while (is_inside_character(text[end]) && limit - end < max_rest) {
         --end;
     }
     text.resize(is_inside_character(text[end]) ? limit : end);
@@ -79,4 +79,4 @@ QString audio_channels_command(const QString& channel_digits) {
     return command;
 }
 
-} // namespace vocabulary
+} // namespace switch_protocol

@@ -7,7 +7,7 @@
 
 /// What the tool says to the switch, and the fixed texts it looks for in the answers. Command texts
 /// stand here without their final carriage return.
-namespace vocabulary {
+namespace switch_protocol {
 
 // Questions.
 inline constexpr std::string_view status_query = "//rl";
@@ -90,4 +90,4 @@ std::string filed_custom_setting(int entry, std::string_view x, std::string_view
 /// "//a" followed by " n" for each chosen channel; "//a x" for none.
 QString audio_channels_command(const QString& channel_digits);
 
-} // namespace vocabulary
+} // namespace switch_protocol

@@ -72,9 +72,10 @@ Moments take_report(const Window_On_Line& on_line, const Switch_State& state) {
 double timer_lateness() {
     QEventLoop loop;
     const qint64 begin = now_ns();
-    QTimer::singleShot(Reply_Stream::report_wait_ms, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    QTimer::singleShot(Reply_Dispatcher::report_wait_ms, Qt::PreciseTimer, &loop,
+                       &QEventLoop::quit);
     loop.exec();
-    return milliseconds_between(begin, now_ns()) - Reply_Stream::report_wait_ms;
+    return milliseconds_between(begin, now_ns()) - Reply_Dispatcher::report_wait_ms;
 }
 
 Rows measure_wait_of(const QString& model) {
@@ -86,9 +87,9 @@ Rows measure_wait_of(const QString& model) {
     for (int round = 0; round < wait_rounds; ++round) {
         const Moments moments = take_report(on_line, round % 2 == 0 ? other_state() : one_state());
         filled.push_back(milliseconds_between(moments.first_byte, moments.filled) -
-                         Reply_Stream::report_wait_ms);
+                         Reply_Dispatcher::report_wait_ms);
         painted.push_back(milliseconds_between(moments.first_byte, moments.painted) -
-                          Reply_Stream::report_wait_ms);
+                          Reply_Dispatcher::report_wait_ms);
         lateness.push_back(timer_lateness());
     }
     const QString against = "the wait's own timer jitter";

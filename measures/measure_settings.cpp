@@ -51,7 +51,7 @@ public:
         on_line.line().drop_input();
         return milliseconds_between(watch.file_dialog_gone_ns(), first_part_done) +
                milliseconds_between(first_part_done, watch.box_made_ns()) -
-               Settings_Exchange::second_part_wait_ms;
+               Settings_Import_Export::second_part_wait_ms;
     }
 
 private:

@@ -38,7 +38,7 @@ bool Audio_Panel::parse_audio_state(std::string_view text) {
 }
 
 void Audio_Panel::apply_audio_reply(std::string_view text) {
-    for (const std::string_view key : vocabulary::audio_answers) {
+    for (const std::string_view key : switch_protocol::audio_answers) {
         if (parse_audio_state(find_rest_behind(key, text))) {
             return;
         }

@@ -17,9 +17,9 @@ constexpr int parking_high = 100;
 } // namespace
 
 Configuration_Page::Configuration_Page(const Configuration_Widgets& page_widgets,
-                                       Link_State& link_state, Command_Writer& command_writer,
-                                       const Link_Devices& link_devices, Layout_Page& layout_page,
-                                       const Model& switch_model, QObject& window)
+                                       Session_State& link_state, Command_Writer& command_writer,
+                                       const Link_Transport& link_devices, Layout_Page& layout_page,
+                                       const Model_Traits& switch_model, QObject& window)
     : widgets(page_widgets),
       state(link_state),
       writer(command_writer),
@@ -60,7 +60,7 @@ void Configuration_Page::factory_reset() {
     if (question.get_result_text() != "OK") {
         return;
     }
-    writer.writeCommand(vocabulary::factory_reset);
+    writer.writeCommand(switch_protocol::factory_reset);
     if (devices.network_socket) {
         QTimer::singleShot(reset_wait_network_ms, Qt::PreciseTimer, &timer_target,
                            SLOT(refresh_UI()));
@@ -70,73 +70,76 @@ void Configuration_Page::factory_reset() {
     }
 }
 
-void Configuration_Page::soft_reset() { writer.writeCommand(vocabulary::soft_reset); }
+void Configuration_Page::soft_reset() { writer.writeCommand(switch_protocol::soft_reset); }
 
 void Configuration_Page::beep_on() {
     show_buzzer(true);
-    writer.writeCommand(vocabulary::buzzer_on);
+    writer.writeCommand(switch_protocol::buzzer_on);
 }
 
 void Configuration_Page::beep_off() {
     show_buzzer(false);
-    writer.writeCommand(vocabulary::buzzer_off);
+    writer.writeCommand(switch_protocol::buzzer_off);
 }
 
 QString Configuration_Page::get_km_control_command() const {
-    return vocabulary::numbered(vocabulary::km_control,
-                                widgets.comboBox_KM_Control.currentIndex() + 1);
+    return switch_protocol::numbered(switch_protocol::km_control,
+                                     widgets.comboBox_KM_Control.currentIndex() + 1);
 }
 
 QString Configuration_Page::get_usb_control_command() const {
-    return vocabulary::numbered(vocabulary::usb_control,
-                                widgets.comboBox_USB_Control.currentIndex() + 1);
+    return switch_protocol::numbered(switch_protocol::usb_control,
+                                     widgets.comboBox_USB_Control.currentIndex() + 1);
 }
 
 QString Configuration_Page::get_limit_ports_command() const {
-    return vocabulary::numbered(vocabulary::port_limit,
-                                widgets.comboBox_Select_active_port.currentIndex() + 2);
+    return switch_protocol::numbered(switch_protocol::port_limit,
+                                     widgets.comboBox_Select_active_port.currentIndex() + 2);
 }
 
 QString Configuration_Page::get_cursor_roll_command() const {
     const bool off = widgets.comboBox_Enable_or_Disable_Cursor_Roll.currentIndex() == 0;
-    return vocabulary::text(off ? vocabulary::cursor_roll_off : vocabulary::cursor_roll_on);
+    return switch_protocol::text(off ? switch_protocol::cursor_roll_off
+                                     : switch_protocol::cursor_roll_on);
 }
 
 QString Configuration_Page::get_mouse_parking_command() const {
-    return vocabulary::mouse_parking_command(widgets.lineEdit_MouseParking_x.text(),
-                                             widgets.lineEdit_MouseParking_y.text());
+    return switch_protocol::mouse_parking_command(widgets.lineEdit_MouseParking_x.text(),
+                                                  widgets.lineEdit_MouseParking_y.text());
 }
 
 QString Configuration_Page::get_mouse_mode_command() const {
     const QComboBox& source = model.mouse_mode_source == Mouse_Mode_Source::km_control
                                   ? widgets.comboBox_KM_Control
                                   : widgets.comboBox_Select_Display_Mode;
-    return vocabulary::text(source.currentIndex() == 0 ? vocabulary::mouse_absolute
-                                                       : vocabulary::mouse_relative);
+    return switch_protocol::text(source.currentIndex() == 0 ? switch_protocol::mouse_absolute
+                                                            : switch_protocol::mouse_relative);
 }
 
 QString Configuration_Page::get_buzzer_command() const {
-    return vocabulary::text(widgets.pushButton_ON_Beep.isEnabled() ? vocabulary::buzzer_off
-                                                                   : vocabulary::buzzer_on);
+    return switch_protocol::text(widgets.pushButton_ON_Beep.isEnabled()
+                                     ? switch_protocol::buzzer_off
+                                     : switch_protocol::buzzer_on);
 }
 
 void Configuration_Page::set_cursor_roll_from_value(const std::string& value) {
-    const bool on = value == "Enabled" || value == vocabulary::cursor_roll_on;
+    const bool on = value == "Enabled" || value == switch_protocol::cursor_roll_on;
     widgets.comboBox_Enable_or_Disable_Cursor_Roll.setCurrentIndex(on ? 1 : 0);
 }
 
 void Configuration_Page::set_mouse_mode_from_value(const std::string& value) {
-    const bool relative = value == "Relative Mouse Mode" || value == vocabulary::mouse_relative;
+    const bool relative =
+        value == "Relative Mouse Mode" || value == switch_protocol::mouse_relative;
     widgets.comboBox_Select_Display_Mode.setCurrentIndex(relative ? 1 : 0);
 }
 
 void Configuration_Page::set_buzzer_from_value(const std::string& value) {
-    show_buzzer(value == "on" || value == vocabulary::buzzer_on);
+    show_buzzer(value == "on" || value == switch_protocol::buzzer_on);
 }
 
 void Configuration_Page::apply_mouse_parking_value(const std::string& value) {
-    const std::string x = get_report_token(vocabulary::mouse_parking, value);
-    const std::string y = get_report_value(std::string(vocabulary::mouse_parking) + x, value);
+    const std::string x = get_report_token(switch_protocol::mouse_parking, value);
+    const std::string y = get_report_value(std::string(switch_protocol::mouse_parking) + x, value);
     set_mouse_parking(x, y);
 }
 

@@ -19,9 +19,9 @@ public:
     static constexpr int reset_wait_network_ms = 1350;
 
     /// @param window the object whose slot refresh_UI() is called after a factory reset.
-    Configuration_Page(const Configuration_Widgets& page_widgets, Link_State& link_state,
-                       Command_Writer& command_writer, const Link_Devices& link_devices,
-                       Layout_Page& layout_page, const Model& switch_model, QObject& window);
+    Configuration_Page(const Configuration_Widgets& page_widgets, Session_State& link_state,
+                       Command_Writer& command_writer, const Link_Transport& link_devices,
+                       Layout_Page& layout_page, const Model_Traits& switch_model, QObject& window);
 
     // The user's changes. Those of the combo boxes are sent only while ui_changes_enabled.
     void km_control_changed();
@@ -69,10 +69,10 @@ private:
     void show_buzzer(bool on);
 
     Configuration_Widgets widgets;
-    Link_State& state;
+    Session_State& state;
     Command_Writer& writer;
-    const Link_Devices& devices;
+    const Link_Transport& devices;
     Layout_Page& layout;
-    const Model& model;
+    const Model_Traits& model;
     QObject& timer_target;
 };

@@ -27,8 +27,8 @@ constexpr int selection_alpha = 128;
 
 } // namespace
 
-Layout_Page::Layout_Page(const Layout_Widgets& layout_widgets, Link_State& link_state,
-                         Command_Writer& command_writer, const Model& switch_model)
+Layout_Page::Layout_Page(const Layout_Widgets& layout_widgets, Session_State& link_state,
+                         Command_Writer& command_writer, const Model_Traits& switch_model)
     : widgets(layout_widgets), state(link_state), writer(command_writer), model(switch_model) {}
 
 void Layout_Page::set_up_table() {

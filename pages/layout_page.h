@@ -14,8 +14,8 @@
 /// it until the switch has reported its own view.
 class Layout_Page {
 public:
-    Layout_Page(const Layout_Widgets& layout_widgets, Link_State& link_state,
-                Command_Writer& command_writer, const Model& switch_model);
+    Layout_Page(const Layout_Widgets& layout_widgets, Session_State& link_state,
+                Command_Writer& command_writer, const Model_Traits& switch_model);
 
     /// Header and edit modes of the table.
     void set_up_table();
@@ -68,9 +68,9 @@ private:
     [[nodiscard]] int neighbour_sum() const;
 
     Layout_Widgets widgets;
-    Link_State& state;
+    Session_State& state;
     Command_Writer& writer;
-    const Model& model;
+    const Model_Traits& model;
 
     std::vector<Layout_Item> current_layout;
     std::vector<Layout_Item> new_layout;

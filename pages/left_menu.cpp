@@ -11,7 +11,7 @@ void set_enabled(const std::vector<Widget*>& widgets, bool enabled) {
 
 } // namespace
 
-Left_Menu::Left_Menu(const Left_Menu_Widgets& menu_widgets, Link_State& link_state)
+Left_Menu::Left_Menu(const Left_Menu_Widgets& menu_widgets, Session_State& link_state)
     : widgets(menu_widgets), state(link_state) {}
 
 void Left_Menu::enable_configuration_controls() {

@@ -7,7 +7,7 @@
 /// it. The indicator shows that a switch has answered, not that a port is open.
 class Left_Menu {
 public:
-    Left_Menu(const Left_Menu_Widgets& menu_widgets, Link_State& link_state);
+    Left_Menu(const Left_Menu_Widgets& menu_widgets, Session_State& link_state);
 
     void enable_configuration_controls();
     void disable_configuration_controls();
@@ -28,5 +28,5 @@ private:
     void show_connection(bool connected);
 
     Left_Menu_Widgets widgets;
-    Link_State& state;
+    Session_State& state;
 };

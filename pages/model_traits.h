@@ -14,7 +14,7 @@ enum class Mouse_Mode_Source {
 
 /// Everything in which the three models differ, one row a difference. Common code reads this table
 /// and never asks which model it serves.
-struct Model {
+struct Model_Traits {
     /// The settings file of the model "pro" carries the audio lines.
     std::string_view tag;
     /// An audio panel, "//QA" at every start and refresh, and a search for audio states in replies.
@@ -42,7 +42,7 @@ struct Model {
     int highest_sent_setting;
 };
 
-inline constexpr Model lite_model{
+inline constexpr Model_Traits lite_model{
     .tag = "lite",
     .has_audio = false,
     .has_network = false,
@@ -58,7 +58,7 @@ inline constexpr Model lite_model{
     .highest_sent_setting = 17,
 };
 
-inline constexpr Model plus_model{
+inline constexpr Model_Traits plus_model{
     .tag = "plus",
     .has_audio = false,
     .has_network = true,
@@ -74,7 +74,7 @@ inline constexpr Model plus_model{
     .highest_sent_setting = 17,
 };
 
-inline constexpr Model pro_model{
+inline constexpr Model_Traits pro_model{
     .tag = "pro",
     .has_audio = true,
     .has_network = true,

@@ -26,8 +26,9 @@ bool warn(const QString& text) {
 
 } // namespace
 
-Mouse_Speed_Page::Mouse_Speed_Page(const Mouse_Speed_Widgets& page_widgets, Link_State& link_state,
-                                   Command_Writer& command_writer, QObject& window)
+Mouse_Speed_Page::Mouse_Speed_Page(const Mouse_Speed_Widgets& page_widgets,
+                                   Session_State& link_state, Command_Writer& command_writer,
+                                   QObject& window)
     : widgets(page_widgets), state(link_state), writer(command_writer), timer_target(window) {}
 
 void Mouse_Speed_Page::resolution_changed(int channel) {
@@ -49,7 +50,7 @@ void Mouse_Speed_Page::submit_custom_setting() {
     if (!check_custom_setting()) {
         return;
     }
-    writer.writeCommand(vocabulary::submitted_custom_setting(
+    writer.writeCommand(switch_protocol::submitted_custom_setting(
         widgets.comboBox_number_of_setting.currentText().toStdString(),
         widgets.lineEdit_Mouse_Movement_X.text().toStdString(),
         widgets.lineEdit_Mouse_Movement_Y.text().toStdString(),
@@ -61,8 +62,8 @@ void Mouse_Speed_Page::submit_custom_setting() {
 }
 
 QString Mouse_Speed_Page::get_resolution_command(int channel) const {
-    return vocabulary::resolution_command(QString::number(channel),
-                                          resolutions_of(channel).currentIndex() + 1);
+    return switch_protocol::resolution_command(QString::number(channel),
+                                               resolutions_of(channel).currentIndex() + 1);
 }
 
 QString Mouse_Speed_Page::get_custom_setting_command(int number) const {
@@ -70,13 +71,13 @@ QString Mouse_Speed_Page::get_custom_setting_command(int number) const {
         return {};
     }
     const std::string data =
-        get_report_value(vocabulary::custom_keys[list_index(number)], state.status_buff);
+        get_report_value(switch_protocol::custom_keys[list_index(number)], state.status_buff);
     const std::string y = data.substr(4, 3);
     const std::string x = data.substr(0, 3);
     const QString name =
         widgets.resolution_combo_boxes.front()->itemText(first_custom_item + number - 1);
     return QString::fromStdString(
-        vocabulary::filed_custom_setting(number, x, y, name.toStdString()));
+        switch_protocol::filed_custom_setting(number, x, y, name.toStdString()));
 }
 
 QString Mouse_Speed_Page::get_custom_label_text(int number) const {

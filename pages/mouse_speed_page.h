@@ -20,7 +20,7 @@ public:
     static constexpr int last_custom_item = fixed_resolution_count + channel_count - 1;
 
     /// @param window the object whose slot refresh_UI() is called after a custom entry.
-    Mouse_Speed_Page(const Mouse_Speed_Widgets& page_widgets, Link_State& link_state,
+    Mouse_Speed_Page(const Mouse_Speed_Widgets& page_widgets, Session_State& link_state,
                      Command_Writer& command_writer, QObject& window);
 
     // The user's changes.
@@ -71,7 +71,7 @@ private:
     void show_fields(const Custom_Setting& setting);
 
     Mouse_Speed_Widgets widgets;
-    Link_State& state;
+    Session_State& state;
     Command_Writer& writer;
     QObject& timer_target;
 };

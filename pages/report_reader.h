@@ -14,7 +14,7 @@
 /// Writes the switch's reports and notices into the pages.
 class Report_Reader {
 public:
-    Report_Reader(Link_State& link_state, Configuration_Page& configuration_page,
+    Report_Reader(Session_State& link_state, Configuration_Page& configuration_page,
                   Mouse_Speed_Page& mouse_speed_page, Layout_Page& layout_page);
 
     /// Hotkey, channels and parking from info_buff; nothing from an empty one.
@@ -38,7 +38,7 @@ private:
     void parse_channel_notice(const std::array<std::string_view, 2>& keys, const std::string& text,
                               const Channel_Setter& set_channel);
 
-    Link_State& state;
+    Session_State& state;
     Configuration_Page& configuration;
     Mouse_Speed_Page& mouse_speed;
     Layout_Page& layout;

@@ -17,11 +17,10 @@ int number_in_group(Setting_Index index, Setting_Index first) {
 
 } // namespace
 
-Settings_Exchange::Settings_Exchange(const Model& switch_model, Link_State& link_state,
-                                     Command_Writer& command_writer,
-                                     Configuration_Page& configuration_page,
-                                     Mouse_Speed_Page& mouse_speed_page, Layout_Page& layout_page,
-                                     Audio_Panel* audio_panel, QObject& window)
+Settings_Import_Export::Settings_Import_Export(
+    const Model_Traits& switch_model, Session_State& link_state, Command_Writer& command_writer,
+    Configuration_Page& configuration_page, Mouse_Speed_Page& mouse_speed_page,
+    Layout_Page& layout_page, Audio_Panel* audio_panel, QObject& window)
     : model(switch_model),
       state(link_state),
       writer(command_writer),
@@ -31,7 +30,7 @@ Settings_Exchange::Settings_Exchange(const Model& switch_model, Link_State& link
       audio(audio_panel),
       timer_target(window) {}
 
-void Settings_Exchange::create_settings_file() {
+void Settings_Import_Export::create_settings_file() {
     writer.send_initial_command();
     if (model.has_audio) {
         settings_file.save_settings_with_audio(*this);
@@ -40,7 +39,7 @@ void Settings_Exchange::create_settings_file() {
     }
 }
 
-void Settings_Exchange::load_settings_file() {
+void Settings_Import_Export::load_settings_file() {
     state.ui_changes_enabled = false;
     mouse_speed.remove_custom_setting_items();
     load(1);
@@ -54,16 +53,16 @@ void Settings_Exchange::load_settings_file() {
     }
 }
 
-void Settings_Exchange::read_everything_back() {
+void Settings_Import_Export::read_everything_back() {
     state.received_buff.clear();
     state.km_connected = false;
     writer.send_start_commands();
     state.ui_changes_enabled = true;
 }
 
-void Settings_Exchange::load_second_part_of_settings() { load(2); }
+void Settings_Import_Export::load_second_part_of_settings() { load(2); }
 
-void Settings_Exchange::load(int mode) {
+void Settings_Import_Export::load(int mode) {
     if (model.has_audio) {
         settings_file.load_settings_with_audio(*this, mode);
     } else {
@@ -71,14 +70,14 @@ void Settings_Exchange::load(int mode) {
     }
 }
 
-void Settings_Exchange::apply_and_send_setting(Setting_Index index, const std::string& value) {
+void Settings_Import_Export::apply_and_send_setting(Setting_Index index, const std::string& value) {
     apply_setting_line(index, value);
     if (static_cast<int>(index) <= model.highest_sent_setting) {
         writer.writeCommand(std::string(value));
     }
 }
 
-void Settings_Exchange::apply_setting_line(Setting_Index index, const std::string& value) {
+void Settings_Import_Export::apply_setting_line(Setting_Index index, const std::string& value) {
     state.write_enabled = false;
     state.ui_changes_enabled = false;
     try {
@@ -90,17 +89,17 @@ void Settings_Exchange::apply_setting_line(Setting_Index index, const std::strin
     state.ui_changes_enabled = true;
 }
 
-void Settings_Exchange::apply_value(Setting_Index index, const std::string& value) {
+void Settings_Import_Export::apply_value(Setting_Index index, const std::string& value) {
     switch (index) {
     case Setting_Index::km_control: {
-        const std::string channel = get_report_value(vocabulary::km_control, value);
+        const std::string channel = get_report_value(switch_protocol::km_control, value);
         if (channel != no_value) {
             configuration.set_km_channel(channel);
         }
         return;
     }
     case Setting_Index::usb_control: {
-        const std::string channel = get_report_value(vocabulary::usb_control, value);
+        const std::string channel = get_report_value(switch_protocol::usb_control, value);
         if (channel != no_value) {
             configuration.set_usb_channel(channel);
         }
@@ -111,7 +110,7 @@ void Settings_Exchange::apply_value(Setting_Index index, const std::string& valu
         mouse_speed.show_current_custom_setting();
         return;
     case Setting_Index::limit_ports: {
-        const std::int64_t limit = std::stoi(get_report_value(vocabulary::port_limit, value));
+        const std::int64_t limit = std::stoi(get_report_value(switch_protocol::port_limit, value));
         layout.set_active_ports(limit - 1);
         return;
     }
@@ -132,7 +131,8 @@ void Settings_Exchange::apply_value(Setting_Index index, const std::string& valu
     case Setting_Index::resolution_3:
     case Setting_Index::resolution_4: {
         const int channel = number_in_group(index, Setting_Index::resolution_1);
-        const std::string key = std::string(vocabulary::resolution) + std::to_string(channel) + ' ';
+        const std::string key =
+            std::string(switch_protocol::resolution) + std::to_string(channel) + ' ';
         mouse_speed.set_channel_resolution(channel, get_report_value(key, value));
         return;
     }
@@ -156,7 +156,7 @@ void Settings_Exchange::apply_value(Setting_Index index, const std::string& valu
     }
 }
 
-void Settings_Exchange::apply_coordinates() {
+void Settings_Import_Export::apply_coordinates() {
     std::vector<Layout_Item> cells;
     for (int channel = channel_count; channel >= 1; --channel) {
         const std::string label(setting_label::coordinates[channel - 1]);

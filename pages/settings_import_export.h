@@ -16,17 +16,17 @@
 
 /// Saving a unit's settings to a file and loading them into this or another unit: what the settings
 /// file reads from the pages, and how each of its lines is applied to them and to the switch.
-class Settings_Exchange {
+class Settings_Import_Export {
 public:
     /// From the first part of a load to the second: the unit must have taken the custom entries.
     static constexpr int second_part_wait_ms = 2000;
 
     /// @param audio_panel null on a model without audio.
     /// @param window the object whose slot load_second_part_of_settings() the timer calls.
-    Settings_Exchange(const Model& switch_model, Link_State& link_state,
-                      Command_Writer& command_writer, Configuration_Page& configuration_page,
-                      Mouse_Speed_Page& mouse_speed_page, Layout_Page& layout_page,
-                      Audio_Panel* audio_panel, QObject& window);
+    Settings_Import_Export(const Model_Traits& switch_model, Session_State& link_state,
+                           Command_Writer& command_writer, Configuration_Page& configuration_page,
+                           Mouse_Speed_Page& mouse_speed_page, Layout_Page& layout_page,
+                           Audio_Panel* audio_panel, QObject& window);
 
     void create_settings_file();
     void load_settings_file();
@@ -82,8 +82,8 @@ private:
     void apply_value(Setting_Index index, const std::string& value);
     void apply_coordinates();
 
-    const Model& model;
-    Link_State& state;
+    const Model_Traits& model;
+    Session_State& state;
     Command_Writer& writer;
     Configuration_Page& configuration;
     Mouse_Speed_Page& mouse_speed;

@@ -7,10 +7,10 @@
 
 #include <cstdlib>
 
-Connection::Connection(QMainWindow& main_window, const Model& switch_model, Link_State& link_state,
-                       Link_Devices& link_devices, Command_Writer& command_writer,
-                       Left_Menu& left_menu, Terminal_View& terminal_view,
-                       Mouse_Speed_Page& mouse_speed_page)
+Connection::Connection(QMainWindow& main_window, const Model_Traits& switch_model,
+                       Session_State& link_state, Link_Transport& link_devices,
+                       Command_Writer& command_writer, Left_Menu& left_menu,
+                       Terminal_View& terminal_view, Mouse_Speed_Page& mouse_speed_page)
     : window(main_window),
       model(switch_model),
       state(link_state),

@@ -17,9 +17,10 @@
 class Connection {
 public:
     /// @param main_window its slot serialRecieve() gets every readyRead() of a port.
-    Connection(QMainWindow& main_window, const Model& switch_model, Link_State& link_state,
-               Link_Devices& link_devices, Command_Writer& command_writer, Left_Menu& left_menu,
-               Terminal_View& terminal_view, Mouse_Speed_Page& mouse_speed_page);
+    Connection(QMainWindow& main_window, const Model_Traits& switch_model,
+               Session_State& link_state, Link_Transport& link_devices,
+               Command_Writer& command_writer, Left_Menu& left_menu, Terminal_View& terminal_view,
+               Mouse_Speed_Page& mouse_speed_page);
 
     /// Fills the port list with what the machine has now. A machine without any port ends the
     /// process with exit status 1 after a box "No available port".
@@ -49,9 +50,9 @@ private:
     void disable_controls();
 
     QMainWindow& window;
-    const Model& model;
-    Link_State& state;
-    Link_Devices& devices;
+    const Model_Traits& model;
+    Session_State& state;
+    Link_Transport& devices;
     Command_Writer& writer;
     Left_Menu& menu;
     Terminal_View& terminal;

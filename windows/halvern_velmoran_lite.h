@@ -98,5 +98,5 @@ private slots:
 
 private:
     std::unique_ptr<Ui::Corvane_LITE_UI> ui;
-    Main_Window_Body body;
+    Main_Window_Controller body;
 };

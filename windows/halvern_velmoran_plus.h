@@ -103,7 +103,7 @@ private slots:
 private:
     std::unique_ptr<Ui::Corvane_UI> ui;
     Select_connection_method_Dialog connection_method_dialog;
-    Main_Window_Body body;
+    Main_Window_Controller body;
     Network_Link network;
     Connection_Wizard wizard;
 };

@@ -17,9 +17,10 @@ std::optional<Audio_Panel> make_audio_panel(const std::optional<Audio_Widgets>& 
 
 } // namespace
 
-Main_Window_Body::Main_Window_Body(QMainWindow& window, const Model& switch_model,
-                                   const Window_Widgets& widgets,
-                                   std::function<bool()> is_network_chosen)
+Main_Window_Controller::Main_Window_Controller(QMainWindow& window,
+                                               const Model_Traits& switch_model,
+                                               const Window_Widgets& widgets,
+                                               std::function<bool()> is_network_chosen)
     : model(switch_model),
       devices(std::move(is_network_chosen)),
       writer(state, devices, model.has_audio),
@@ -36,18 +37,18 @@ Main_Window_Body::Main_Window_Body(QMainWindow& window, const Model& switch_mode
       settings(model, state, writer, configuration, mouse_speed, layout, audio ? &*audio : nullptr,
                window) {}
 
-void Main_Window_Body::serialRecieve() {
+void Main_Window_Controller::serialRecieve() {
     replies.take_serial_chunk(devices.serial_port->readAll());
 }
 
-void Main_Window_Body::set_current_layout_from_buff() {
+void Main_Window_Controller::set_current_layout_from_buff() {
     replies.set_current_layout_from_buff();
     if (model.disarms_drag_after_read_back) {
         layout.disable_grid_drag();
     }
 }
 
-void Main_Window_Body::onReadyRead() {
+void Main_Window_Controller::onReadyRead() {
     if (!devices.network_socket) {
         // Closed since the datagram came in.
         return;
@@ -58,20 +59,20 @@ void Main_Window_Body::onReadyRead() {
     }
 }
 
-void Main_Window_Body::parse_both_notice(const std::string& text) {
+void Main_Window_Controller::parse_both_notice(const std::string& text) {
     const std::optional<std::string> channel = reports.parse_both_notice(text);
     if (channel && audio) {
         audio->parse_audio_state(*channel);
     }
 }
 
-void Main_Window_Body::apply_audio_reply(const std::string& text) {
+void Main_Window_Controller::apply_audio_reply(const std::string& text) {
     if (audio) {
         audio->apply_audio_reply(text);
     }
 }
 
-void Main_Window_Body::switch_answered() {
+void Main_Window_Controller::switch_answered() {
     menu.enable_configuration_controls();
     menu.enable_setting_widgets();
     menu.set_connected_indicator();

@@ -25,12 +25,12 @@
 
 /// What all three main windows are made of: the link, and the pages that it fills. A window holds
 /// one body by value and hands its slots to the parts; it derives from nothing of this.
-class Main_Window_Body : private Reply_Receiver {
+class Main_Window_Controller : private Reply_Handler {
 public:
     /// @param widgets those of the window's form, which must stand already.
     /// @param is_network_chosen whether commands go to the network link.
-    Main_Window_Body(QMainWindow& window, const Model& switch_model, const Window_Widgets& widgets,
-                     std::function<bool()> is_network_chosen);
+    Main_Window_Controller(QMainWindow& window, const Model_Traits& switch_model,
+                           const Window_Widgets& widgets, std::function<bool()> is_network_chosen);
 
     /// A chunk has come in on the serial port.
     void serialRecieve();
@@ -38,11 +38,11 @@ public:
     void onReadyRead();
     void set_current_layout_from_buff();
 
-    const Model& model;
-    Link_State state;
-    Link_Devices devices;
+    const Model_Traits& model;
+    Session_State state;
+    Link_Transport devices;
     Command_Writer writer;
-    Reply_Stream replies;
+    Reply_Dispatcher replies;
     Left_Menu menu;
     Terminal_View terminal;
     Mouse_Speed_Page mouse_speed;
@@ -52,8 +52,8 @@ public:
     std::optional<Audio_Panel> audio;
     Report_Reader reports;
     Connection connection;
-    Main_Window_Frame frame;
-    Settings_Exchange settings;
+    Window_Chrome frame;
+    Settings_Import_Export settings;
 
 private:
     void switch_answered() override;

@@ -17,7 +17,7 @@ namespace {
 } // namespace
 
 Network_Link::Network_Link(QMainWindow& main_window, const Network_Widgets& network_widgets,
-                           Link_Devices& link_devices, Left_Menu& left_menu,
+                           Link_Transport& link_devices, Left_Menu& left_menu,
                            Terminal_View& terminal_view, Connection& serial_connection)
     : window(main_window),
       widgets(network_widgets),

@@ -18,7 +18,7 @@ public:
     /// @param main_window its slots onReadyRead() and is_not_Connected_Message() are called by the
     ///        socket and by a timer.
     Network_Link(QMainWindow& main_window, const Network_Widgets& network_widgets,
-                 Link_Devices& link_devices, Left_Menu& left_menu, Terminal_View& terminal_view,
+                 Link_Transport& link_devices, Left_Menu& left_menu, Terminal_View& terminal_view,
                  Connection& serial_connection);
 
     /// Replaces whatever link stands by a socket to the adapter in use. A connection that fails
@@ -47,7 +47,7 @@ private:
 
     QMainWindow& window;
     Network_Widgets widgets;
-    Link_Devices& devices;
+    Link_Transport& devices;
     Left_Menu& menu;
     Terminal_View& terminal;
     Connection& connection;

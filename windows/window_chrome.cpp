@@ -21,34 +21,34 @@ constexpr const char* idle_button_style =
 
 } // namespace
 
-Main_Window_Frame::Main_Window_Frame(QMainWindow& main_window, const Frame_Widgets& frame_widgets,
-                                     Link_State& link_state, std::function<void()> refresh_UI)
+Window_Chrome::Window_Chrome(QMainWindow& main_window, const Chrome_Widgets& frame_widgets,
+                             Session_State& link_state, std::function<void()> refresh_UI)
     : window(main_window),
       widgets(frame_widgets),
       state(link_state),
       refresh(std::move(refresh_UI)) {}
 
-void Main_Window_Frame::set_window_looks() {
+void Window_Chrome::set_window_looks() {
     window.setFixedSize(window_size);
     window.setFocusPolicy(Qt::StrongFocus);
     window.setWindowTitle("Halvern");
     window.setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
 }
 
-void Main_Window_Frame::set_refresh_icon() {
+void Window_Chrome::set_refresh_icon() {
     widgets.pushButton_Refresh.setIconSize(refresh_icon_size);
     widgets.pushButton_Refresh.setIcon(QIcon(":/img/logos/refresh.png"));
 }
 
-void Main_Window_Frame::show_configuration_page() { show_page(0, widgets.ConfigurationBtn); }
+void Window_Chrome::show_configuration_page() { show_page(0, widgets.ConfigurationBtn); }
 
-void Main_Window_Frame::show_mouse_speed_page() {
+void Window_Chrome::show_mouse_speed_page() {
     show_page(1, widgets.pushButton_Mouse_Speed_Settings);
 }
 
-void Main_Window_Frame::show_layout_page() { show_page(2, widgets.TopologyAndDisplayBtn); }
+void Window_Chrome::show_layout_page() { show_page(2, widgets.TopologyAndDisplayBtn); }
 
-void Main_Window_Frame::show_page(int index, QPushButton& active) {
+void Window_Chrome::show_page(int index, QPushButton& active) {
     for (QPushButton* button : {&widgets.ConfigurationBtn, &widgets.pushButton_Mouse_Speed_Settings,
                                 &widgets.TopologyAndDisplayBtn}) {
         button->setStyleSheet(button == &active ? active_button_style : idle_button_style);
@@ -56,7 +56,7 @@ void Main_Window_Frame::show_page(int index, QPushButton& active) {
     widgets.stackedWidget.setCurrentIndex(index);
 }
 
-void Main_Window_Frame::refresh_clicked() {
+void Window_Chrome::refresh_clicked() {
     QTimer::singleShot(refresh_disable_ms, Qt::PreciseTimer, &window,
                        SLOT(disable_refresh_button()));
     widgets.pushButton_Refresh.setEnabled(false);
@@ -68,9 +68,9 @@ void Main_Window_Frame::refresh_clicked() {
                        SLOT(enable_refresh_button()));
 }
 
-void Main_Window_Frame::enable_refresh_button() {
+void Window_Chrome::enable_refresh_button() {
     state.refresh_enabled = true;
     widgets.pushButton_Refresh.setEnabled(true);
 }
 
-void Main_Window_Frame::disable_refresh_button() { widgets.pushButton_Refresh.setEnabled(false); }
+void Window_Chrome::disable_refresh_button() { widgets.pushButton_Refresh.setEnabled(false); }

@@ -9,7 +9,7 @@
 
 /// The window around the pages: its fixed looks, the three page buttons, and the Refresh button
 /// with its lock-out.
-class Main_Window_Frame {
+class Window_Chrome {
 public:
     /// The button is disabled once more after this time, in case something enabled it meanwhile.
     static constexpr int refresh_disable_ms = 50;
@@ -18,8 +18,8 @@ public:
 
     /// @param refresh_UI asks the switch for everything.
     /// The timers call the window's slots disable_refresh_button() and enable_refresh_button().
-    Main_Window_Frame(QMainWindow& main_window, const Frame_Widgets& frame_widgets,
-                      Link_State& link_state, std::function<void()> refresh_UI);
+    Window_Chrome(QMainWindow& main_window, const Chrome_Widgets& frame_widgets,
+                  Session_State& link_state, std::function<void()> refresh_UI);
 
     /// Fixed size, focus policy, title and window icon.
     void set_window_looks();
@@ -37,7 +37,7 @@ private:
     void show_page(int index, QPushButton& active);
 
     QMainWindow& window;
-    Frame_Widgets widgets;
-    Link_State& state;
+    Chrome_Widgets widgets;
+    Session_State& state;
     std::function<void()> refresh;
 };

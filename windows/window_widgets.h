@@ -9,7 +9,7 @@
 #include <vector>
 
 /// The window around the pages.
-struct Frame_Widgets {
+struct Chrome_Widgets {
     QPushButton& ConfigurationBtn;
     QPushButton& pushButton_Mouse_Speed_Settings;
     QPushButton& TopologyAndDisplayBtn;
@@ -20,7 +20,7 @@ struct Frame_Widgets {
 /// All that the common code works on.
 struct Window_Widgets {
     Left_Menu_Widgets left_menu;
-    Frame_Widgets frame;
+    Chrome_Widgets frame;
     Configuration_Widgets configuration;
     Mouse_Speed_Widgets mouse_speed;
     Layout_Widgets layout;

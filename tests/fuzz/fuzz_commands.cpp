@@ -15,9 +15,9 @@ void check_commands(const std::string& text) {
     QString wide = QString::fromStdString(text);
     const QByteArray narrow = wide.toUtf8();
     expect(encoder.qstring_to_bytes(wide) == narrow + '\r', "a command is sent as another");
-    expect(vocabulary::submitted_custom_setting("C1", text, text, text).size() <= 99,
+    expect(switch_protocol::submitted_custom_setting("C1", text, text, text).size() <= 99,
            "a custom entry is longer than the unit's line");
-    expect(vocabulary::filed_custom_setting(1, text, text, text).size() <= 49,
+    expect(switch_protocol::filed_custom_setting(1, text, text, text).size() <= 49,
            "a custom entry is longer than the unit's line");
 }
 

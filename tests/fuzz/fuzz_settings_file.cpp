@@ -57,7 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     bool ended = false;
     if (data[1] == 'r') {
         window.receive(report);
-        pass_time(window, Reply_Stream::report_wait_ms, ended);
+        pass_time(window, Reply_Dispatcher::report_wait_ms, ended);
     }
     const auto serve_next = [&] {
         if (!parts.isEmpty()) {
@@ -72,7 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     while (!parts.isEmpty()) {
         serve_next();
     }
-    pass_time(window, Settings_Exchange::second_part_wait_ms, ended);
+    pass_time(window, Settings_Import_Export::second_part_wait_ms, ended);
     fake_boxes::while_shown({});
     if (ended) {
         return 0;
@@ -80,7 +80,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     if (!has_replies) {
         check_writes(window, window.sent(), file);
     }
-    const Link_State& state = window.body().state;
+    const Session_State& state = window.body().state;
     expect(state.write_enabled && state.ui_changes_enabled, "a load left the tool unable to send");
     return 0;
 }

@@ -11,7 +11,7 @@
 namespace {
 
 void apply(Fuzz_Window& window, const std::string& report) {
-    Main_Window_Body& body = window.body();
+    Main_Window_Controller& body = window.body();
     body.state.info_buff = report;
     body.state.status_buff = report;
     body.state.layout_buff = value_behind("//FF", report);
@@ -37,7 +37,7 @@ bool save(Fuzz_Window& window, const std::string& report) {
 void load(Fuzz_Window& window) {
     ends_as_stated(std::nullopt, [&] { window.body().settings.load_settings_file(); });
     bool ended = false;
-    pass_time(window, Settings_Exchange::second_part_wait_ms, ended);
+    pass_time(window, Settings_Import_Export::second_part_wait_ms, ended);
 }
 
 } // namespace

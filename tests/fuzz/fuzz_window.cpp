@@ -21,7 +21,7 @@ constexpr int starts_between_checks = 500;
 
 } // namespace
 
-Fuzz_Window::Fuzz_Window(const Model& switch_model) : the_model(switch_model) {
+Fuzz_Window::Fuzz_Window(const Model_Traits& switch_model) : the_model(switch_model) {
     expect(fake_timers::are_in_place(), "Qt's own timers would fire in real time");
     if (the_model.has_audio) {
         build<Ui::Corvane_PRO_UI>();
@@ -157,7 +157,7 @@ void Fuzz_Window::on_tableWidget_cellPressed(int row, int column) {
 Fuzz_Window& window_of_model(unsigned char first_byte) {
     // Never deleted, as the application.
     static std::array<Fuzz_Window*, 3> windows{};
-    static const std::array<const Model*, 3> models{&lite_model, &plus_model, &pro_model};
+    static const std::array<const Model_Traits*, 3> models{&lite_model, &plus_model, &pro_model};
     const std::size_t which = first_byte % windows.size();
     if (windows[which] == nullptr) {
         windows[which] = new Fuzz_Window(*models[which]);

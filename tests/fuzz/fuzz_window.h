@@ -18,7 +18,7 @@ class Fuzz_Window : public QMainWindow {
 public:
     enum class Road { serial, network };
 
-    explicit Fuzz_Window(const Model& switch_model);
+    explicit Fuzz_Window(const Model_Traits& switch_model);
 
     /// The window as it is when its link has just been opened and the start commands are sent.
     void start_anew(Road road);
@@ -28,8 +28,8 @@ public:
     /// The text of a datagram comes in.
     void receive_datagram(const QByteArray& chunk);
 
-    [[nodiscard]] Main_Window_Body& body() { return *the_body; }
-    [[nodiscard]] const Model& model() const { return the_model; }
+    [[nodiscard]] Main_Window_Controller& body() { return *the_body; }
+    [[nodiscard]] const Model_Traits& model() const { return the_model; }
     /// What has been written to the link since the start, write by write.
     [[nodiscard]] QByteArrayList& sent() { return all_sent; }
 
@@ -65,13 +65,13 @@ private:
     void open_link();
     void check_reset();
 
-    const Model& the_model;
+    const Model_Traits& the_model;
     Road road = Road::serial;
     QByteArrayList all_sent;
     std::shared_ptr<void> form;
     std::optional<Window_Widgets> widgets;
     std::optional<Widget_Memory> memory;
-    std::optional<Main_Window_Body> the_body;
+    std::optional<Main_Window_Controller> the_body;
     QByteArrayList first_description;
     int starts = 0;
 };

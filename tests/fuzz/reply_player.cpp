@@ -65,7 +65,7 @@ void Reply_Player::serve(const QByteArray& chunk) {
         return;
     }
     // A datagram is a whole answer: with a new layout confirmed it is read at once.
-    const Link_State& state = window.body().state;
+    const Session_State& state = window.body().state;
     std::optional<Stated_End> stated;
     if (state.layout_report_pending && state.layout_saved_pending) {
         stated = layout_end(text_of_chunk(chunk), window.model().forgives_bad_grid_position);

@@ -28,9 +28,9 @@ public:
     [[nodiscard]] QString port_name() const;
 
     Pty_Port device;
-    Link_State state;
+    Session_State state;
     bool network_chosen = false;
-    Link_Devices devices{[this] { return network_chosen; }};
+    Link_Transport devices{[this] { return network_chosen; }};
     Command_Writer writer;
 
 private:

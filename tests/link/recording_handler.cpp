@@ -1,6 +1,6 @@
 #include "tests/link/recording_handler.h"
 
-QStringList Recording_Receiver::texts_of(const QString& word) const {
+QStringList Recording_Handler::texts_of(const QString& word) const {
     QStringList texts;
     for (const QString& record : records) {
         if (record.startsWith(word + ':')) {
@@ -10,13 +10,13 @@ QStringList Recording_Receiver::texts_of(const QString& word) const {
     return texts;
 }
 
-void Recording_Receiver::keep(const QString& record) {
+void Recording_Handler::keep(const QString& record) {
     records.append(record);
     if (on_record) {
         on_record(record);
     }
 }
 
-void Recording_Receiver::keep_text(const QString& word, const std::string& text) {
+void Recording_Handler::keep_text(const QString& word, const std::string& text) {
     keep(word + QString::fromStdString(text));
 }

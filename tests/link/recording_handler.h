@@ -9,7 +9,7 @@
 /// Takes the findings of a reply stream and keeps them in their order, one text each:
 /// "answered", "show:...", "information", "status", "layout", "both:...", "km:...", "usb:...",
 /// "audio:...".
-class Recording_Receiver : public Reply_Receiver {
+class Recording_Handler : public Reply_Handler {
 public:
     /// Called with each record right after it was kept; may throw, as the readers of a window may.
     std::function<void(const QString& record)> on_record;

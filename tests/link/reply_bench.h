@@ -34,8 +34,8 @@ struct Reply_Bench {
 
     Virtual_Time time;
     Open_Line line;
-    Link_State& state = line.state;
-    Recording_Receiver receiver;
+    Session_State& state = line.state;
+    Recording_Handler receiver;
     Timed_Slots window;
-    Reply_Stream stream;
+    Reply_Dispatcher stream;
 };

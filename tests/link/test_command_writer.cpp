@@ -50,7 +50,7 @@ public:
     Listening_Socket() { socket.bind(QHostAddress::LocalHost, 0); }
 
     /// Connects the devices' own socket to this one.
-    void connect_to(Link_Devices& devices) const {
+    void connect_to(Link_Transport& devices) const {
         devices.network_socket = std::make_unique<QUdpSocket>();
         devices.network_socket->connectToHost(QHostAddress::LocalHost, socket.localPort());
         devices.network_socket->waitForConnected();

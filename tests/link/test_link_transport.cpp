@@ -13,7 +13,7 @@
 #include <unistd.h>
 
 /// The devices under the command link: opening, replacing, closing, and which one is written to.
-class Test_Link_Devices : public QObject {
+class Test_Link_Transport : public QObject {
     Q_OBJECT
 
 private slots:
@@ -43,8 +43,8 @@ namespace {
 
 QString name_of(const Pty_Port& device) { return device.device_name().mid(5); }
 
-Link_Devices serial_devices() {
-    return Link_Devices([] { return false; });
+Link_Transport serial_devices() {
+    return Link_Transport([] { return false; });
 }
 
 /// The settings of the line as whoever else has it open sees them.
@@ -63,7 +63,7 @@ void spoil_attributes(int terminal) {
     tcsetattr(terminal, TCSANOW, &attributes);
 }
 
-QByteArray bytes_after_sending(const Link_Devices& devices, Pty_Port& device,
+QByteArray bytes_after_sending(const Link_Transport& devices, Pty_Port& device,
                                const QByteArray& bytes) {
     QByteArray received;
     const QMetaObject::Connection connection = QObject::connect(
@@ -83,10 +83,10 @@ std::unique_ptr<QUdpSocket> connected_socket(const QUdpSocket& other) {
 
 } // namespace
 
-void Test_Link_Devices::cleanup() { QCOMPARE(windows_left(), QStringList()); }
+void Test_Link_Transport::cleanup() { QCOMPARE(windows_left(), QStringList()); }
 
-void Test_Link_Devices::at_first_no_device_stands() {
-    const Link_Devices devices = serial_devices();
+void Test_Link_Transport::at_first_no_device_stands() {
+    const Link_Transport devices = serial_devices();
     QVERIFY(!devices.serial_port);
     QVERIFY(!devices.network_socket);
     QCOMPARE(devices.port_open_count, 0);
@@ -94,9 +94,9 @@ void Test_Link_Devices::at_first_no_device_stands() {
     QVERIFY(!devices.is_open());
 }
 
-void Test_Link_Devices::an_opened_port_stands_open_and_counts_one() {
+void Test_Link_Transport::an_opened_port_stands_open_and_counts_one() {
     const Pty_Port device;
-    Link_Devices devices = serial_devices();
+    Link_Transport devices = serial_devices();
     devices.open_port(name_of(device));
     QVERIFY(devices.serial_port->isOpen());
     QCOMPARE(devices.serial_port->portName(), name_of(device));
@@ -106,14 +106,14 @@ void Test_Link_Devices::an_opened_port_stands_open_and_counts_one() {
     QVERIFY(devices.is_open());
 }
 
-void Test_Link_Devices::the_line_gets_the_units_fixed_parameters() {
+void Test_Link_Transport::the_line_gets_the_units_fixed_parameters() {
     const Pty_Port device;
     const int line = ::open(qPrintable(device.device_name()), O_RDWR | O_NOCTTY | O_CLOEXEC);
     QVERIFY(line >= 0);
     spoil_attributes(line);
     QCOMPARE(cfgetospeed(std::make_unique<termios>(attributes_of(line)).get()), speed_t(B9600));
 
-    Link_Devices devices = serial_devices();
+    Link_Transport devices = serial_devices();
     devices.open_port(name_of(device));
     const termios attributes = attributes_of(line);
     ::close(line);
@@ -138,9 +138,9 @@ void Test_Link_Devices::the_line_gets_the_units_fixed_parameters() {
     QCOMPARE(port.flowControl(), QSerialPort::NoFlowControl);
 }
 
-void Test_Link_Devices::bytes_pass_in_both_directions_unchanged() {
+void Test_Link_Transport::bytes_pass_in_both_directions_unchanged() {
     Pty_Port device;
-    Link_Devices devices = serial_devices();
+    Link_Transport devices = serial_devices();
     devices.open_port(name_of(device));
     QByteArray all_bytes;
     for (int byte = 0; byte <= 0xFF; ++byte) {
@@ -152,9 +152,9 @@ void Test_Link_Devices::bytes_pass_in_both_directions_unchanged() {
     QCOMPARE(devices.serial_port->readAll().toHex(), all_bytes.toHex());
 }
 
-void Test_Link_Devices::a_port_can_be_closed_and_opened_again() {
+void Test_Link_Transport::a_port_can_be_closed_and_opened_again() {
     Pty_Port device;
-    Link_Devices devices = serial_devices();
+    Link_Transport devices = serial_devices();
     for (int round = 0; round < 3; ++round) {
         devices.open_port(name_of(device));
         QCOMPARE(devices.port_open_count, 1);
@@ -165,11 +165,11 @@ void Test_Link_Devices::a_port_can_be_closed_and_opened_again() {
     }
 }
 
-void Test_Link_Devices::opening_another_port_replaces_the_first() {
+void Test_Link_Transport::opening_another_port_replaces_the_first() {
     Pty_Port first;
     Pty_Port second;
     const QSignalSpy at_first(&first, &Pty_Port::received);
-    Link_Devices devices = serial_devices();
+    Link_Transport devices = serial_devices();
     devices.open_port(name_of(first));
     const QPointer<QSerialPort> first_port = devices.serial_port.get();
     devices.close_port();
@@ -180,17 +180,17 @@ void Test_Link_Devices::opening_another_port_replaces_the_first() {
     QCOMPARE(at_first.size(), 0);
 }
 
-void Test_Link_Devices::a_port_that_does_not_exist_stands_closed_and_counts_nothing_data() {
+void Test_Link_Transport::a_port_that_does_not_exist_stands_closed_and_counts_nothing_data() {
     QTest::addColumn<QString>("name");
     QTest::newRow("unknown") << "pts/no-such-line";
     QTest::newRow("empty") << "";
     QTest::newRow("not a terminal") << "null";
 }
 
-void Test_Link_Devices::a_port_that_does_not_exist_stands_closed_and_counts_nothing() {
+void Test_Link_Transport::a_port_that_does_not_exist_stands_closed_and_counts_nothing() {
     QFETCH(QString, name);
     Modal_Robot robot;
-    Link_Devices devices = serial_devices();
+    Link_Transport devices = serial_devices();
     devices.open_port(name);
     QVERIFY(devices.serial_port != nullptr);
     QVERIFY(!devices.serial_port->isOpen());
@@ -201,9 +201,9 @@ void Test_Link_Devices::a_port_that_does_not_exist_stands_closed_and_counts_noth
     QCOMPARE(robot.sights().size(), 0);
 }
 
-void Test_Link_Devices::a_port_that_did_not_open_is_replaced_by_one_that_does() {
+void Test_Link_Transport::a_port_that_did_not_open_is_replaced_by_one_that_does() {
     Pty_Port device;
-    Link_Devices devices = serial_devices();
+    Link_Transport devices = serial_devices();
     devices.open_port("pts/no-such-line");
     const QPointer<QSerialPort> closed_port = devices.serial_port.get();
     devices.open_port(name_of(device));
@@ -212,8 +212,8 @@ void Test_Link_Devices::a_port_that_did_not_open_is_replaced_by_one_that_does() 
     QCOMPARE(bytes_after_sending(devices, device, "//BP\r"), "//BP\r");
 }
 
-void Test_Link_Devices::closing_without_a_port_does_nothing() {
-    Link_Devices devices = serial_devices();
+void Test_Link_Transport::closing_without_a_port_does_nothing() {
+    Link_Transport devices = serial_devices();
     devices.close_port();
     devices.close_port();
     devices.close_socket();
@@ -221,9 +221,9 @@ void Test_Link_Devices::closing_without_a_port_does_nothing() {
     QCOMPARE(devices.socket_open_count, 0);
 }
 
-void Test_Link_Devices::closing_a_port_deletes_it() {
+void Test_Link_Transport::closing_a_port_deletes_it() {
     const Pty_Port device;
-    Link_Devices devices = serial_devices();
+    Link_Transport devices = serial_devices();
     devices.open_port(name_of(device));
     const QPointer<QSerialPort> port = devices.serial_port.get();
     devices.close_port();
@@ -232,10 +232,10 @@ void Test_Link_Devices::closing_a_port_deletes_it() {
     QCOMPARE(devices.port_open_count, 0);
 }
 
-void Test_Link_Devices::bytes_without_an_open_device_are_dropped_in_silence() {
+void Test_Link_Transport::bytes_without_an_open_device_are_dropped_in_silence() {
     Modal_Robot robot;
     bool network = false;
-    const Link_Devices devices([&network] { return network; });
+    const Link_Transport devices([&network] { return network; });
     devices.write("//rl\r");
     network = true;
     devices.write("//rl\r");
@@ -243,12 +243,12 @@ void Test_Link_Devices::bytes_without_an_open_device_are_dropped_in_silence() {
     QCOMPARE(robot.sights().size(), 0);
 }
 
-void Test_Link_Devices::bytes_go_to_the_device_of_the_chosen_method() {
+void Test_Link_Transport::bytes_go_to_the_device_of_the_chosen_method() {
     Pty_Port device;
     QUdpSocket adapter;
     QVERIFY(adapter.bind(QHostAddress::LocalHost, 0));
     bool network = false;
-    Link_Devices devices([&network] { return network; });
+    Link_Transport devices([&network] { return network; });
     devices.open_port(name_of(device));
     devices.network_socket = connected_socket(adapter);
     devices.socket_open_count = 1;
@@ -266,12 +266,12 @@ void Test_Link_Devices::bytes_go_to_the_device_of_the_chosen_method() {
     QCOMPARE(at_device.size(), 0);
 }
 
-void Test_Link_Devices::closing_the_chosen_device_keeps_the_other() {
+void Test_Link_Transport::closing_the_chosen_device_keeps_the_other() {
     const Pty_Port device;
     QUdpSocket adapter;
     QVERIFY(adapter.bind(QHostAddress::LocalHost, 0));
     bool network = true;
-    Link_Devices devices([&network] { return network; });
+    Link_Transport devices([&network] { return network; });
     devices.open_port(name_of(device));
     devices.network_socket = connected_socket(adapter);
     QVERIFY(devices.network_socket->isOpen());
@@ -284,9 +284,9 @@ void Test_Link_Devices::closing_the_chosen_device_keeps_the_other() {
     QVERIFY(!devices.serial_port->isOpen());
 }
 
-void Test_Link_Devices::closing_the_chosen_device_without_one_does_nothing() {
+void Test_Link_Transport::closing_the_chosen_device_without_one_does_nothing() {
     bool network = false;
-    const Link_Devices devices([&network] { return network; });
+    const Link_Transport devices([&network] { return network; });
     devices.close_chosen_device();
     network = true;
     devices.close_chosen_device();
@@ -294,8 +294,8 @@ void Test_Link_Devices::closing_the_chosen_device_without_one_does_nothing() {
     QVERIFY(!devices.network_socket);
 }
 
-void Test_Link_Devices::closing_the_socket_deletes_it() {
-    Link_Devices devices = serial_devices();
+void Test_Link_Transport::closing_the_socket_deletes_it() {
+    Link_Transport devices = serial_devices();
     devices.network_socket = std::make_unique<QUdpSocket>();
     devices.socket_open_count = 1;
     QVERIFY(devices.is_open());
@@ -306,9 +306,9 @@ void Test_Link_Devices::closing_the_socket_deletes_it() {
     QVERIFY(!devices.is_open());
 }
 
-void Test_Link_Devices::a_port_whose_closing_throws_stays_and_counts_on() {
+void Test_Link_Transport::a_port_whose_closing_throws_stays_and_counts_on() {
     Pty_Port device;
-    Link_Devices devices = serial_devices();
+    Link_Transport devices = serial_devices();
     devices.open_port(name_of(device));
     bool fails = true;
     connect(devices.serial_port.get(), &QIODevice::aboutToClose, this, [&fails] {
@@ -323,12 +323,12 @@ void Test_Link_Devices::a_port_whose_closing_throws_stays_and_counts_on() {
     devices.serial_port.reset();
 }
 
-void Test_Link_Devices::a_socket_whose_closing_throws_stays_and_counts_on() {
+void Test_Link_Transport::a_socket_whose_closing_throws_stays_and_counts_on() {
     QUdpSocket adapter;
     QVERIFY(adapter.bind(QHostAddress::LocalHost, 0));
     // Looked at until the socket is gone.
     bool fails = true;
-    Link_Devices devices([] { return true; });
+    Link_Transport devices([] { return true; });
     devices.network_socket = connected_socket(adapter);
     devices.socket_open_count = 1;
     connect(devices.network_socket.get(), &QIODevice::aboutToClose, this, [&fails] {
@@ -345,6 +345,6 @@ void Test_Link_Devices::a_socket_whose_closing_throws_stays_and_counts_on() {
     fails = false;
 }
 
-QTEST_MAIN(Test_Link_Devices)
+QTEST_MAIN(Test_Link_Transport)
 
 #include "test_link_transport.moc"

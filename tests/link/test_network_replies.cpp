@@ -42,7 +42,7 @@ private slots:
 private:
     void take(const QByteArray& raw) { bench->stream.take_network_chunk(raw); }
     QStringList& records() const { return bench->receiver.records; }
-    Link_State& state() const { return bench->state; }
+    Session_State& state() const { return bench->state; }
 
     std::unique_ptr<Log_Folder> folder;
     std::unique_ptr<Reply_Bench> bench;

@@ -108,7 +108,7 @@ void Test_Report_Values::a_token_ends_at_the_first_blank_data() {
 void Test_Report_Values::a_token_ends_at_the_first_blank() {
     QFETCH(QString, text);
     QFETCH(QString, token);
-    QCOMPARE(as_text(get_report_token(vocabulary::parking_x_key, text.toStdString())), token);
+    QCOMPARE(as_text(get_report_token(switch_protocol::parking_x_key, text.toStdString())), token);
 }
 
 void Test_Report_Values::a_layout_position_is_two_characters_data() {

@@ -44,7 +44,7 @@ private slots:
 private:
     void take(const QByteArray& raw) { bench->stream.take_serial_chunk(raw); }
     QStringList& records() const { return bench->receiver.records; }
-    Link_State& state() const { return bench->state; }
+    Session_State& state() const { return bench->state; }
     /// Makes the receiver do as a window's readers: a "**C" in the text asks for an empty buffer.
     void answer_notices() const;
 

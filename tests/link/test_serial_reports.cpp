@@ -45,7 +45,7 @@ private slots:
     void nothing_catches_what_a_bad_new_layout_throws();
 
 private:
-    Link_State& state() const { return bench->state; }
+    Session_State& state() const { return bench->state; }
     void fail_at(const QString& step) const;
     void expect_failure_box();
 

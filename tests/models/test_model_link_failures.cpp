@@ -18,14 +18,15 @@ bool closing_fails = false;
 } // namespace
 
 // The linker sends the calls of QSerialPort::setFlowControl(), the last thing before a port is
-// opened, and of Link_Devices::close_port() here (see CMakeLists.txt): they can fail on cue, which
-// no input from outside can bring about.
+// opened, and of Link_Transport::close_port() here (see CMakeLists.txt): they can fail on cue,
+// which no input from outside can bring about.
 bool real_set_flow_control(QSerialPort* port, QSerialPort::FlowControl control) __asm__(
     "__real__ZN11QSerialPort14setFlowControlENS_11FlowControlE");
 bool failing_set_flow_control(QSerialPort* port, QSerialPort::FlowControl control) __asm__(
     "__wrap__ZN11QSerialPort14setFlowControlENS_11FlowControlE");
-void real_close_port(Link_Devices* devices) __asm__("__real__ZN12Link_Devices10close_portEv");
-void failing_close_port(Link_Devices* devices) __asm__("__wrap__ZN12Link_Devices10close_portEv");
+void real_close_port(Link_Transport* devices) __asm__("__real__ZN14Link_Transport10close_portEv");
+void failing_close_port(Link_Transport* devices) __asm__(
+    "__wrap__ZN14Link_Transport10close_portEv");
 
 bool failing_set_flow_control(QSerialPort* port, QSerialPort::FlowControl control) {
     if (opening_fails) {
@@ -34,7 +35,7 @@ bool failing_set_flow_control(QSerialPort* port, QSerialPort::FlowControl contro
     return real_set_flow_control(port, control);
 }
 
-void failing_close_port(Link_Devices* devices) {
+void failing_close_port(Link_Transport* devices) {
     if (closing_fails) {
         throw std::bad_alloc();
     }

@@ -13,16 +13,18 @@ bool closing_ports_fails = false;
 
 } // namespace
 
-// The linker sends the calls of Link_Devices::close_socket() and close_port() here (see
+// The linker sends the calls of Link_Transport::close_socket() and close_port() here (see
 // CMakeLists.txt): they can fail on cue, which no input from outside can bring about.
-void real_close_socket(Link_Devices* devices) __asm__("__real__ZN12Link_Devices12close_socketEv");
-void failing_close_socket(Link_Devices* devices) __asm__(
-    "__wrap__ZN12Link_Devices12close_socketEv");
-void real_close_port(Link_Devices* devices) __asm__("__real__ZN12Link_Devices10close_portEv");
-void failing_close_port(Link_Devices* devices) __asm__("__wrap__ZN12Link_Devices10close_portEv");
+void real_close_socket(Link_Transport* devices) __asm__(
+    "__real__ZN14Link_Transport12close_socketEv");
+void failing_close_socket(Link_Transport* devices) __asm__(
+    "__wrap__ZN14Link_Transport12close_socketEv");
+void real_close_port(Link_Transport* devices) __asm__("__real__ZN14Link_Transport10close_portEv");
+void failing_close_port(Link_Transport* devices) __asm__(
+    "__wrap__ZN14Link_Transport10close_portEv");
 
 // The socket itself fails, in the midst of its closing.
-void failing_close_socket(Link_Devices* devices) {
+void failing_close_socket(Link_Transport* devices) {
     if (closing_sockets_fails && devices->network_socket) {
         QObject::connect(devices->network_socket.get(), &QIODevice::aboutToClose, [] {
             if (closing_sockets_fails) {
@@ -33,7 +35,7 @@ void failing_close_socket(Link_Devices* devices) {
     real_close_socket(devices);
 }
 
-void failing_close_port(Link_Devices* devices) {
+void failing_close_port(Link_Transport* devices) {
     if (closing_ports_fails) {
         throw std::bad_alloc();
     }

@@ -32,12 +32,12 @@ private:
     [[nodiscard]] bool save_from_source(const QString& path);
     [[nodiscard]] bool load_into_target(const QString& path);
     /// The widgets of a window, one text for each.
-    QStringList widget_texts(const Swift_Window& window) const;
+    QStringList widget_texts(const Untimed_Window& window) const;
 
     QTemporaryDir folder;
     std::unique_ptr<Modal_Robot> robot;
-    std::unique_ptr<Swift_Window> source;
-    std::unique_ptr<Swift_Window> target;
+    std::unique_ptr<Untimed_Window> source;
+    std::unique_ptr<Untimed_Window> target;
 };
 
 namespace {
@@ -137,8 +137,8 @@ QStringList unit_texts(const Switch_State& state) {
 void Test_Settings_Round_Trip::initTestCase() {
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     robot = std::make_unique<Modal_Robot>();
-    source = std::make_unique<Swift_Window>();
-    target = std::make_unique<Swift_Window>();
+    source = std::make_unique<Untimed_Window>();
+    target = std::make_unique<Untimed_Window>();
     QVERIFY(target->read_unit());
 }
 
@@ -170,7 +170,7 @@ bool Test_Settings_Round_Trip::load_into_target(const QString& path) {
     return robot->done() && target->wait_until_obeyed();
 }
 
-QStringList Test_Settings_Round_Trip::widget_texts(const Swift_Window& window) const {
+QStringList Test_Settings_Round_Trip::widget_texts(const Untimed_Window& window) const {
     QStringList texts;
     for (const char* name :
          {"comboBox_KM_Control", "comboBox_USB_Control", "comboBox_Select_active_port",

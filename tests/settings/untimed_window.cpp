@@ -6,7 +6,7 @@
 #include "ui_corvane_lite_ui.h"
 #include "windows/form.h"
 
-Swift_Window::Swift_Window()
+Untimed_Window::Untimed_Window()
     : ui(build_form<Ui::Corvane_LITE_UI>(*this)),
       body(*this, lite_model, window_widgets(*ui), [] { return false; }) {
     list_ports({device.device_name()});
@@ -17,9 +17,9 @@ Swift_Window::Swift_Window()
     body.connection.open_serial_port();
 }
 
-Swift_Window::~Swift_Window() { body.devices.close_chosen_device(); }
+Untimed_Window::~Untimed_Window() { body.devices.close_chosen_device(); }
 
-bool Swift_Window::read_unit() {
+bool Untimed_Window::read_unit() {
     body.connection.refresh_UI();
     // The layout is the last line of the answers.
     const bool complete = wait_until([this] {
@@ -30,7 +30,7 @@ bool Swift_Window::read_unit() {
     return complete;
 }
 
-bool Swift_Window::wait_until_obeyed() {
+bool Untimed_Window::wait_until_obeyed() {
     const std::string marker = "//marker";
     device.clear_record();
     body.terminal.clear();
@@ -44,36 +44,36 @@ bool Swift_Window::wait_until_obeyed() {
     });
 }
 
-QWidget& Swift_Window::widget(const QString& name) const {
+QWidget& Untimed_Window::widget(const QString& name) const {
     return find_child<QWidget>(*this, name);
 }
 
-void Swift_Window::serialRecieve() { body.serialRecieve(); }
+void Untimed_Window::serialRecieve() { body.serialRecieve(); }
 
-void Swift_Window::on_comboBox_KM_Control_currentIndexChanged() {
+void Untimed_Window::on_comboBox_KM_Control_currentIndexChanged() {
     body.configuration.km_control_changed();
 }
-void Swift_Window::on_comboBox_USB_Control_currentIndexChanged() {
+void Untimed_Window::on_comboBox_USB_Control_currentIndexChanged() {
     body.configuration.usb_control_changed();
 }
-void Swift_Window::on_comboBox_Select_Display_Mode_currentIndexChanged() {
+void Untimed_Window::on_comboBox_Select_Display_Mode_currentIndexChanged() {
     body.configuration.mouse_mode_changed();
 }
-void Swift_Window::on_comboBox_Select_active_port_currentIndexChanged() {
+void Untimed_Window::on_comboBox_Select_active_port_currentIndexChanged() {
     body.configuration.active_ports_changed();
 }
-void Swift_Window::on_comboBox_Enable_or_Disable_Cursor_Roll_currentIndexChanged() {
+void Untimed_Window::on_comboBox_Enable_or_Disable_Cursor_Roll_currentIndexChanged() {
     body.configuration.cursor_roll_changed();
 }
-void Swift_Window::on_comboBox_mouse_movement_resolution_setting_1_currentIndexChanged() {
+void Untimed_Window::on_comboBox_mouse_movement_resolution_setting_1_currentIndexChanged() {
     body.mouse_speed.resolution_changed(1);
 }
-void Swift_Window::on_comboBox_mouse_movement_resolution_setting_2_currentIndexChanged() {
+void Untimed_Window::on_comboBox_mouse_movement_resolution_setting_2_currentIndexChanged() {
     body.mouse_speed.resolution_changed(2);
 }
-void Swift_Window::on_comboBox_mouse_movement_resolution_setting_3_currentIndexChanged() {
+void Untimed_Window::on_comboBox_mouse_movement_resolution_setting_3_currentIndexChanged() {
     body.mouse_speed.resolution_changed(3);
 }
-void Swift_Window::on_comboBox_mouse_movement_resolution_setting_4_currentIndexChanged() {
+void Untimed_Window::on_comboBox_mouse_movement_resolution_setting_4_currentIndexChanged() {
     body.mouse_speed.resolution_changed(4);
 }

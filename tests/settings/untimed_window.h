@@ -14,12 +14,12 @@ class Corvane_LITE_UI;
 /// A Lite window on its own switch, made of the product's form and body, whose waits a test ends
 /// itself: the timers of a report and of a load's second part find slots that do nothing, and the
 /// test calls what they would have called. For tests that go through hundreds of units.
-class Swift_Window : public QMainWindow {
+class Untimed_Window : public QMainWindow {
     Q_OBJECT
 
 public:
-    Swift_Window();
-    ~Swift_Window() override;
+    Untimed_Window();
+    ~Untimed_Window() override;
 
     /// Asks the switch for everything and applies the report as soon as it is complete.
     [[nodiscard]] bool read_unit();
@@ -54,5 +54,5 @@ private:
     std::unique_ptr<Ui::Corvane_LITE_UI> ui;
 
 public:
-    Main_Window_Body body;
+    Main_Window_Controller body;
 };
