@@ -1,21 +1,25 @@
 #include "link/command_writer.h"
 
-#include "app/message_box.h"
+#include "link/link_transport.h"
+#include "link/session_state.h"
 #include "link/switch_protocol.h"
 
-Command_Writer::Command_Writer(Session_State& link_state, Link_Transport& link_devices,
-                               bool asks_for_audio)
-    : state(link_state),
-      devices(link_devices),
+#include <utility>
+
+Command_Writer::Command_Writer(Session_State& session_state, Link_Transport& link_transport,
+                               Command_Encoder::Failure_Report failure_report, bool asks_for_audio)
+    : state(session_state),
+      transport(link_transport),
+      report_failure(std::move(failure_report)),
       encoder(report_failure),
       has_audio(asks_for_audio) {}
 
 void Command_Writer::writeCommand(std::string& command) {
-    if (!devices.is_open() || !state.write_enabled) {
+    if (!transport.is_open() || !state.write_enabled) {
         return;
     }
     try {
-        devices.write(encoder.string_to_bytes(command));
+        transport.write(encoder.string_to_bytes(command));
     } catch (...) {
         report_failure("Write data error");
     }
@@ -30,10 +34,10 @@ void Command_Writer::writeCommand(const QString& command) {
 
 void Command_Writer::writeCommand(std::string_view command) { writeCommand(std::string(command)); }
 
-void Command_Writer::writeData(const QByteArray& data) { devices.write_to_port(data); }
+void Command_Writer::writeData(const QByteArray& data) { transport.write_to_port(data); }
 
 void Command_Writer::write_unguarded(QString& text) {
-    devices.write(encoder.qstring_to_bytes(text));
+    transport.write(encoder.qstring_to_bytes(text));
 }
 
 void Command_Writer::send_initial_command() {

@@ -1,20 +1,23 @@
 #pragma once
 
 #include "link/command_encoding.h"
-#include "link/link_transport.h"
-#include "link/session_state.h"
 
 #include <QString>
 
 #include <string>
 #include <string_view>
 
+class Link_Transport;
+struct Session_State;
+
 /// The way to the switch. A command counts as done when it has been handed to the link: nothing
 /// acknowledges it, nothing paces it.
 class Command_Writer {
 public:
+    /// @param report_failure takes a failure's text to the log and the user.
     /// @param asks_for_audio the model has an audio state to ask for at every start and refresh.
-    Command_Writer(Session_State& link_state, Link_Transport& link_devices, bool asks_for_audio);
+    Command_Writer(Session_State& session_state, Link_Transport& link_transport,
+                   Command_Encoder::Failure_Report report_failure, bool asks_for_audio);
 
     /// Sends one command and its carriage return, which is appended to the caller's own text, a
     /// temporary's too.
@@ -45,7 +48,8 @@ public:
 
 private:
     Session_State& state;
-    Link_Transport& devices;
+    Link_Transport& transport;
+    Command_Encoder::Failure_Report report_failure;
     Command_Encoder encoder;
     bool has_audio;
 };

@@ -3,8 +3,6 @@
 #include <QLoggingCategory>
 #include <QSocketNotifier>
 
-#include <utility>
-
 namespace {
 
 Q_LOGGING_CATEGORY(link_log, "halvern.link", QtCriticalMsg)
@@ -44,9 +42,6 @@ void quiet_when_hung_up([[maybe_unused]] QSerialPort& port) {
 }
 
 } // namespace
-
-Link_Transport::Link_Transport(std::function<bool()> is_network_chosen)
-    : network_chosen(std::move(is_network_chosen)) {}
 
 void Link_Transport::open_port(const QString& port_name) {
     serial_port = std::make_unique<QSerialPort>(port_name);
@@ -104,7 +99,7 @@ void Link_Transport::close_chosen_device() const {
 }
 
 QIODevice* Link_Transport::chosen_device() const {
-    if (is_network_chosen()) {
+    if (method == Link_Method::network) {
         return network_socket.get();
     }
     return serial_port.get();

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "link/link_method.h"
+
 #include <QSerialPort>
 #include <QUdpSocket>
 
-#include <functional>
 #include <memory>
 
 /// The device under the command link. Only one of the two stands at a time; which one commands go
@@ -12,9 +13,6 @@ class Link_Transport {
 public:
     /// 115200 baud, 8 data bits, no parity, 1 stop bit, no flow control: the unit's fixed setting.
     static constexpr qint32 baud_rate = QSerialPort::Baud115200;
-
-    /// @param is_network_chosen whether the chosen method is the network.
-    explicit Link_Transport(std::function<bool()> is_network_chosen);
 
     /// Makes a new port object for a name and tries to open it. A port that does not open stands
     /// closed, without a word to the user; the reason goes to the diagnostics.
@@ -26,7 +24,6 @@ public:
     /// Closes the device of the chosen method, if it stands, and keeps the object.
     void close_chosen_device() const;
 
-    [[nodiscard]] bool is_network_chosen() const { return network_chosen(); }
     /// True while a port or a socket is open.
     [[nodiscard]] bool is_open() const { return port_open_count >= 1 || socket_open_count >= 1; }
     /// Writes to the device of the chosen method. Without an open one the bytes are dropped.
@@ -34,6 +31,8 @@ public:
     /// Writes to the port, whatever the chosen method. Without an open one the bytes are dropped.
     void write_to_port(const QByteArray& bytes) const;
 
+    /// What commands go to; not what stands.
+    Link_Method method = Link_Method::serial;
     std::unique_ptr<QSerialPort> serial_port;
     /// 1 from an opening that succeeded to the closing by close_port(), 0 otherwise. A port that
     /// was quieted because its line is gone counts on.
@@ -46,6 +45,4 @@ private:
     /// The device of the chosen method; null if it does not stand.
     [[nodiscard]] QIODevice* chosen_device() const;
     static void write_to(QIODevice* device, const QByteArray& bytes);
-
-    std::function<bool()> network_chosen;
 };

@@ -1,7 +1,10 @@
 #include "link/reply_dispatcher.h"
 
-#include "app/message_box.h"
+#include "link/command_writer.h"
+#include "link/flag_guard.h"
+#include "link/reply_handler.h"
 #include "link/report_values.h"
+#include "link/session_state.h"
 #include "link/switch_protocol.h"
 
 #include <QTimer>
@@ -15,12 +18,12 @@ QString text_of(const QByteArray& raw) { return QString::fromUtf8(raw.constData(
 
 } // namespace
 
-Reply_Dispatcher::Reply_Dispatcher(Session_State& link_state, Command_Writer& command_writer,
-                                   Reply_Handler& receiver, QObject& window,
+Reply_Dispatcher::Reply_Dispatcher(Session_State& session_state, Command_Writer& command_writer,
+                                   Reply_Handler& reply_handler, QObject& window,
                                    Notice_Order network_order)
-    : state(link_state),
+    : state(session_state),
       writer(command_writer),
-      target(receiver),
+      handler(reply_handler),
       timer_target(window),
       notice_order(network_order) {}
 
@@ -34,12 +37,12 @@ void Reply_Dispatcher::take_serial_chunk(const QByteArray& raw) {
     check_layout_saved(state.received_buff.toStdString());
 
     const std::string gathered = state.received_buff.toStdString();
-    target.parse_both_notice(gathered);
-    target.parse_km_notice(gathered);
-    target.parse_usb_notice(gathered);
-    target.show_reply(chunk);
+    handler.parse_both_notice(gathered);
+    handler.parse_km_notice(gathered);
+    handler.parse_usb_notice(gathered);
+    handler.show_reply(chunk);
     start_pending_timers();
-    target.apply_audio_reply(gathered);
+    handler.apply_audio_reply(gathered);
     if (!state.report_in_progress) {
         empty_buffer_after_notice();
     }
@@ -49,19 +52,19 @@ void Reply_Dispatcher::take_network_chunk(const QByteArray& raw) {
     const QString text = text_of(raw);
     const std::string chunk = text.toStdString();
     if (find_connected_marker(chunk)) {
-        target.show_reply(text);
+        handler.show_reply(text);
     }
     apply_network_reports(chunk);
     if (notice_order == Notice_Order::both_first) {
-        target.parse_both_notice(chunk);
+        handler.parse_both_notice(chunk);
     }
     check_layout_saved(chunk);
-    target.parse_km_notice(chunk);
-    target.parse_usb_notice(chunk);
+    handler.parse_km_notice(chunk);
+    handler.parse_usb_notice(chunk);
     if (notice_order == Notice_Order::layout_first) {
-        target.parse_both_notice(chunk);
+        handler.parse_both_notice(chunk);
     }
-    target.apply_audio_reply(chunk);
+    handler.apply_audio_reply(chunk);
 }
 
 void Reply_Dispatcher::get_data_from_TQL_by_serial_port() {
@@ -78,7 +81,7 @@ void Reply_Dispatcher::get_data_from_TQL_by_serial_port() {
 void Reply_Dispatcher::set_current_layout_from_buff() {
     state.layout_buff = state.received_buff.toStdString();
     state.layout_report_pending = false;
-    target.set_layout_from_report();
+    handler.set_layout_from_report();
 }
 
 bool Reply_Dispatcher::find_connected_marker(const std::string& chunk) {
@@ -93,7 +96,7 @@ bool Reply_Dispatcher::find_connected_marker(const std::string& chunk) {
         return false;
     }
     state.km_connected = true;
-    target.switch_answered();
+    handler.switch_answered();
     state.status_buff = chunk;
     return true;
 }
@@ -108,18 +111,17 @@ void Reply_Dispatcher::check_layout_saved(const std::string& text) {
 }
 
 void Reply_Dispatcher::set_data_from_buffers() {
-    state.ui_changes_enabled = false;
+    const Flag_Guard silent(state.ui_changes_enabled, false);
     try {
-        target.apply_information_report();
-        target.apply_status_report();
-        target.set_layout_from_report();
+        handler.apply_information_report();
+        handler.apply_status_report();
+        handler.set_layout_from_report();
         state.received_buff.clear();
     } catch (...) {
-        report_failure("Setting data from TQL error");
+        handler.report_failure("Setting data from TQL error");
         state.write_enabled = true;
         state.refresh_enabled = true;
     }
-    state.ui_changes_enabled = true;
 }
 
 void Reply_Dispatcher::apply_network_reports(const std::string& chunk) {
@@ -134,7 +136,7 @@ void Reply_Dispatcher::apply_network_reports(const std::string& chunk) {
     state.layout_report_pending = false;
     if (state.layout_saved_pending) {
         state.layout_saved_pending = false;
-        target.set_layout_from_report();
+        handler.set_layout_from_report();
     } else {
         set_data_from_buffers();
     }

@@ -1,36 +1,15 @@
 #pragma once
 
-#include "link/command_writer.h"
-#include "link/session_state.h"
+#include "link/session_traits.h"
 
 #include <QByteArray>
 #include <QObject>
 
 #include <string>
 
-/// What the reply stream hands its findings to.
-class Reply_Handler {
-public:
-    virtual ~Reply_Handler() = default;
-
-    /// A switch has answered on this link.
-    virtual void switch_answered() = 0;
-    /// Text for the terminal, in the order of arrival; may be empty.
-    virtual void show_reply(const QString& chunk) = 0;
-    /// Apply a complete report from the buffers; each may throw.
-    virtual void apply_information_report() = 0;
-    virtual void apply_status_report() = 0;
-    virtual void set_layout_from_report() = 0;
-    /// Look for notices of a channel change in a text.
-    virtual void parse_both_notice(const std::string& text) = 0;
-    virtual void parse_km_notice(const std::string& text) = 0;
-    virtual void parse_usb_notice(const std::string& text) = 0;
-    /// Look for an audio state in a text; nothing on a model without audio.
-    virtual void apply_audio_reply(const std::string& text) = 0;
-};
-
-/// The order in which the readers look through a chunk from the network.
-enum class Notice_Order { layout_first, both_first };
+class Command_Writer;
+class Reply_Handler;
+struct Session_State;
 
 /// Gathers the switch's free text, acts on what must be acted on at once, and decides when a report
 /// is complete: on the serial line when 1000 ms have passed since its first chunk, for nothing in
@@ -45,8 +24,8 @@ public:
 
     /// @param window the object whose slots get_data_from_TQL_by_serial_port() and
     ///        set_current_layout_from_buff() the timers call.
-    Reply_Dispatcher(Session_State& link_state, Command_Writer& command_writer,
-                     Reply_Handler& receiver, QObject& window, Notice_Order network_order);
+    Reply_Dispatcher(Session_State& session_state, Command_Writer& command_writer,
+                     Reply_Handler& reply_handler, QObject& window, Notice_Order network_order);
 
     /// One chunk from the serial line. Text behind a NUL byte is lost.
     void take_serial_chunk(const QByteArray& raw);
@@ -68,7 +47,7 @@ private:
 
     Session_State& state;
     Command_Writer& writer;
-    Reply_Handler& target;
+    Reply_Handler& handler;
     QObject& timer_target;
     Notice_Order notice_order;
 };

@@ -4,7 +4,7 @@
 
 #include <string>
 
-/// Where the conversation with the switch stands: reply text and flags, held by the window and
+/// The state of the conversation with the switch: reply text and flags, held by the session and
 /// shared by everything that reads or writes the link.
 struct Session_State {
     /// All reply text since it was last emptied.

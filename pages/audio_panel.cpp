@@ -2,9 +2,10 @@
 
 #include "link/report_values.h"
 #include "link/switch_protocol.h"
+#include "link/switch_session.h"
 
-Audio_Panel::Audio_Panel(const Audio_Widgets& panel_widgets, Command_Writer& command_writer)
-    : widgets(panel_widgets), writer(command_writer) {}
+Audio_Panel::Audio_Panel(const Audio_Widgets& panel_widgets, Switch_Session& switch_session)
+    : widgets(panel_widgets), session(switch_session) {}
 
 void Audio_Panel::all_clicked() {
     if (widgets.checkBox_ALL.isChecked()) {
@@ -27,7 +28,7 @@ void Audio_Panel::channel_clicked() {
     widgets.checkBox_FOLLOW.setChecked(false);
 }
 
-void Audio_Panel::submit() { writer.writeCommand(get_audio_command()); }
+void Audio_Panel::submit() { session.writer.writeCommand(get_audio_command()); }
 
 bool Audio_Panel::parse_audio_state(std::string_view text) {
     const Audio_Reading reading = read_audio_state(text);

@@ -1,17 +1,18 @@
 #pragma once
 
 #include "link/audio_state.h"
-#include "link/command_writer.h"
 #include "pages/page_widgets.h"
 
 #include <string>
 #include <string_view>
 
+class Switch_Session;
+
 /// The Pro's audio routing. The check boxes are the state; they only edit a choice on the screen
 /// until Audio Submit sends it. All, Follow and the channels exclude each other.
 class Audio_Panel {
 public:
-    Audio_Panel(const Audio_Widgets& panel_widgets, Command_Writer& command_writer);
+    Audio_Panel(const Audio_Widgets& panel_widgets, Switch_Session& switch_session);
 
     // The user's clicks; the box has toggled already.
     void all_clicked();
@@ -38,5 +39,5 @@ private:
     void show_state(const Audio_State& state);
 
     Audio_Widgets widgets;
-    Command_Writer& writer;
+    Switch_Session& session;
 };

@@ -3,10 +3,11 @@
 #include "app/yes_no_dialog.h"
 #include "link/report_values.h"
 #include "link/switch_protocol.h"
+#include "link/switch_session.h"
 #include "pages/combo_box.h"
+#include "pages/layout_page.h"
+#include "pages/model_traits.h"
 #include "pages/range_check.h"
-
-#include <QTimer>
 
 namespace {
 
@@ -17,16 +18,9 @@ constexpr int parking_high = 100;
 } // namespace
 
 Configuration_Page::Configuration_Page(const Configuration_Widgets& page_widgets,
-                                       Session_State& link_state, Command_Writer& command_writer,
-                                       const Link_Transport& link_devices, Layout_Page& layout_page,
-                                       const Model_Traits& switch_model, QObject& window)
-    : widgets(page_widgets),
-      state(link_state),
-      writer(command_writer),
-      devices(link_devices),
-      layout(layout_page),
-      model(switch_model),
-      timer_target(window) {}
+                                       Switch_Session& switch_session, Layout_Page& layout_page,
+                                       const Model_Traits& model_traits)
+    : widgets(page_widgets), session(switch_session), layout(layout_page), model(model_traits) {}
 
 void Configuration_Page::km_control_changed() { send_user_change(get_km_control_command()); }
 
@@ -52,7 +46,9 @@ void Configuration_Page::parking_y_edited() {
                       parking_high);
 }
 
-void Configuration_Page::apply_mouse_parking() { writer.writeCommand(get_mouse_parking_command()); }
+void Configuration_Page::apply_mouse_parking() {
+    session.writer.writeCommand(get_mouse_parking_command());
+}
 
 void Configuration_Page::factory_reset() {
     Yes_No_Dialog question("Perform factory reset?", "Confirm", "Cancel");
@@ -60,26 +56,20 @@ void Configuration_Page::factory_reset() {
     if (question.get_result_text() != "OK") {
         return;
     }
-    writer.writeCommand(switch_protocol::factory_reset);
-    if (devices.network_socket) {
-        QTimer::singleShot(reset_wait_network_ms, Qt::PreciseTimer, &timer_target,
-                           SLOT(refresh_UI()));
-    } else if (devices.serial_port) {
-        QTimer::singleShot(reset_wait_serial_ms, Qt::PreciseTimer, &timer_target,
-                           SLOT(refresh_UI()));
-    }
+    session.writer.writeCommand(switch_protocol::factory_reset);
+    session.refresh_after_reset();
 }
 
-void Configuration_Page::soft_reset() { writer.writeCommand(switch_protocol::soft_reset); }
+void Configuration_Page::soft_reset() { session.writer.writeCommand(switch_protocol::soft_reset); }
 
 void Configuration_Page::beep_on() {
     show_buzzer(true);
-    writer.writeCommand(switch_protocol::buzzer_on);
+    session.writer.writeCommand(switch_protocol::buzzer_on);
 }
 
 void Configuration_Page::beep_off() {
     show_buzzer(false);
-    writer.writeCommand(switch_protocol::buzzer_off);
+    session.writer.writeCommand(switch_protocol::buzzer_off);
 }
 
 QString Configuration_Page::get_km_control_command() const {
@@ -161,10 +151,10 @@ void Configuration_Page::set_mouse_parking(const std::string& x, const std::stri
 }
 
 bool Configuration_Page::send_user_change(const QString& command) {
-    if (!state.ui_changes_enabled) {
+    if (!session.state.ui_changes_enabled) {
         return false;
     }
-    writer.writeCommand(command);
+    session.writer.writeCommand(command);
     return true;
 }
 

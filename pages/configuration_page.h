@@ -1,27 +1,21 @@
 #pragma once
 
-#include "link/command_writer.h"
-#include "link/session_state.h"
-#include "pages/layout_page.h"
-#include "pages/model_traits.h"
 #include "pages/page_widgets.h"
 
-#include <QObject>
+#include <QString>
 
 #include <string>
+
+class Layout_Page;
+class Switch_Session;
+struct Model_Traits;
 
 /// The first page: general and USB settings, each sent the moment it changes. The widgets are the
 /// record of the unit's settings; nothing else keeps them.
 class Configuration_Page {
 public:
-    /// A unit needs this long to start again after a factory reset, over each link.
-    static constexpr int reset_wait_serial_ms = 2500;
-    static constexpr int reset_wait_network_ms = 1350;
-
-    /// @param window the object whose slot refresh_UI() is called after a factory reset.
-    Configuration_Page(const Configuration_Widgets& page_widgets, Session_State& link_state,
-                       Command_Writer& command_writer, const Link_Transport& link_devices,
-                       Layout_Page& layout_page, const Model_Traits& switch_model, QObject& window);
+    Configuration_Page(const Configuration_Widgets& page_widgets, Switch_Session& switch_session,
+                       Layout_Page& layout_page, const Model_Traits& model_traits);
 
     // The user's changes. Those of the combo boxes are sent only while ui_changes_enabled.
     void km_control_changed();
@@ -69,10 +63,7 @@ private:
     void show_buzzer(bool on);
 
     Configuration_Widgets widgets;
-    Session_State& state;
-    Command_Writer& writer;
-    const Link_Transport& devices;
+    Switch_Session& session;
     Layout_Page& layout;
     const Model_Traits& model;
-    QObject& timer_target;
 };

@@ -5,7 +5,9 @@
 #include "link/custom_setting.h"
 #include "link/flag_guard.h"
 #include "link/report_values.h"
+#include "link/switch_session.h"
 #include "pages/combo_box.h"
+#include "pages/model_traits.h"
 
 #include <QHeaderView>
 
@@ -27,9 +29,9 @@ constexpr int selection_alpha = 128;
 
 } // namespace
 
-Layout_Page::Layout_Page(const Layout_Widgets& layout_widgets, Session_State& link_state,
-                         Command_Writer& command_writer, const Model_Traits& switch_model)
-    : widgets(layout_widgets), state(link_state), writer(command_writer), model(switch_model) {}
+Layout_Page::Layout_Page(const Layout_Widgets& layout_widgets, Switch_Session& switch_session,
+                         const Model_Traits& model_traits)
+    : widgets(layout_widgets), session(switch_session), model(model_traits) {}
 
 void Layout_Page::set_up_table() {
     widgets.tableWidget.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -89,7 +91,7 @@ void Layout_Page::submit() {
     const int saved_active_port_index = active_ports.currentIndex();
     active_ports.setCurrentIndex(four_ports_index);
     QString command = get_grid_command();
-    writer.write_unguarded(command);
+    session.writer.write_unguarded(command);
     active_ports.setCurrentIndex(saved_active_port_index);
 }
 
@@ -253,7 +255,7 @@ void Layout_Page::deactivate_layout_item(Layout_Item& item) {
 }
 
 Layout_Item Layout_Page::reported_item(std::string_view key) const {
-    const std::string position = get_layout_position(key, state.layout_buff);
+    const std::string position = get_layout_position(key, session.state.layout_buff);
     try {
         return position_to_layout_item(position);
     } catch (const std::invalid_argument& failure) {

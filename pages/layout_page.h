@@ -1,21 +1,21 @@
 #pragma once
 
-#include "link/command_writer.h"
-#include "link/session_state.h"
 #include "pages/grid.h"
-#include "pages/model_traits.h"
 #include "pages/page_widgets.h"
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
+class Switch_Session;
+struct Model_Traits;
+
 /// The page on which the four displays are dragged into place. A layout counts as the user dragged
 /// it until the switch has reported its own view.
 class Layout_Page {
 public:
-    Layout_Page(const Layout_Widgets& layout_widgets, Session_State& link_state,
-                Command_Writer& command_writer, const Model_Traits& switch_model);
+    Layout_Page(const Layout_Widgets& layout_widgets, Switch_Session& switch_session,
+                const Model_Traits& model_traits);
 
     /// Header and edit modes of the table.
     void set_up_table();
@@ -68,8 +68,7 @@ private:
     [[nodiscard]] int neighbour_sum() const;
 
     Layout_Widgets widgets;
-    Session_State& state;
-    Command_Writer& writer;
+    Switch_Session& session;
     const Model_Traits& model;
 
     std::vector<Layout_Item> current_layout;

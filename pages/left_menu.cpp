@@ -1,5 +1,8 @@
 #include "pages/left_menu.h"
 
+#include "app/process_end.h"
+#include "link/switch_session.h"
+
 namespace {
 
 template <class Widget>
@@ -11,8 +14,23 @@ void set_enabled(const std::vector<Widget*>& widgets, bool enabled) {
 
 } // namespace
 
-Left_Menu::Left_Menu(const Left_Menu_Widgets& menu_widgets, Session_State& link_state)
-    : widgets(menu_widgets), state(link_state) {}
+Left_Menu::Left_Menu(const Left_Menu_Widgets& menu_widgets, Switch_Session& switch_session)
+    : widgets(menu_widgets), session(switch_session) {}
+
+void Left_Menu::list_serial_ports() {
+    const QStringList ports = Switch_Session::available_ports();
+    if (ports.isEmpty()) {
+        end_process_after_warning(*widgets.comboBox_SelectPort.window(), "No available port");
+    }
+    widgets.comboBox_SelectPort.clear();
+    for (const QString& port : ports) {
+        widgets.comboBox_SelectPort.addItem(port);
+    }
+}
+
+void Left_Menu::port_changed() { session.port_changed(port_name()); }
+
+void Left_Menu::turn_on() { session.turn_on(port_name()); }
 
 void Left_Menu::enable_configuration_controls() {
     set_enabled(widgets.configuration_controls, true);
@@ -26,11 +44,13 @@ void Left_Menu::enable_setting_widgets() { set_enabled(widgets.setting_widgets, 
 
 void Left_Menu::disable_setting_widgets() { set_enabled(widgets.setting_widgets, false); }
 
-void Left_Menu::set_connected_indicator() { show_connection(true); }
+void Left_Menu::show_adapter(const QString& address) {
+    widgets.network->label_current_Ip.setText("  IP: " + address);
+    show_adapter_name();
+}
 
-void Left_Menu::set_disconnected_indicator() {
-    state.km_connected = false;
-    show_connection(false);
+void Left_Menu::show_adapter_name() {
+    widgets.network->label_name_of_USR.setText("  Name: " + adapter_name());
 }
 
 void Left_Menu::show_connection(bool connected) {
@@ -39,4 +59,12 @@ void Left_Menu::show_connection(bool connected) {
                   : "background-color: red; border-radius: 10px; height: 20px; width: 20px;");
     widgets.pushButton_ON_Connection.setEnabled(!connected);
     widgets.pushButton_OFF_Connection.setEnabled(connected);
+}
+
+void Left_Menu::show_network_controls(bool shown) {
+    widgets.comboBox_SelectPort.setVisible(!shown);
+    widgets.network->label_Select_port.setVisible(!shown);
+    widgets.network->label_current_Ip.setVisible(shown);
+    widgets.network->label_name_of_USR.setVisible(shown);
+    widgets.network->pushButton_Admin_Settings.setVisible(shown);
 }

@@ -1,32 +1,56 @@
 #pragma once
 
-#include "link/session_state.h"
 #include "pages/page_widgets.h"
 
-/// The connection state as the left menu shows it, and the two fixed lists of controls that follow
-/// it. The indicator shows that a switch has answered, not that a port is open.
+#include <QString>
+
+#include <functional>
+#include <utility>
+
+class Switch_Session;
+
+/// The left menu's connection controls: the port list, ON and OFF, the indicator, what names the
+/// link in force, and the two fixed lists of controls that follow the connection. The indicator
+/// shows that a switch has answered, not that a port is open.
 class Left_Menu {
 public:
-    Left_Menu(const Left_Menu_Widgets& menu_widgets, Session_State& link_state);
+    Left_Menu(const Left_Menu_Widgets& menu_widgets, Switch_Session& switch_session);
+
+    /// Fills the port list with what the machine has now. A machine without any port ends the
+    /// process with exit status 1 after a box "No available port".
+    void list_serial_ports();
+    /// The name that the port list shows.
+    [[nodiscard]] QString port_name() const { return widgets.comboBox_SelectPort.currentText(); }
+
+    // The user's actions.
+    void port_changed();
+    void turn_on();
 
     void enable_configuration_controls();
     void disable_configuration_controls();
     void enable_setting_widgets();
     void disable_setting_widgets();
 
-    void set_connected_indicator();
-    /// Also takes down km_connected.
-    void set_disconnected_indicator();
-
-    [[nodiscard]] QComboBox& port_list() const { return widgets.comboBox_SelectPort; }
+    void set_connected_indicator() { show_connection(true); }
+    void set_disconnected_indicator() { show_connection(false); }
     /// True while a switch has answered: only then is ON disabled.
     [[nodiscard]] bool shows_connected() const {
         return !widgets.pushButton_ON_Connection.isEnabled();
     }
 
+    // Which link is in force; only on a model with a network link.
+    void show_serial_controls() { show_network_controls(false); }
+    void show_network_controls() { show_network_controls(true); }
+    /// @param name asked each time that a name is shown; it can change at any moment.
+    void set_adapter_name(std::function<QString()> name) { adapter_name = std::move(name); }
+    void show_adapter(const QString& address);
+    void show_adapter_name();
+
 private:
     void show_connection(bool connected);
+    void show_network_controls(bool shown);
 
     Left_Menu_Widgets widgets;
-    Session_State& state;
+    Switch_Session& session;
+    std::function<QString()> adapter_name;
 };

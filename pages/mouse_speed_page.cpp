@@ -1,12 +1,12 @@
 #include "pages/mouse_speed_page.h"
 
 #include "app/message_box.h"
+#include "link/flag_guard.h"
 #include "link/report_values.h"
 #include "link/switch_protocol.h"
+#include "link/switch_session.h"
 #include "pages/combo_box.h"
 #include "pages/range_check.h"
-
-#include <QTimer>
 
 #include <stdexcept>
 
@@ -27,13 +27,12 @@ bool warn(const QString& text) {
 } // namespace
 
 Mouse_Speed_Page::Mouse_Speed_Page(const Mouse_Speed_Widgets& page_widgets,
-                                   Session_State& link_state, Command_Writer& command_writer,
-                                   QObject& window)
-    : widgets(page_widgets), state(link_state), writer(command_writer), timer_target(window) {}
+                                   Switch_Session& switch_session)
+    : widgets(page_widgets), session(switch_session) {}
 
 void Mouse_Speed_Page::resolution_changed(int channel) {
-    if (state.ui_changes_enabled) {
-        writer.writeCommand(get_resolution_command(channel));
+    if (session.state.ui_changes_enabled) {
+        session.writer.writeCommand(get_resolution_command(channel));
     }
 }
 
@@ -50,7 +49,7 @@ void Mouse_Speed_Page::submit_custom_setting() {
     if (!check_custom_setting()) {
         return;
     }
-    writer.writeCommand(switch_protocol::submitted_custom_setting(
+    session.writer.writeCommand(switch_protocol::submitted_custom_setting(
         widgets.comboBox_number_of_setting.currentText().toStdString(),
         widgets.lineEdit_Mouse_Movement_X.text().toStdString(),
         widgets.lineEdit_Mouse_Movement_Y.text().toStdString(),
@@ -58,7 +57,7 @@ void Mouse_Speed_Page::submit_custom_setting() {
     for (QComboBox* combo : widgets.resolution_combo_boxes) {
         combo->setItemText(current_custom_item(), widgets.lineEdit_Mouse_Movement_Name.text());
     }
-    QTimer::singleShot(custom_setting_wait_ms, Qt::PreciseTimer, &timer_target, SLOT(refresh_UI()));
+    session.refresh_after(custom_setting_wait_ms);
 }
 
 QString Mouse_Speed_Page::get_resolution_command(int channel) const {
@@ -67,11 +66,11 @@ QString Mouse_Speed_Page::get_resolution_command(int channel) const {
 }
 
 QString Mouse_Speed_Page::get_custom_setting_command(int number) const {
-    if (state.status_buff.empty() || number < 1 || number > channel_count) {
+    if (session.state.status_buff.empty() || number < 1 || number > channel_count) {
         return {};
     }
-    const std::string data =
-        get_report_value(switch_protocol::custom_keys[list_index(number)], state.status_buff);
+    const std::string data = get_report_value(switch_protocol::custom_keys[list_index(number)],
+                                              session.state.status_buff);
     const std::string y = data.substr(4, 3);
     const std::string x = data.substr(0, 3);
     const QString name =
@@ -95,13 +94,12 @@ void Mouse_Speed_Page::remove_custom_setting_items(int first, int last) {
     if (widgets.resolution_combo_boxes.front()->count() <= last_custom_item) {
         return;
     }
-    state.ui_changes_enabled = false;
+    const Flag_Guard silent(session.state.ui_changes_enabled, false);
     for (int item = last; item >= first; --item) {
         for (QComboBox* combo : widgets.resolution_combo_boxes) {
             combo->removeItem(item);
         }
     }
-    state.ui_changes_enabled = true;
 }
 
 void Mouse_Speed_Page::set_custom_label(int number, const std::string& line) {
@@ -119,7 +117,7 @@ void Mouse_Speed_Page::show_current_custom_setting() {
 
 void Mouse_Speed_Page::set_channels_resolution() {
     int channel = 1;
-    for (const std::string& number : read_channel_resolutions(state.status_buff)) {
+    for (const std::string& number : read_channel_resolutions(session.state.status_buff)) {
         set_channel_resolution(channel, number);
         ++channel;
     }

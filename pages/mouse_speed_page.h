@@ -1,13 +1,13 @@
 #pragma once
 
-#include "link/command_writer.h"
 #include "link/custom_setting.h"
-#include "link/session_state.h"
 #include "pages/page_widgets.h"
 
-#include <QObject>
+#include <QString>
 
 #include <string>
+
+class Switch_Session;
 
 /// The page of mouse speeds: a resolution for each channel, and four custom entries, which stand
 /// behind the nine fixed resolutions in the same lists.
@@ -19,9 +19,7 @@ public:
     static constexpr int first_custom_item = fixed_resolution_count;
     static constexpr int last_custom_item = fixed_resolution_count + channel_count - 1;
 
-    /// @param window the object whose slot refresh_UI() is called after a custom entry.
-    Mouse_Speed_Page(const Mouse_Speed_Widgets& page_widgets, Session_State& link_state,
-                     Command_Writer& command_writer, QObject& window);
+    Mouse_Speed_Page(const Mouse_Speed_Widgets& page_widgets, Switch_Session& switch_session);
 
     // The user's changes.
     /// A resolution list of a channel (1 to 4) has changed; sent only while ui_changes_enabled.
@@ -71,7 +69,5 @@ private:
     void show_fields(const Custom_Setting& setting);
 
     Mouse_Speed_Widgets widgets;
-    Session_State& state;
-    Command_Writer& writer;
-    QObject& timer_target;
+    Switch_Session& session;
 };

@@ -9,9 +9,18 @@
 #include <QTextEdit>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 /// The widgets that the common code works on; each page gets just its own struct.
+
+/// What shows which link is in force, on a model with a network link.
+struct Network_Widgets {
+    QLabel& label_Select_port;
+    QLabel& label_current_Ip;
+    QLabel& label_name_of_USR;
+    QPushButton& pushButton_Admin_Settings;
+};
 
 struct Left_Menu_Widgets {
     QPushButton& pushButton_Connection_Indicator;
@@ -22,6 +31,7 @@ struct Left_Menu_Widgets {
     std::vector<QPushButton*> configuration_controls;
     /// The setting combo boxes that follow the connection state.
     std::vector<QComboBox*> setting_widgets;
+    std::optional<Network_Widgets> network;
 };
 
 struct Configuration_Widgets {
@@ -56,12 +66,4 @@ struct Audio_Widgets {
     QCheckBox& checkBox_ALL;
     QCheckBox& checkBox_FOLLOW;
     std::array<QCheckBox*, 4> channels;
-};
-
-/// What shows which link is in force, on a model with a network link.
-struct Network_Widgets {
-    QLabel& label_Select_port;
-    QLabel& label_current_Ip;
-    QLabel& label_name_of_USR;
-    QPushButton& pushButton_Admin_Settings;
 };

@@ -1,44 +1,55 @@
 #include "windows/connection_wizard.h"
 
+#include "link/switch_session.h"
+#include "pages/left_menu.h"
+#include "pages/mouse_speed_page.h"
 #include "usr/change_setting_for_usr_dialog.h"
 #include "usr/credentials_dialog.h"
+#include "usr/select_hardware_dialog.h"
 
-Connection_Wizard::Connection_Wizard(Select_connection_method_Dialog& connection_method_dialog,
-                                     Network_Link& network_link, Connection& serial_connection,
-                                     Left_Menu& left_menu, Mouse_Speed_Page& mouse_speed_page,
-                                     Command_Writer& command_writer)
-    : method_dialog(connection_method_dialog),
-      network(network_link),
-      connection(serial_connection),
-      menu(left_menu),
-      mouse_speed(mouse_speed_page),
-      writer(command_writer) {}
+Connection_Wizard::Connection_Wizard(Switch_Session& switch_session, Left_Menu& left_menu,
+                                     Mouse_Speed_Page& mouse_speed_page)
+    : session(switch_session), menu(left_menu), mouse_speed(mouse_speed_page) {
+    menu.set_adapter_name([this] {
+        // ON can be pressed before any run of the wizard has got as far as an adapter.
+        return ip_settings_dialog ? ip_settings_dialog->get_usr_name() : QString();
+    });
+}
 
 void Connection_Wizard::run() {
     method_dialog.exec();
     if (method_dialog.is_closed_by_user()) {
         return;
     }
+    const bool network = method_dialog.is_tcp_ip_selected();
+    session.choose(network ? Link_Method::network : Link_Method::serial);
     if (method_dialog.is_rs232_selected()) {
-        take_serial_road();
-    } else if (method_dialog.is_tcp_ip_selected() && !take_network_road()) {
+        connect_serial_port();
+    } else if (network && !connect_adapter()) {
         return;
     }
-    writer.send_start_commands();
+    session.writer.send_start_commands();
 }
 
-void Connection_Wizard::take_serial_road() {
-    connection.list_serial_ports();
+void Connection_Wizard::run_at_start() {
+    run();
+    if (menu.shows_connected()) {
+        session.writer.send_start_commands();
+    }
+}
+
+void Connection_Wizard::connect_serial_port() {
+    menu.list_serial_ports();
     mouse_speed.remove_custom_setting_items();
-    network.show_serial_controls();
-    menu.set_disconnected_indicator();
+    menu.show_serial_controls();
+    session.set_disconnected_indicator();
     // The second connection makes every chunk's slot run twice, the second time with nothing to
     // read.
-    connection.open_serial_port();
-    connection.connect_ready_read();
+    session.open_serial_port(menu.port_name());
+    session.connect_ready_read();
 }
 
-bool Connection_Wizard::take_network_road() {
+bool Connection_Wizard::connect_adapter() {
     Select_hardware_Dialog hardware;
     hardware.exec();
     if (hardware.is_closed_by_user()) {
@@ -48,18 +59,17 @@ bool Connection_Wizard::take_network_road() {
     if (!login) {
         return false;
     }
-    network.ip_settings_dialog.reset();
-    network.ip_settings_dialog = std::make_unique<IP_Settings_Dialog>(
+    ip_settings_dialog.reset();
+    ip_settings_dialog = std::make_unique<IP_Settings_Dialog>(
         hardware.get_selected_ip(), login->username, login->password, login->ip_allocation);
-    network.ip_settings_dialog->exec();
-    if (network.ip_settings_dialog->is_closed_by_user()) {
+    ip_settings_dialog->exec();
+    if (ip_settings_dialog->is_closed_by_user()) {
         return false;
     }
-    menu.set_disconnected_indicator();
-    network.current_USR_ip = network.ip_settings_dialog->get_current_ip();
+    session.set_disconnected_indicator();
     mouse_speed.remove_custom_setting_items();
-    network.show_network_controls();
-    network.connect_to_USR();
+    menu.show_network_controls();
+    session.connect_to_USR(ip_settings_dialog->get_current_ip());
     return true;
 }
 
@@ -80,11 +90,11 @@ Connection_Wizard::log_in(const Select_hardware_Dialog& hardware) {
 }
 
 void Connection_Wizard::change_admin_settings() {
-    IP_Settings_Dialog* adapter = network.ip_settings_dialog.get();
+    IP_Settings_Dialog* adapter = ip_settings_dialog.get();
     if (adapter == nullptr) {
         return;
     }
-    Change_setting_for_USR_Dialog dialog(network.current_USR_ip, adapter->get_static_ip(),
+    Change_setting_for_USR_Dialog dialog(session.get_current_USR_ip(), adapter->get_static_ip(),
                                          adapter->get_subnet_mask(), adapter->get_gateway(),
                                          adapter->get_ip_allocation(), adapter->get_username(),
                                          adapter->get_password(), adapter->get_usr_name());
@@ -95,5 +105,5 @@ void Connection_Wizard::change_admin_settings() {
     adapter->set_username(dialog.get_username());
     adapter->set_password(dialog.get_password());
     adapter->set_usr_name(dialog.get_usr_name());
-    network.show_adapter_name();
+    menu.show_adapter_name();
 }

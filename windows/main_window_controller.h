@@ -1,48 +1,49 @@
 #pragma once
 
-#include "link/command_writer.h"
-#include "link/link_transport.h"
-#include "link/reply_dispatcher.h"
-#include "link/session_state.h"
+#include "link/session_view.h"
+#include "link/switch_session.h"
 #include "pages/audio_panel.h"
 #include "pages/configuration_page.h"
 #include "pages/layout_page.h"
 #include "pages/left_menu.h"
-#include "pages/model_traits.h"
 #include "pages/mouse_speed_page.h"
 #include "pages/report_reader.h"
 #include "pages/settings_import_export.h"
 #include "pages/terminal_view.h"
-#include "windows/connection.h"
 #include "windows/window_chrome.h"
 #include "windows/window_widgets.h"
 
-#include <QMainWindow>
-
-#include <functional>
 #include <optional>
 #include <string>
 
-/// What all three main windows are made of: the link, and the pages that it fills. A window holds
-/// one body by value and hands its slots to the parts; it derives from nothing of this.
-class Main_Window_Controller : private Reply_Handler {
-public:
-    /// @param widgets those of the window's form, which must stand already.
-    /// @param is_network_chosen whether commands go to the network link.
-    Main_Window_Controller(QMainWindow& window, const Model_Traits& switch_model,
-                           const Window_Widgets& widgets, std::function<bool()> is_network_chosen);
+class QMainWindow;
+struct Model_Traits;
 
-    /// A chunk has come in on the serial port.
-    void serialRecieve();
-    /// Datagrams have come in on the socket.
-    void onReadyRead();
+/// What all three main windows are made of: the session with a switch, and the pages that it fills.
+/// A window holds one controller by value and hands its slots to the parts; it derives from nothing
+/// of this.
+class Main_Window_Controller : private Session_View {
+public:
+    /// @param widgets those of the window's form, which must be built already.
+    Main_Window_Controller(QMainWindow& main_window, const Model_Traits& model_traits,
+                           const Window_Widgets& widgets);
+
+    /// The window as it is before any link: its looks, the first page, the default layout, and no
+    /// control that needs a switch.
+    void set_up_window();
+    /// Fills the port list, opens its first port and asks the switch for everything.
+    void connect_first_port();
+    /// At the end of a window: closes the link of the chosen method, then the event log.
+    void close();
+
     void set_current_layout_from_buff();
 
+private:
+    QMainWindow& window;
     const Model_Traits& model;
-    Session_State state;
-    Link_Transport devices;
-    Command_Writer writer;
-    Reply_Dispatcher replies;
+
+public:
+    Switch_Session session;
     Left_Menu menu;
     Terminal_View terminal;
     Mouse_Speed_Page mouse_speed;
@@ -51,18 +52,26 @@ public:
     /// Only on a model with audio.
     std::optional<Audio_Panel> audio;
     Report_Reader reports;
-    Connection connection;
-    Window_Chrome frame;
+    Window_Chrome chrome;
     Settings_Import_Export settings;
 
 private:
+    // What the session says upward.
     void switch_answered() override;
     void show_reply(const QString& chunk) override { terminal.append(chunk); }
     void apply_information_report() override { reports.apply_information_report(); }
     void apply_status_report() override { reports.apply_status_report(); }
     void set_layout_from_report() override { layout.set_layout_from_report(); }
-    void parse_both_notice(const std::string& text) override;
+    void parse_both_notice(const std::string& text) override { reports.parse_both_notice(text); }
     void parse_km_notice(const std::string& text) override { reports.parse_km_notice(text); }
     void parse_usb_notice(const std::string& text) override { reports.parse_usb_notice(text); }
-    void apply_audio_reply(const std::string& text) override;
+    void apply_audio_reply(const std::string& text) override { reports.apply_audio_reply(text); }
+    void report_failure(const std::string& text) override;
+    void set_disconnected_indicator() override { menu.set_disconnected_indicator(); }
+    [[nodiscard]] bool shows_connected() const override { return menu.shows_connected(); }
+    void disable_controls() override;
+    void clear_terminal() override { terminal.clear(); }
+    void remove_custom_setting_items() override { mouse_speed.remove_custom_setting_items(); }
+    void show_adapter(const QString& address) override { menu.show_adapter(address); }
+    void end_process(const QString& reason) override;
 };

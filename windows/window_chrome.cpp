@@ -1,9 +1,10 @@
 #include "windows/window_chrome.h"
 
-#include <QIcon>
-#include <QTimer>
+#include "link/switch_session.h"
 
-#include <utility>
+#include <QIcon>
+#include <QMainWindow>
+#include <QTimer>
 
 namespace {
 
@@ -21,12 +22,9 @@ constexpr const char* idle_button_style =
 
 } // namespace
 
-Window_Chrome::Window_Chrome(QMainWindow& main_window, const Chrome_Widgets& frame_widgets,
-                             Session_State& link_state, std::function<void()> refresh_UI)
-    : window(main_window),
-      widgets(frame_widgets),
-      state(link_state),
-      refresh(std::move(refresh_UI)) {}
+Window_Chrome::Window_Chrome(QMainWindow& main_window, const Chrome_Widgets& chrome_widgets,
+                             Switch_Session& switch_session)
+    : window(main_window), widgets(chrome_widgets), session(switch_session) {}
 
 void Window_Chrome::set_window_looks() {
     window.setFixedSize(window_size);
@@ -60,16 +58,16 @@ void Window_Chrome::refresh_clicked() {
     QTimer::singleShot(refresh_disable_ms, Qt::PreciseTimer, &window,
                        SLOT(disable_refresh_button()));
     widgets.pushButton_Refresh.setEnabled(false);
-    if (state.refresh_enabled) {
-        state.refresh_enabled = false;
-        refresh();
+    if (session.state.refresh_enabled) {
+        session.state.refresh_enabled = false;
+        session.refresh_UI();
     }
     QTimer::singleShot(refresh_lock_out_ms, Qt::PreciseTimer, &window,
                        SLOT(enable_refresh_button()));
 }
 
 void Window_Chrome::enable_refresh_button() {
-    state.refresh_enabled = true;
+    session.state.refresh_enabled = true;
     widgets.pushButton_Refresh.setEnabled(true);
 }
 

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "link/session_state.h"
 #include "windows/window_widgets.h"
 
-#include <QMainWindow>
-
-#include <functional>
+class QMainWindow;
+class Switch_Session;
 
 /// The window around the pages: its fixed looks, the three page buttons, and the Refresh button
 /// with its lock-out.
@@ -16,10 +14,9 @@ public:
     /// From a click on Refresh to the next one that counts.
     static constexpr int refresh_lock_out_ms = 1700;
 
-    /// @param refresh_UI asks the switch for everything.
     /// The timers call the window's slots disable_refresh_button() and enable_refresh_button().
-    Window_Chrome(QMainWindow& main_window, const Chrome_Widgets& frame_widgets,
-                  Session_State& link_state, std::function<void()> refresh_UI);
+    Window_Chrome(QMainWindow& main_window, const Chrome_Widgets& chrome_widgets,
+                  Switch_Session& switch_session);
 
     /// Fixed size, focus policy, title and window icon.
     void set_window_looks();
@@ -38,6 +35,5 @@ private:
 
     QMainWindow& window;
     Chrome_Widgets widgets;
-    Session_State& state;
-    std::function<void()> refresh;
+    Switch_Session& session;
 };

@@ -20,7 +20,7 @@ struct Chrome_Widgets {
 /// All that the common code works on.
 struct Window_Widgets {
     Left_Menu_Widgets left_menu;
-    Chrome_Widgets frame;
+    Chrome_Widgets chrome;
     Configuration_Widgets configuration;
     Mouse_Speed_Widgets mouse_speed;
     Layout_Widgets layout;
@@ -28,7 +28,8 @@ struct Window_Widgets {
     std::optional<Audio_Widgets> audio;
 };
 
-// Taken out of any of the three forms, each struct by one template.
+// Taken out of any of the three forms, each struct by one template. A form has the widgets that its
+// model needs; whether a model has audio is decided by the table of model differences.
 
 template <class Form>
 std::array<QComboBox*, 4> resolution_combo_boxes(const Form& form) {
@@ -125,16 +126,20 @@ std::optional<Audio_Widgets> audio_widgets(const Form& form) {
 }
 
 template <class Form>
-Network_Widgets network_widgets(const Form& form) {
-    return {*form.label_Select_port, *form.label_current_Ip, *form.label_name_of_USR,
-            *form.pushButton_Admin_Settings};
+std::optional<Network_Widgets> network_widgets(const Form& form) {
+    if constexpr (requires { form.label_name_of_USR; }) {
+        return Network_Widgets{*form.label_Select_port, *form.label_current_Ip,
+                               *form.label_name_of_USR, *form.pushButton_Admin_Settings};
+    } else {
+        return std::nullopt;
+    }
 }
 
 template <class Form>
 Window_Widgets window_widgets(const Form& form) {
     return {{*form.pushButton_Connection_Indicator, *form.pushButton_ON_Connection,
              *form.pushButton_OFF_Connection, *form.comboBox_SelectPort,
-             configuration_controls(form), setting_widgets(form)},
+             configuration_controls(form), setting_widgets(form), network_widgets(form)},
             {*form.ConfigurationBtn, *form.pushButton_Mouse_Speed_Settings,
              *form.TopologyAndDisplayBtn, *form.pushButton_Refresh, *form.stackedWidget},
             configuration_widgets(form),

@@ -1,6 +1,7 @@
 // Replies over the network, from a datagram's text to the widgets of a whole window.
 // Input: the model, which is never the Lite, then what a Reply_Player plays.
 
+#include "pages/model_traits.h"
 #include "tests/fuzz/reply_player.h"
 #include "tests/fuzz/start.h"
 
@@ -14,11 +15,11 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         return -1;
     }
     Fuzz_Window& window = window_of_model(data[0]);
-    if (!window.model().has_network) {
+    if (&window.model() == &lite_model) {
         return -1;
     }
     const QByteArray replies(reinterpret_cast<const char*>(data) + 1,
                              static_cast<qsizetype>(size) - 1);
-    Reply_Player(window, Fuzz_Window::Road::network, replies).play();
+    Reply_Player(window, Link_Method::network, replies).play();
     return 0;
 }

@@ -15,6 +15,6 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     }
     const QByteArray replies(reinterpret_cast<const char*>(data) + 1,
                              static_cast<qsizetype>(size) - 1);
-    Reply_Player(window_of_model(data[0]), Fuzz_Window::Road::serial, replies).play();
+    Reply_Player(window_of_model(data[0]), Link_Method::serial, replies).play();
     return 0;
 }

@@ -3,6 +3,7 @@
 // the file behind a byte 0x1D are the switch's replies between the two parts, one chunk to each
 // such byte; while a message box stands, the next of them is served.
 
+#include "pages/model_traits.h"
 #include "tests/fuzz/fake_boxes.h"
 #include "tests/fuzz/fuzz_window.h"
 #include "tests/fuzz/settings_paths.h"
@@ -25,7 +26,7 @@ const QByteArray report = "//RL\nKM Port Limit: 3\nKM Cursor Rolling: Enabled\n"
 /// The writes of a load: every value that is sent goes out as it stands, and nothing else.
 void check_writes(const Fuzz_Window& window, const QByteArrayList& writes, const QByteArray& file) {
     // The Pro's file has the line of the audio command besides.
-    const int sent_lines = window.model().has_audio ? 17 : 16;
+    const int sent_lines = window.model().session.has_audio ? 17 : 16;
     expect(writes.size() == sent_lines, "a load sent more or fewer lines than it has");
     QByteArray text = file;
     text.replace("\r\n", "\n");
@@ -53,7 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const QByteArray file = parts.takeFirst();
     const bool has_replies = !parts.isEmpty();
     Fuzz_Window& window = window_of_model(data[0]);
-    window.start_anew(Fuzz_Window::Road::serial);
+    window.start_again(Link_Method::serial);
     bool ended = false;
     if (data[1] == 'r') {
         window.receive(report);
@@ -68,7 +69,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     fake_boxes::while_shown([&](const QString&) { serve_next(); });
     settings_paths::write(file);
     window.sent().clear();
-    ends_as_stated(std::nullopt, [&] { window.body().settings.load_settings_file(); });
+    ends_as_stated(std::nullopt, [&] { window.controller().settings.load_settings_file(); });
     while (!parts.isEmpty()) {
         serve_next();
     }
@@ -80,7 +81,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     if (!has_replies) {
         check_writes(window, window.sent(), file);
     }
-    const Session_State& state = window.body().state;
+    const Session_State& state = window.controller().session.state;
     expect(state.write_enabled && state.ui_changes_enabled, "a load left the tool unable to send");
     return 0;
 }

@@ -2,6 +2,7 @@
 // box, then saved to a settings file and loaded from it.
 // Input: the model, then the report.
 
+#include "pages/model_traits.h"
 #include "tests/fuzz/fuzz_window.h"
 #include "tests/fuzz/settings_paths.h"
 #include "tests/fuzz/start.h"
@@ -11,31 +12,32 @@
 namespace {
 
 void apply(Fuzz_Window& window, const std::string& report) {
-    Main_Window_Controller& body = window.body();
-    body.state.info_buff = report;
-    body.state.status_buff = report;
-    body.state.layout_buff = value_behind("//FF", report);
-    if (body.state.layout_buff.empty()) {
-        body.state.layout_buff = "0";
+    Main_Window_Controller& controller = window.controller();
+    controller.session.state.info_buff = report;
+    controller.session.state.status_buff = report;
+    controller.session.state.layout_buff = value_behind("//FF", report);
+    if (controller.session.state.layout_buff.empty()) {
+        controller.session.state.layout_buff = "0";
     }
-    ends_as_stated(std::nullopt, [&] { body.reports.apply_information_report(); });
-    ends_as_stated(status_end(report), [&] { body.reports.apply_status_report(); });
-    ends_as_stated(layout_end(body.state.layout_buff, window.model().forgives_bad_grid_position),
-                   [&] { body.layout.set_layout_from_report(); });
+    ends_as_stated(std::nullopt, [&] { controller.reports.apply_information_report(); });
+    ends_as_stated(status_end(report), [&] { controller.reports.apply_status_report(); });
+    ends_as_stated(
+        layout_end(controller.session.state.layout_buff, window.model().forgives_bad_grid_position),
+        [&] { controller.layout.set_layout_from_report(); });
 }
 
 /// @return whether the program is still there.
 bool save(Fuzz_Window& window, const std::string& report) {
     settings_paths::write({});
-    const bool ended =
-        ends_as_stated(save_end(report), [&] { window.body().settings.create_settings_file(); });
+    const bool ended = ends_as_stated(save_end(report),
+                                      [&] { window.controller().settings.create_settings_file(); });
     expect(settings_paths::read().startsWith("KM Control: //c") || ended,
            "a save did not write the file");
     return !ended;
 }
 
 void load(Fuzz_Window& window) {
-    ends_as_stated(std::nullopt, [&] { window.body().settings.load_settings_file(); });
+    ends_as_stated(std::nullopt, [&] { window.controller().settings.load_settings_file(); });
     bool ended = false;
     pass_time(window, Settings_Import_Export::second_part_wait_ms, ended);
 }
@@ -55,7 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
                            static_cast<qsizetype>(size) - 1);
     const std::string report = text_of_chunk(input);
     Fuzz_Window& window = window_of_model(data[0]);
-    window.start_anew(Fuzz_Window::Road::serial);
+    window.start_again(Link_Method::serial);
     apply(window, report);
     if (save(window, report)) {
         load(window);

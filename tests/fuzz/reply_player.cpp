@@ -1,5 +1,6 @@
 #include "tests/fuzz/reply_player.h"
 
+#include "pages/model_traits.h"
 #include "tests/fuzz/fake_boxes.h"
 #include "tests/fuzz/stated_ends.h"
 #include "tests/fuzz/timed_slots.h"
@@ -33,10 +34,10 @@ bool is_from_submit(const QByteArray& command) {
 
 } // namespace
 
-Reply_Player::Reply_Player(Fuzz_Window& fuzz_window, Fuzz_Window::Road wanted_road,
+Reply_Player::Reply_Player(Fuzz_Window& fuzz_window, Link_Method link_method,
                            const QByteArray& input)
-    : window(fuzz_window), road(wanted_road), rest(input) {
-    window.start_anew(road);
+    : window(fuzz_window), method(link_method), rest(input) {
+    window.start_again(method);
     fake_boxes::while_shown([this](const QString&) { serve_under_box(); });
 }
 
@@ -60,12 +61,12 @@ void Reply_Player::step() {
 }
 
 void Reply_Player::serve(const QByteArray& chunk) {
-    if (road == Fuzz_Window::Road::serial) {
+    if (method == Link_Method::serial) {
         ends_as_stated(std::nullopt, [&] { window.receive(chunk); });
         return;
     }
     // A datagram is a whole answer: with a new layout confirmed it is read at once.
-    const Session_State& state = window.body().state;
+    const Session_State& state = window.controller().session.state;
     std::optional<Stated_End> stated;
     if (state.layout_report_pending && state.layout_saved_pending) {
         stated = layout_end(text_of_chunk(chunk), window.model().forgives_bad_grid_position);
@@ -81,10 +82,10 @@ void Reply_Player::act(char mark) {
     if (mark == pause_mark) {
         pass_time(window, report_wait_ms, ended);
     } else if (mark == refresh_mark) {
-        window.body().frame.refresh_clicked();
+        window.controller().chrome.refresh_clicked();
     } else if (mark == submit_mark) {
         layout_submitted = true;
-        window.body().layout.submit();
+        window.controller().layout.submit();
     }
 }
 

@@ -15,7 +15,7 @@
 /// While a message box stands, the next chunk is served.
 class Reply_Player {
 public:
-    Reply_Player(Fuzz_Window& window, Fuzz_Window::Road road, const QByteArray& input);
+    Reply_Player(Fuzz_Window& window, Link_Method method, const QByteArray& input);
 
     /// Plays all of it and lets the last timers run out.
     void play();
@@ -28,7 +28,7 @@ private:
     void check() const;
 
     Fuzz_Window& window;
-    Fuzz_Window::Road road;
+    Link_Method method;
     QByteArray rest;
     /// The process would have ended: nothing follows.
     bool ended = false;

@@ -1,5 +1,6 @@
 #include "tests/fuzz/timed_slots.h"
 
+#include "pages/model_traits.h"
 #include "tests/fuzz/fake_timers.h"
 #include "tests/fuzz/stated_ends.h"
 
@@ -10,7 +11,7 @@ void pass_time(Fuzz_Window& window, int milliseconds, bool& ended) {
         }
         std::optional<Stated_End> stated;
         if (slot == "set_current_layout_from_buff") {
-            stated = layout_end(window.body().state.received_buff.toStdString(),
+            stated = layout_end(window.controller().session.state.received_buff.toStdString(),
                                 window.model().forgives_bad_grid_position);
         }
         const bool ends = ends_as_stated(stated, [&] {

@@ -1,5 +1,6 @@
 #include "tests/link/open_line.h"
 
+#include "app/message_box.h"
 #include "tests/support/wait_until.h"
 
 #include <fcntl.h>
@@ -12,7 +13,7 @@ constexpr char end_mark[] = "<end>";
 } // namespace
 
 Open_Line::Open_Line(bool asks_for_audio)
-    : writer(state, devices, asks_for_audio),
+    : writer(state, devices, report_failure, asks_for_audio),
       side_entrance(::open(qPrintable(device.device_name()), O_WRONLY | O_NOCTTY | O_CLOEXEC)) {
     connect(&device, &Pty_Port::received, this,
             [this](const QByteArray& bytes) { all_received += bytes; });

@@ -29,8 +29,7 @@ public:
 
     Pty_Port device;
     Session_State state;
-    bool network_chosen = false;
-    Link_Transport devices{[this] { return network_chosen; }};
+    Link_Transport devices;
     Command_Writer writer;
 
 private:

@@ -2,15 +2,15 @@
 
 #include "link/reply_dispatcher.h"
 #include "tests/link/open_line.h"
-#include "tests/link/recording_handler.h"
+#include "tests/link/recording_view.h"
 #include "tests/support/virtual_time.h"
 
 #include <QElapsedTimer>
 #include <QList>
 #include <QObject>
 
-/// The slots that a reply stream's timers call, in place of a window's. Each call is kept as the
-/// time since this object was made, in milliseconds.
+/// The slots that a reply dispatcher's timers call, in place of a window's. Each call is kept as
+/// the time since this object was made, in milliseconds.
 class Timed_Slots : public QObject {
     Q_OBJECT
 
@@ -26,16 +26,16 @@ public slots:
     void set_current_layout_from_buff() { layout_calls.append(clock.elapsed()); }
 };
 
-/// A reply stream, with an open line for what it says and a record of what it finds. Time is
+/// A reply dispatcher, with an open line for what it says and a record of what it finds. Time is
 /// virtual as long as it stands.
 struct Reply_Bench {
     explicit Reply_Bench(Notice_Order order = Notice_Order::layout_first)
-        : stream(line.state, line.writer, receiver, window, order) {}
+        : replies(line.state, line.writer, view, window, order) {}
 
     Virtual_Time time;
     Open_Line line;
     Session_State& state = line.state;
-    Recording_Handler receiver;
+    Recording_View view;
     Timed_Slots window;
-    Reply_Dispatcher stream;
+    Reply_Dispatcher replies;
 };

@@ -218,13 +218,13 @@ void Test_Command_Writer::bytes_go_to_the_port_whatever_the_chosen_method() {
     Open_Line line;
     Listening_Socket adapter;
     adapter.connect_to(line.devices);
-    line.network_chosen = true;
+    line.devices.method = Link_Method::network;
     line.writer.writeData("raw");
     QCOMPARE(line.received(), "raw");
     // What comes next is the first to arrive.
     line.writer.writeCommand(std::string("//c4"));
     QCOMPARE(adapter.next(), "//c4\r");
-    line.network_chosen = false;
+    line.devices.method = Link_Method::serial;
     line.writer.writeData("raw again");
     QCOMPARE(line.received(), "raw again");
 }
@@ -233,7 +233,7 @@ void Test_Command_Writer::bytes_without_an_open_port_are_dropped_in_silence() {
     Open_Line line;
     Listening_Socket adapter;
     adapter.connect_to(line.devices);
-    line.network_chosen = true;
+    line.devices.method = Link_Method::network;
     line.devices.serial_port->close();
     line.writer.writeData("raw");
     QCOMPARE(line.received(), "");
@@ -256,7 +256,7 @@ void Test_Command_Writer::commands_follow_the_chosen_method_to_the_socket() {
     Open_Line line;
     Listening_Socket adapter;
     adapter.connect_to(line.devices);
-    line.network_chosen = true;
+    line.devices.method = Link_Method::network;
     line.writer.send_start_commands();
     // One datagram each, in the form of the serial line.
     QCOMPARE(adapter.next(), "//rl\r");
@@ -275,14 +275,14 @@ void Test_Command_Writer::an_open_socket_does_not_help_the_serial_method() {
     line.writer.writeCommand(std::string("//c3"));
     QCOMPARE(line.received(), "");
     // What comes next is the first to arrive.
-    line.network_chosen = true;
+    line.devices.method = Link_Method::network;
     line.writer.writeCommand(std::string("//c4"));
     QCOMPARE(adapter.next(), "//c4\r");
 }
 
 void Test_Command_Writer::an_open_port_does_not_help_the_network_method() {
     Open_Line line;
-    line.network_chosen = true;
+    line.devices.method = Link_Method::network;
     QVERIFY(line.devices.is_open());
     line.writer.writeCommand(std::string("//c3"));
     QCOMPARE(line.received(), "");

@@ -43,10 +43,6 @@ namespace {
 
 QString name_of(const Pty_Port& device) { return device.device_name().mid(5); }
 
-Link_Transport serial_devices() {
-    return Link_Transport([] { return false; });
-}
-
 /// The settings of the line as whoever else has it open sees them.
 termios attributes_of(int terminal) {
     termios attributes = {};
@@ -86,7 +82,7 @@ std::unique_ptr<QUdpSocket> connected_socket(const QUdpSocket& other) {
 void Test_Link_Transport::cleanup() { QCOMPARE(windows_left(), QStringList()); }
 
 void Test_Link_Transport::at_first_no_device_stands() {
-    const Link_Transport devices = serial_devices();
+    const Link_Transport devices;
     QVERIFY(!devices.serial_port);
     QVERIFY(!devices.network_socket);
     QCOMPARE(devices.port_open_count, 0);
@@ -96,7 +92,7 @@ void Test_Link_Transport::at_first_no_device_stands() {
 
 void Test_Link_Transport::an_opened_port_stands_open_and_counts_one() {
     const Pty_Port device;
-    Link_Transport devices = serial_devices();
+    Link_Transport devices;
     devices.open_port(name_of(device));
     QVERIFY(devices.serial_port->isOpen());
     QCOMPARE(devices.serial_port->portName(), name_of(device));
@@ -113,7 +109,7 @@ void Test_Link_Transport::the_line_gets_the_units_fixed_parameters() {
     spoil_attributes(line);
     QCOMPARE(cfgetospeed(std::make_unique<termios>(attributes_of(line)).get()), speed_t(B9600));
 
-    Link_Transport devices = serial_devices();
+    Link_Transport devices;
     devices.open_port(name_of(device));
     const termios attributes = attributes_of(line);
     ::close(line);
@@ -140,7 +136,7 @@ void Test_Link_Transport::the_line_gets_the_units_fixed_parameters() {
 
 void Test_Link_Transport::bytes_pass_in_both_directions_unchanged() {
     Pty_Port device;
-    Link_Transport devices = serial_devices();
+    Link_Transport devices;
     devices.open_port(name_of(device));
     QByteArray all_bytes;
     for (int byte = 0; byte <= 0xFF; ++byte) {
@@ -154,7 +150,7 @@ void Test_Link_Transport::bytes_pass_in_both_directions_unchanged() {
 
 void Test_Link_Transport::a_port_can_be_closed_and_opened_again() {
     Pty_Port device;
-    Link_Transport devices = serial_devices();
+    Link_Transport devices;
     for (int round = 0; round < 3; ++round) {
         devices.open_port(name_of(device));
         QCOMPARE(devices.port_open_count, 1);
@@ -169,7 +165,7 @@ void Test_Link_Transport::opening_another_port_replaces_the_first() {
     Pty_Port first;
     Pty_Port second;
     const QSignalSpy at_first(&first, &Pty_Port::received);
-    Link_Transport devices = serial_devices();
+    Link_Transport devices;
     devices.open_port(name_of(first));
     const QPointer<QSerialPort> first_port = devices.serial_port.get();
     devices.close_port();
@@ -190,7 +186,7 @@ void Test_Link_Transport::a_port_that_does_not_exist_stands_closed_and_counts_no
 void Test_Link_Transport::a_port_that_does_not_exist_stands_closed_and_counts_nothing() {
     QFETCH(QString, name);
     Modal_Robot robot;
-    Link_Transport devices = serial_devices();
+    Link_Transport devices;
     devices.open_port(name);
     QVERIFY(devices.serial_port != nullptr);
     QVERIFY(!devices.serial_port->isOpen());
@@ -203,7 +199,7 @@ void Test_Link_Transport::a_port_that_does_not_exist_stands_closed_and_counts_no
 
 void Test_Link_Transport::a_port_that_did_not_open_is_replaced_by_one_that_does() {
     Pty_Port device;
-    Link_Transport devices = serial_devices();
+    Link_Transport devices;
     devices.open_port("pts/no-such-line");
     const QPointer<QSerialPort> closed_port = devices.serial_port.get();
     devices.open_port(name_of(device));
@@ -213,7 +209,7 @@ void Test_Link_Transport::a_port_that_did_not_open_is_replaced_by_one_that_does(
 }
 
 void Test_Link_Transport::closing_without_a_port_does_nothing() {
-    Link_Transport devices = serial_devices();
+    Link_Transport devices;
     devices.close_port();
     devices.close_port();
     devices.close_socket();
@@ -223,7 +219,7 @@ void Test_Link_Transport::closing_without_a_port_does_nothing() {
 
 void Test_Link_Transport::closing_a_port_deletes_it() {
     const Pty_Port device;
-    Link_Transport devices = serial_devices();
+    Link_Transport devices;
     devices.open_port(name_of(device));
     const QPointer<QSerialPort> port = devices.serial_port.get();
     devices.close_port();
@@ -234,10 +230,9 @@ void Test_Link_Transport::closing_a_port_deletes_it() {
 
 void Test_Link_Transport::bytes_without_an_open_device_are_dropped_in_silence() {
     Modal_Robot robot;
-    bool network = false;
-    const Link_Transport devices([&network] { return network; });
+    Link_Transport devices;
     devices.write("//rl\r");
-    network = true;
+    devices.method = Link_Method::network;
     devices.write("//rl\r");
     QVERIFY2(robot.done(), robot.why());
     QCOMPARE(robot.sights().size(), 0);
@@ -247,8 +242,7 @@ void Test_Link_Transport::bytes_go_to_the_device_of_the_chosen_method() {
     Pty_Port device;
     QUdpSocket adapter;
     QVERIFY(adapter.bind(QHostAddress::LocalHost, 0));
-    bool network = false;
-    Link_Transport devices([&network] { return network; });
+    Link_Transport devices;
     devices.open_port(name_of(device));
     devices.network_socket = connected_socket(adapter);
     devices.socket_open_count = 1;
@@ -257,7 +251,7 @@ void Test_Link_Transport::bytes_go_to_the_device_of_the_chosen_method() {
     QVERIFY(!adapter.hasPendingDatagrams());
 
     const QSignalSpy at_device(&device, &Pty_Port::received);
-    network = true;
+    devices.method = Link_Method::network;
     devices.write("network");
     QVERIFY(wait_until([&] { return adapter.hasPendingDatagrams(); }));
     QByteArray datagram(100, '\0');
@@ -270,8 +264,8 @@ void Test_Link_Transport::closing_the_chosen_device_keeps_the_other() {
     const Pty_Port device;
     QUdpSocket adapter;
     QVERIFY(adapter.bind(QHostAddress::LocalHost, 0));
-    bool network = true;
-    Link_Transport devices([&network] { return network; });
+    Link_Transport devices;
+    devices.method = Link_Method::network;
     devices.open_port(name_of(device));
     devices.network_socket = connected_socket(adapter);
     QVERIFY(devices.network_socket->isOpen());
@@ -279,23 +273,22 @@ void Test_Link_Transport::closing_the_chosen_device_keeps_the_other() {
     devices.close_chosen_device();
     QVERIFY(!devices.network_socket->isOpen());
     QVERIFY(devices.serial_port->isOpen());
-    network = false;
+    devices.method = Link_Method::serial;
     devices.close_chosen_device();
     QVERIFY(!devices.serial_port->isOpen());
 }
 
 void Test_Link_Transport::closing_the_chosen_device_without_one_does_nothing() {
-    bool network = false;
-    const Link_Transport devices([&network] { return network; });
+    Link_Transport devices;
     devices.close_chosen_device();
-    network = true;
+    devices.method = Link_Method::network;
     devices.close_chosen_device();
     QVERIFY(!devices.serial_port);
     QVERIFY(!devices.network_socket);
 }
 
 void Test_Link_Transport::closing_the_socket_deletes_it() {
-    Link_Transport devices = serial_devices();
+    Link_Transport devices;
     devices.network_socket = std::make_unique<QUdpSocket>();
     devices.socket_open_count = 1;
     QVERIFY(devices.is_open());
@@ -308,7 +301,7 @@ void Test_Link_Transport::closing_the_socket_deletes_it() {
 
 void Test_Link_Transport::a_port_whose_closing_throws_stays_and_counts_on() {
     Pty_Port device;
-    Link_Transport devices = serial_devices();
+    Link_Transport devices;
     devices.open_port(name_of(device));
     bool fails = true;
     connect(devices.serial_port.get(), &QIODevice::aboutToClose, this, [&fails] {
@@ -328,7 +321,8 @@ void Test_Link_Transport::a_socket_whose_closing_throws_stays_and_counts_on() {
     QVERIFY(adapter.bind(QHostAddress::LocalHost, 0));
     // Looked at until the socket is gone.
     bool fails = true;
-    Link_Transport devices([] { return true; });
+    Link_Transport devices;
+    devices.method = Link_Method::network;
     devices.network_socket = connected_socket(adapter);
     devices.socket_open_count = 1;
     connect(devices.network_socket.get(), &QIODevice::aboutToClose, this, [&fails] {

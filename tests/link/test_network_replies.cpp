@@ -40,8 +40,8 @@ private slots:
     void a_saved_layout_is_not_seen_across_two_chunks();
 
 private:
-    void take(const QByteArray& raw) { bench->stream.take_network_chunk(raw); }
-    QStringList& records() const { return bench->receiver.records; }
+    void take(const QByteArray& raw) { bench->replies.take_network_chunk(raw); }
+    QStringList& records() const { return bench->view.records; }
     Session_State& state() const { return bench->state; }
 
     std::unique_ptr<Log_Folder> folder;
@@ -90,7 +90,7 @@ void Test_Network_Replies::the_terminal_shows_only_chunks_from_the_first_marker_
     take("the first KM\n");
     take("and all others\n");
     const QStringList shown{"the first KM\n", "and all others\n"};
-    QCOMPARE(bench->receiver.texts_of("show"), shown);
+    QCOMPARE(bench->view.texts_of("show"), shown);
     QCOMPARE(records().count("answered"), 1);
 }
 
@@ -127,7 +127,7 @@ void Test_Network_Replies::a_first_chunk_without_a_marker_is_applied_and_not_sho
     QCOMPARE(state().status_buff, "older");
     const QStringList applied{"information", "status", "layout"};
     QCOMPARE(records().mid(0, 3), applied);
-    QCOMPARE(bench->receiver.texts_of("show"), QStringList());
+    QCOMPARE(bench->view.texts_of("show"), QStringList());
     QVERIFY(!state().km_connected);
 }
 
@@ -152,7 +152,7 @@ void Test_Network_Replies::a_report_split_over_two_chunks_is_not_put_together() 
     QCOMPARE(state().info_buff, "KM Port Limit: 2\n");
     QCOMPARE(records().count("status"), 1);
     const QStringList seen{"KM Port Limit: 2\n", "Buzzer: on\n"};
-    QCOMPARE(bench->receiver.texts_of("km"), seen);
+    QCOMPARE(bench->view.texts_of("km"), seen);
 }
 
 void Test_Network_Replies::the_information_question_alone_applies_nothing() {
@@ -209,7 +209,7 @@ void Test_Network_Replies::a_failing_report_is_told_as_on_the_serial_line() {
     state().write_enabled = false;
     state().refresh_enabled = false;
     state().received_buff = "left over";
-    bench->receiver.on_record = [](const QString& record) {
+    bench->view.on_record = [](const QString& record) {
         if (record == "status") {
             throw std::invalid_argument("stoi");
         }
@@ -236,16 +236,16 @@ void Test_Network_Replies::text_behind_a_nul_is_lost_to_everything() {
     QCOMPARE(state().info_buff, "KM");
     QCOMPARE(state().status_buff, "KM");
     QCOMPARE(state().layout_buff, "KM");
-    QCOMPARE(bench->receiver.texts_of("show"), QStringList{"KM"});
-    QCOMPARE(bench->receiver.texts_of("km"), QStringList{"KM"});
+    QCOMPARE(bench->view.texts_of("show"), QStringList{"KM"});
+    QCOMPARE(bench->view.texts_of("km"), QStringList{"KM"});
     records().clear();
     take(QByteArray("\0KM", 3));
-    QCOMPARE(bench->receiver.texts_of("show"), QStringList{""});
+    QCOMPARE(bench->view.texts_of("show"), QStringList{""});
 }
 
 void Test_Network_Replies::bytes_that_are_no_utf8_become_replacement_characters() {
     take("KM \xFF");
-    QCOMPARE(bench->receiver.texts_of("show"),
+    QCOMPARE(bench->view.texts_of("show"),
              QStringList{QString("KM ") + QChar::ReplacementCharacter});
 }
 
@@ -278,7 +278,7 @@ void Test_Network_Replies::the_layout_is_asked_for_at_its_place_in_the_order() {
     QFETCH(QStringList, before);
     bench = std::make_unique<Reply_Bench>(order);
     QStringList records_before_question;
-    bench->receiver.on_record = [&](const QString& record) {
+    bench->view.on_record = [&](const QString& record) {
         if (!state().layout_saved_pending) {
             records_before_question.append(record);
         }
@@ -310,7 +310,7 @@ void Test_Network_Replies::a_saved_layout_asks_for_the_layout_and_the_next_chunk
 
 void Test_Network_Replies::a_saved_layout_beside_a_notice_keeps_the_notice() {
     take(saved + "**C 2\n");
-    QCOMPARE(bench->receiver.texts_of("km"), QStringList{QString(saved) + "**C 2\n"});
+    QCOMPARE(bench->view.texts_of("km"), QStringList{QString(saved) + "**C 2\n"});
 }
 
 void Test_Network_Replies::a_saved_layout_is_not_seen_across_two_chunks() {

@@ -42,10 +42,10 @@ private slots:
     void a_saved_layout_raises_its_flags_although_writing_is_disabled();
 
 private:
-    void take(const QByteArray& raw) { bench->stream.take_serial_chunk(raw); }
-    QStringList& records() const { return bench->receiver.records; }
+    void take(const QByteArray& raw) { bench->replies.take_serial_chunk(raw); }
+    QStringList& records() const { return bench->view.records; }
     Session_State& state() const { return bench->state; }
-    /// Makes the receiver do as a window's readers: a "**C" in the text asks for an empty buffer.
+    /// Makes the view do as a window's readers: a "**C" in the text asks for an empty buffer.
     void answer_notices() const;
 
     std::unique_ptr<Reply_Bench> bench;
@@ -70,7 +70,7 @@ void Test_Serial_Chunks::cleanup() {
 }
 
 void Test_Serial_Chunks::answer_notices() const {
-    bench->receiver.on_record = [this](const QString& record) {
+    bench->view.on_record = [this](const QString& record) {
         if (record.startsWith("km:") && record.contains("**C")) {
             state().buff_clear_pending = true;
         }
@@ -81,7 +81,7 @@ void Test_Serial_Chunks::the_steps_of_a_chunk_have_their_order() {
     state().info_report_pending = true;
     bool still_pending_when_shown = false;
     bool still_pending_at_audio = true;
-    bench->receiver.on_record = [&](const QString& record) {
+    bench->view.on_record = [&](const QString& record) {
         if (record.startsWith("show:")) {
             still_pending_when_shown = state().info_report_pending;
         } else if (record.startsWith("audio:")) {
@@ -100,8 +100,8 @@ void Test_Serial_Chunks::the_steps_of_a_chunk_have_their_order() {
 void Test_Serial_Chunks::text_behind_a_nul_is_lost_to_everything() {
     take(QByteArray("seen\0KM **C 2", 13));
     QCOMPARE(state().received_buff, "seen");
-    QCOMPARE(bench->receiver.texts_of("show"), QStringList{"seen"});
-    QCOMPARE(bench->receiver.texts_of("km"), QStringList{"seen"});
+    QCOMPARE(bench->view.texts_of("show"), QStringList{"seen"});
+    QCOMPARE(bench->view.texts_of("km"), QStringList{"seen"});
     QVERIFY(!state().km_connected);
     // Only that chunk suffers.
     take(" more");
@@ -113,7 +113,7 @@ void Test_Serial_Chunks::bytes_that_are_no_utf8_become_replacement_characters() 
     const QString text =
         QString("K") + QChar::ReplacementCharacter + "M " + QChar::ReplacementCharacter;
     QCOMPARE(state().received_buff, text);
-    QCOMPARE(bench->receiver.texts_of("show"), QStringList{text});
+    QCOMPARE(bench->view.texts_of("show"), QStringList{text});
     QVERIFY(!state().km_connected);
 }
 
@@ -124,7 +124,7 @@ void Test_Serial_Chunks::the_terminal_gets_every_chunk_as_it_came() {
     take("\r\n\r\n");
     take(utf8);
     const QStringList shown{"  one\r\n", "\r\n\r\n", QString::fromUtf8(utf8)};
-    QCOMPARE(bench->receiver.texts_of("show"), shown);
+    QCOMPARE(bench->view.texts_of("show"), shown);
 }
 
 void Test_Serial_Chunks::an_empty_chunk_changes_nothing() {
@@ -133,7 +133,7 @@ void Test_Serial_Chunks::an_empty_chunk_changes_nothing() {
     records().clear();
     take("");
     QCOMPARE(state().received_buff, "KM\n");
-    QCOMPARE(bench->receiver.texts_of("show"), QStringList{""});
+    QCOMPARE(bench->view.texts_of("show"), QStringList{""});
     QVERIFY(!records().contains("answered"));
     QVERIFY(!state().info_report_pending);
     QVERIFY(!state().layout_saved_pending);
@@ -240,10 +240,10 @@ void Test_Serial_Chunks::the_readers_look_through_the_whole_buffer() {
     take("*");
     take("*C 2");
     const QStringList seen{"*", "**C 2"};
-    QCOMPARE(bench->receiver.texts_of("both"), seen);
-    QCOMPARE(bench->receiver.texts_of("km"), seen);
-    QCOMPARE(bench->receiver.texts_of("usb"), seen);
-    QCOMPARE(bench->receiver.texts_of("audio"), seen);
+    QCOMPARE(bench->view.texts_of("both"), seen);
+    QCOMPARE(bench->view.texts_of("km"), seen);
+    QCOMPARE(bench->view.texts_of("usb"), seen);
+    QCOMPARE(bench->view.texts_of("audio"), seen);
 }
 
 void Test_Serial_Chunks::after_a_notice_the_buffer_is_emptied() {
@@ -252,7 +252,7 @@ void Test_Serial_Chunks::after_a_notice_the_buffer_is_emptied() {
     QCOMPARE(state().received_buff, "");
     QVERIFY(!state().buff_clear_pending);
     // The audio was still looked for in the text.
-    QCOMPARE(bench->receiver.texts_of("audio"), QStringList{"**C 2\n"});
+    QCOMPARE(bench->view.texts_of("audio"), QStringList{"**C 2\n"});
 }
 
 void Test_Serial_Chunks::during_a_report_a_notice_keeps_the_buffer_and_its_wish() {
@@ -302,8 +302,8 @@ void Test_Serial_Chunks::a_saved_layout_is_seen_across_two_chunks() {
 void Test_Serial_Chunks::a_saved_layout_beside_a_notice_loses_the_notice() {
     answer_notices();
     take("**C 2\n" + saved + "**C 3\n");
-    QCOMPARE(bench->receiver.texts_of("km"), QStringList{""});
-    QCOMPARE(bench->receiver.texts_of("show"), QStringList{"**C 2\n" + saved + "**C 3\n"});
+    QCOMPARE(bench->view.texts_of("km"), QStringList{""});
+    QCOMPARE(bench->view.texts_of("show"), QStringList{"**C 2\n" + saved + "**C 3\n"});
     QVERIFY(!state().buff_clear_pending);
     QCOMPARE(bench->line.received(), "//BP\r");
 }

@@ -76,7 +76,7 @@ void Test_Serial_Reports::cleanup() {
 }
 
 void Test_Serial_Reports::fail_at(const QString& step) const {
-    bench->receiver.on_record = [step](const QString& record) {
+    bench->view.on_record = [step](const QString& record) {
         if (record == step) {
             throw std::out_of_range("missing key");
         }
@@ -95,7 +95,7 @@ void Test_Serial_Reports::expect_failure_box() {
 void Test_Serial_Reports::the_report_is_read_1000_ms_after_its_first_chunk() {
     state().info_report_pending = true;
     const qint64 first_chunk = bench->window.clock.elapsed();
-    bench->stream.take_serial_chunk("KM\n");
+    bench->replies.take_serial_chunk("KM\n");
     QVERIFY(!state().info_report_pending);
     QVERIFY(wait_until([&] { return !bench->window.report_calls.isEmpty(); }, longest_wait));
     const milliseconds waited(bench->window.report_calls.first() - first_chunk);
@@ -105,9 +105,9 @@ void Test_Serial_Reports::the_report_is_read_1000_ms_after_its_first_chunk() {
 
 void Test_Serial_Reports::only_the_first_chunk_starts_the_wait() {
     state().info_report_pending = true;
-    bench->stream.take_serial_chunk("K");
+    bench->replies.take_serial_chunk("K");
     QVERIFY(!wait_until([&] { return !bench->window.report_calls.isEmpty(); }, 300));
-    bench->stream.take_serial_chunk("M\n");
+    bench->replies.take_serial_chunk("M\n");
     QVERIFY(wait_until([&] { return !bench->window.report_calls.isEmpty(); }, longest_wait));
     QVERIFY(!wait_until([&] { return bench->window.report_calls.size() > 1; }, 700));
 }
@@ -115,15 +115,15 @@ void Test_Serial_Reports::only_the_first_chunk_starts_the_wait() {
 void Test_Serial_Reports::without_a_question_no_chunk_starts_the_wait() {
     state().report_in_progress = true;
     state().layout_report_pending = true;
-    bench->stream.take_serial_chunk("KM\n");
+    bench->replies.take_serial_chunk("KM\n");
     QVERIFY(!wait_until([&] { return !bench->window.report_calls.isEmpty(); }, 1200));
     QCOMPARE(bench->window.layout_calls.size(), 0);
 }
 
 void Test_Serial_Reports::the_layout_is_read_1000_ms_after_its_confirmation() {
     const qint64 confirmation = bench->window.clock.elapsed();
-    bench->stream.take_serial_chunk(saved);
-    bench->stream.take_serial_chunk("//FF01B01\n");
+    bench->replies.take_serial_chunk(saved);
+    bench->replies.take_serial_chunk("//FF01B01\n");
     QVERIFY(wait_until([&] { return !bench->window.layout_calls.isEmpty(); }, longest_wait));
     const milliseconds waited(bench->window.layout_calls.first() - confirmation);
     QCOMPARE(wrong_wait(waited, 1000ms), QByteArray());
@@ -133,7 +133,7 @@ void Test_Serial_Reports::the_layout_is_read_1000_ms_after_its_confirmation() {
 
 void Test_Serial_Reports::both_waits_can_run_at_once() {
     state().info_report_pending = true;
-    bench->stream.take_serial_chunk(saved);
+    bench->replies.take_serial_chunk(saved);
     QVERIFY(wait_until(
         [&] {
             return bench->window.report_calls.size() == 1 && bench->window.layout_calls.size() == 1;
@@ -143,7 +143,7 @@ void Test_Serial_Reports::both_waits_can_run_at_once() {
 
 void Test_Serial_Reports::a_running_wait_is_not_stopped_by_a_closed_port() {
     state().info_report_pending = true;
-    bench->stream.take_serial_chunk("KM\n");
+    bench->replies.take_serial_chunk("KM\n");
     bench->line.devices.close_port();
     state().km_connected = false;
     QVERIFY(wait_until([&] { return bench->window.report_calls.size() == 1; }, longest_wait));
@@ -152,7 +152,7 @@ void Test_Serial_Reports::a_running_wait_is_not_stopped_by_a_closed_port() {
 void Test_Serial_Reports::all_reports_are_read_from_the_one_buffer() {
     state().received_buff = "KM Port Limit: 2\n//FF01B09FF02B10\r\nBuzzer: on\n//FF01B11\n";
     const std::string whole = state().received_buff.toStdString();
-    bench->stream.get_data_from_TQL_by_serial_port();
+    bench->replies.get_data_from_TQL_by_serial_port();
     QCOMPARE(state().info_buff, whole);
     QCOMPARE(state().status_buff, whole);
     // The rest of the first line with the key.
@@ -161,20 +161,20 @@ void Test_Serial_Reports::all_reports_are_read_from_the_one_buffer() {
 
 void Test_Serial_Reports::without_a_layout_line_the_layout_text_is_0() {
     state().received_buff = "KM Port Limit: 2\n";
-    bench->stream.get_data_from_TQL_by_serial_port();
+    bench->replies.get_data_from_TQL_by_serial_port();
     QCOMPARE(state().layout_buff, "0");
 }
 
 void Test_Serial_Reports::the_readers_run_in_their_order_with_changes_disabled() {
     state().ui_changes_enabled = true;
     bool enabled_during_readers = false;
-    bench->receiver.on_record = [&](const QString&) {
+    bench->view.on_record = [&](const QString&) {
         enabled_during_readers = enabled_during_readers || state().ui_changes_enabled;
     };
     state().received_buff = "KM\n";
-    bench->stream.get_data_from_TQL_by_serial_port();
+    bench->replies.get_data_from_TQL_by_serial_port();
     const QStringList expected{"information", "status", "layout"};
-    QCOMPARE(bench->receiver.records, expected);
+    QCOMPARE(bench->view.records, expected);
     QVERIFY(!enabled_during_readers);
 }
 
@@ -183,7 +183,7 @@ void Test_Serial_Reports::a_report_ends_with_an_empty_buffer_and_all_flags_settl
     state().received_buff = "KM\n";
     state().buff_clear_pending = true;
     state().ui_changes_enabled = false;
-    bench->stream.get_data_from_TQL_by_serial_port();
+    bench->replies.get_data_from_TQL_by_serial_port();
     QCOMPARE(state().received_buff, "");
     QVERIFY(state().ui_changes_enabled);
     QVERIFY(!state().report_in_progress);
@@ -194,10 +194,10 @@ void Test_Serial_Reports::a_report_ends_with_an_empty_buffer_and_all_flags_settl
 
 void Test_Serial_Reports::an_empty_buffer_is_a_report_too() {
     state().info_buff = "older";
-    bench->stream.get_data_from_TQL_by_serial_port();
+    bench->replies.get_data_from_TQL_by_serial_port();
     QCOMPARE(state().info_buff, "");
     QCOMPARE(state().status_buff, "");
-    QCOMPARE(bench->receiver.records.size(), 3);
+    QCOMPARE(bench->view.records.size(), 3);
 }
 
 void Test_Serial_Reports::a_failing_reader_is_told_and_ends_the_report_data() {
@@ -214,9 +214,9 @@ void Test_Serial_Reports::a_failing_reader_is_told_and_ends_the_report() {
     fail_at(step);
     expect_failure_box();
     state().received_buff = "KM\n";
-    bench->stream.get_data_from_TQL_by_serial_port();
+    bench->replies.get_data_from_TQL_by_serial_port();
     QVERIFY2(robot->done(), robot->why());
-    QCOMPARE(bench->receiver.records, records);
+    QCOMPARE(bench->view.records, records);
     QCOMPARE(folder->entries(), QStringList{"Setting data from TQL error"});
 }
 
@@ -225,7 +225,7 @@ void Test_Serial_Reports::a_failed_report_keeps_the_buffer() {
     expect_failure_box();
     state().report_in_progress = true;
     state().received_buff = "KM Port Limit: x\n";
-    bench->stream.get_data_from_TQL_by_serial_port();
+    bench->replies.get_data_from_TQL_by_serial_port();
     QCOMPARE(state().received_buff, "KM Port Limit: x\n");
     QVERIFY(!state().report_in_progress);
 }
@@ -235,7 +235,7 @@ void Test_Serial_Reports::a_failed_report_drops_the_buffer_if_a_notice_asked_for
     expect_failure_box();
     state().received_buff = "KM Port Limit: x\n";
     state().buff_clear_pending = true;
-    bench->stream.get_data_from_TQL_by_serial_port();
+    bench->replies.get_data_from_TQL_by_serial_port();
     QCOMPARE(state().received_buff, "");
     QVERIFY(!state().buff_clear_pending);
 }
@@ -251,7 +251,7 @@ void Test_Serial_Reports::a_failed_report_raises_the_flags_only_after_its_box() 
                                                state().ui_changes_enabled;
                        return press_button("OK")(box);
                    }});
-    bench->stream.get_data_from_TQL_by_serial_port();
+    bench->replies.get_data_from_TQL_by_serial_port();
     QVERIFY2(robot->done(), robot->why());
     QVERIFY(!any_raised_behind_box);
     QVERIFY(state().write_enabled);
@@ -260,9 +260,9 @@ void Test_Serial_Reports::a_failed_report_raises_the_flags_only_after_its_box() 
 }
 
 void Test_Serial_Reports::any_kind_of_exception_counts_as_a_failure() {
-    bench->receiver.on_record = [](const QString&) { throw 1; };
+    bench->view.on_record = [](const QString&) { throw 1; };
     expect_failure_box();
-    bench->stream.get_data_from_TQL_by_serial_port();
+    bench->replies.get_data_from_TQL_by_serial_port();
     QVERIFY2(robot->done(), robot->why());
     QCOMPARE(folder->entries(), QStringList{"Setting data from TQL error"});
 }
@@ -270,31 +270,31 @@ void Test_Serial_Reports::any_kind_of_exception_counts_as_a_failure() {
 void Test_Serial_Reports::chunks_are_served_while_the_failure_box_is_open() {
     fail_at("information");
     robot->expect({.text = "Setting data from TQL error", .action = [&](QWidget& box) {
-                       bench->stream.take_serial_chunk("meanwhile\n");
+                       bench->replies.take_serial_chunk("meanwhile\n");
                        return press_button("OK")(box);
                    }});
     state().received_buff = "KM\n";
-    bench->stream.get_data_from_TQL_by_serial_port();
+    bench->replies.get_data_from_TQL_by_serial_port();
     QVERIFY2(robot->done(), robot->why());
     QCOMPARE(state().received_buff, "KM\nmeanwhile\n");
-    QCOMPARE(bench->receiver.texts_of("show"), QStringList{"meanwhile\n"});
+    QCOMPARE(bench->view.texts_of("show"), QStringList{"meanwhile\n"});
 }
 
 void Test_Serial_Reports::the_new_layout_is_read_from_the_whole_buffer_which_stays() {
     state().received_buff = "first line\n//FF01B09FF02B10\nlast line\n";
     state().layout_report_pending = true;
     state().ui_changes_enabled = true;
-    bench->stream.set_current_layout_from_buff();
+    bench->replies.set_current_layout_from_buff();
     QCOMPARE(state().layout_buff, "first line\n//FF01B09FF02B10\nlast line\n");
     QCOMPARE(state().received_buff, "first line\n//FF01B09FF02B10\nlast line\n");
     QVERIFY(!state().layout_report_pending);
-    QCOMPARE(bench->receiver.records, QStringList{"layout"});
+    QCOMPARE(bench->view.records, QStringList{"layout"});
 }
 
 void Test_Serial_Reports::nothing_catches_what_a_bad_new_layout_throws() {
     fail_at("layout");
     state().received_buff = "no layout here\n";
-    QVERIFY_THROWS_EXCEPTION(std::out_of_range, bench->stream.set_current_layout_from_buff());
+    QVERIFY_THROWS_EXCEPTION(std::out_of_range, bench->replies.set_current_layout_from_buff());
     QCOMPARE(folder->entries(), QStringList());
     QCOMPARE(robot->sights().size(), 0);
 }

@@ -154,19 +154,19 @@ bool Test_Settings_Round_Trip::save_from_source(const QString& path) {
     QFile::remove(path);
     robot->expect({.class_name = "QFileDialog", .action = choose_file(path)});
     robot->expect({.class_name = "QMessageBox", .text = "File saved"});
-    source->body.settings.create_settings_file();
+    source->controller().settings.create_settings_file();
     // The answer to the save's own question must not be taken for the next report.
     return robot->done() && source->wait_until_obeyed();
 }
 
 bool Test_Settings_Round_Trip::load_into_target(const QString& path) {
     robot->expect({.class_name = "QFileDialog", .action = choose_file(path)});
-    target->body.settings.load_settings_file();
+    target->controller().settings.load_settings_file();
     if (!robot->done() || !target->wait_until_obeyed()) {
         return false;
     }
     robot->expect({.class_name = "QMessageBox", .text = "Settings file applied"});
-    target->body.settings.load_second_part_of_settings();
+    target->controller().settings.load_second_part_of_settings();
     return robot->done() && target->wait_until_obeyed();
 }
 
@@ -188,15 +188,15 @@ QStringList Test_Settings_Round_Trip::widget_texts(const Untimed_Window& window)
     for (int number = 1; number <= 4; ++number) {
         const QString name = "label_Custom_" + QString::number(number);
         texts.append(static_cast<QLabel&>(window.widget(name)).text());
-        texts.append(
-            window.body.layout.get_channel_coordinates("Channel " + QString::number(number)));
+        texts.append(window.controller().layout.get_channel_coordinates("Channel " +
+                                                                        QString::number(number)));
     }
     for (const char* name : {"lineEdit_Mouse_Movement_X", "lineEdit_Mouse_Movement_Y",
                              "lineEdit_Mouse_Movement_Name", "lineEdit_MouseParking_x"}) {
         texts.append(static_cast<QLineEdit&>(window.widget(name)).text());
     }
-    texts.append(window.body.layout.get_grid_command());
-    texts.append(window.body.configuration.get_buzzer_command());
+    texts.append(window.controller().layout.get_grid_command());
+    texts.append(window.controller().configuration.get_buzzer_command());
     return texts;
 }
 

@@ -1,0 +1,8 @@
+#pragma once
+
+/// The two ways to a switch.
+enum class Link_Method {
+    serial,
+    /// Through an adapter.
+    network
+};

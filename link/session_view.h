@@ -1,0 +1,20 @@
+#pragma once
+
+#include "link/reply_handler.h"
+
+/// Everything that a session asks of whoever shows it. Nothing here reads a device.
+class Session_View : public Reply_Handler {
+public:
+    virtual void set_disconnected_indicator() = 0;
+    /// Whether the indicator shows a switch that has answered.
+    [[nodiscard]] virtual bool shows_connected() const = 0;
+    /// Disables all controls that need a connected switch.
+    virtual void disable_controls() = 0;
+    virtual void clear_terminal() = 0;
+    /// Takes the custom entries out of the resolution lists, before they are read anew.
+    virtual void remove_custom_setting_items() = 0;
+    /// The network link leads to the adapter with this dotted address now.
+    virtual void show_adapter(const QString& address) = 0;
+    /// The window can't go on: tells why and ends the process with exit status 1.
+    virtual void end_process(const QString& reason) = 0;
+};
