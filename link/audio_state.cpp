@@ -56,7 +56,7 @@ Audio_Reading read_audio_state(std::string_view text) {
     }
     bool recognised = false;
     for (const char character : value) {
-        if (character >= '1' && character <= '4') {
+        if (character >= '1' && character < '1' + channel_count) {
             state.channels[static_cast<std::size_t>(character - '1')] = true;
             recognised = true;
         } else if (character == 'F') {

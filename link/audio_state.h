@@ -1,5 +1,7 @@
 #pragma once
 
+#include "link/channels.h"
+
 #include <QString>
 
 #include <array>
@@ -10,7 +12,7 @@
 struct Audio_State {
     bool all = false;
     bool follow = false;
-    std::array<bool, 4> channels{};
+    std::array<bool, channel_count> channels{};
 
     bool operator==(const Audio_State&) const = default;
 };

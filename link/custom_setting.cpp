@@ -1,5 +1,6 @@
 #include "link/custom_setting.h"
 
+#include "link/channels.h"
 #include "link/report_values.h"
 #include "link/switch_protocol.h"
 

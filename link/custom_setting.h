@@ -11,13 +11,9 @@
 
 /// Number of resolutions that every unit knows; the custom entries follow as items 10 to 13.
 inline constexpr int fixed_resolution_count = 9;
-/// Channels of a unit, and custom entries of it.
-inline constexpr int channel_count = 4;
 /// Where the name begins in the switch's own line of an entry: three digits of X, a separator,
 /// three digits of Y, a separator.
 inline constexpr std::size_t name_offset_in_report = 8;
-/// Where the name begins in a settings file's line "//MM C1 150 300 NAME".
-inline constexpr std::size_t name_offset_in_file = 15;
 
 /// One entry as the page's fields show it.
 struct Custom_Setting {

@@ -1,13 +1,13 @@
 #include "pages/configuration_page.h"
 
 #include "app/yes_no_dialog.h"
-#include "link/report_values.h"
 #include "link/switch_protocol.h"
 #include "link/switch_session.h"
 #include "pages/combo_box.h"
 #include "pages/layout_page.h"
 #include "pages/model_traits.h"
 #include "pages/range_check.h"
+#include "pages/setting_values.h"
 
 namespace {
 
@@ -128,9 +128,8 @@ void Configuration_Page::set_buzzer_from_value(const std::string& value) {
 }
 
 void Configuration_Page::apply_mouse_parking_value(const std::string& value) {
-    const std::string x = get_report_token(switch_protocol::mouse_parking, value);
-    const std::string y = get_report_value(std::string(switch_protocol::mouse_parking) + x, value);
-    set_mouse_parking(x, y);
+    const Filed_Parking parking = filed_parking(value);
+    set_mouse_parking(parking.x, parking.y);
 }
 
 void Configuration_Page::set_km_channel(const std::string& channel) {

@@ -1,6 +1,6 @@
 #include "pages/grid.h"
 
-#include "link/report_values.h"
+#include "link/channels.h"
 
 #include <array>
 
@@ -8,9 +8,9 @@ namespace {
 
 constexpr qsizetype coordinates_limit = 10 - 1;
 
-const std::array<QBrush, 4>& channel_brushes() {
-    static const std::array<QBrush, 4> brushes{brush_channel_1, brush_channel_2, brush_channel_3,
-                                               brush_channel_4};
+const std::array<QBrush, channel_count>& channel_brushes() {
+    static const std::array<QBrush, channel_count> brushes{brush_channel_1, brush_channel_2,
+                                                           brush_channel_3, brush_channel_4};
     return brushes;
 }
 
@@ -65,7 +65,7 @@ QString grid_position_number(const Layout_Item& item) {
 }
 
 QString grid_command(const std::vector<Layout_Item>& layout) {
-    std::array<QString, 4> parts;
+    std::array<QString, channel_count> parts;
     for (const Layout_Item& item : layout) {
         const int digit = command_digit(item.brush);
         if (digit > 0) {
@@ -94,13 +94,4 @@ bool is_connected_sum(int neighbour_sum) { return neighbour_sum == 6 || neighbou
 
 QString coordinates_text(const Layout_Item& item) {
     return QString("%1 %2").arg(item.row).arg(item.column).left(coordinates_limit);
-}
-
-Layout_Item parse_coordinates(const std::string& label, const std::string& text) {
-    const std::string row = get_report_token(label, text);
-    const std::string column = get_report_value(label + row + ' ', text);
-    Layout_Item item;
-    item.row = std::stoi(row);
-    item.column = std::stoi(column);
-    return item;
 }

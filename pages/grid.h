@@ -65,8 +65,3 @@ bool is_connected_sum(int neighbour_sum);
 
 /// "row column" of the entry with a name, cut at nine characters; empty if there is none.
 QString coordinates_text(const Layout_Item& item);
-
-/// The record of a settings file's coordinates line.
-/// @param label the line's label, colon and blank included.
-/// @throws std::invalid_argument or std::out_of_range if row or column is no number.
-Layout_Item parse_coordinates(const std::string& label, const std::string& text);

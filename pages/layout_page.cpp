@@ -2,7 +2,7 @@
 
 #include "app/event_log.h"
 #include "app/message_box.h"
-#include "link/custom_setting.h"
+#include "link/channels.h"
 #include "link/flag_guard.h"
 #include "link/report_values.h"
 #include "link/switch_session.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/channels.h"
 #include "link/custom_setting.h"
 #include "pages/page_widgets.h"
 

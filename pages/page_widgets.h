@@ -1,5 +1,7 @@
 #pragma once
 
+#include "link/channels.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -52,8 +54,8 @@ struct Mouse_Speed_Widgets {
     QLineEdit& lineEdit_Mouse_Movement_Name;
     QLineEdit& lineEdit_Mouse_Movement_X;
     QLineEdit& lineEdit_Mouse_Movement_Y;
-    std::array<QLabel*, 4> custom_setting_labels;
-    std::array<QComboBox*, 4> resolution_combo_boxes;
+    std::array<QLabel*, channel_count> custom_setting_labels;
+    std::array<QComboBox*, channel_count> resolution_combo_boxes;
 };
 
 struct Layout_Widgets {
@@ -65,5 +67,5 @@ struct Layout_Widgets {
 struct Audio_Widgets {
     QCheckBox& checkBox_ALL;
     QCheckBox& checkBox_FOLLOW;
-    std::array<QCheckBox*, 4> channels;
+    std::array<QCheckBox*, channel_count> channels;
 };

@@ -1,5 +1,6 @@
 #include "pages/report_reader.h"
 
+#include "link/channels.h"
 #include "link/custom_setting.h"
 #include "link/flag_guard.h"
 #include "link/report_values.h"

@@ -1,9 +1,8 @@
 #include "pages/settings_import_export.h"
 
 #include "app/message_box.h"
-#include "link/custom_setting.h"
+#include "link/channels.h"
 #include "link/flag_guard.h"
-#include "link/report_values.h"
 #include "link/switch_protocol.h"
 #include "link/switch_session.h"
 #include "pages/audio_panel.h"
@@ -11,10 +10,9 @@
 #include "pages/layout_page.h"
 #include "pages/model_traits.h"
 #include "pages/mouse_speed_page.h"
+#include "pages/setting_values.h"
 
 #include <QTimer>
-
-#include <cstdint>
 
 namespace {
 
@@ -142,29 +140,23 @@ void Settings_Import_Export::apply_setting_line(Setting_Index index, const std::
 
 void Settings_Import_Export::apply_value(Setting_Index index, const std::string& value) {
     switch (index) {
-    case Setting_Index::km_control: {
-        const std::string channel = get_report_value(switch_protocol::km_control, value);
-        if (channel != no_value) {
-            pages.configuration.set_km_channel(channel);
+    case Setting_Index::km_control:
+        if (const auto channel = filed_channel(switch_protocol::km_control, value)) {
+            pages.configuration.set_km_channel(*channel);
         }
         return;
-    }
-    case Setting_Index::usb_control: {
-        const std::string channel = get_report_value(switch_protocol::usb_control, value);
-        if (channel != no_value) {
-            pages.configuration.set_usb_channel(channel);
+    case Setting_Index::usb_control:
+        if (const auto channel = filed_channel(switch_protocol::usb_control, value)) {
+            pages.configuration.set_usb_channel(*channel);
         }
         return;
-    }
     case Setting_Index::mouse_mode:
         pages.configuration.set_mouse_mode_from_value(value);
         pages.mouse_speed.show_current_custom_setting();
         return;
-    case Setting_Index::limit_ports: {
-        const std::int64_t limit = std::stoi(get_report_value(switch_protocol::port_limit, value));
-        pages.layout.set_active_ports(limit - 1);
+    case Setting_Index::limit_ports:
+        pages.layout.set_active_ports(filed_port_limit(value) - 1);
         return;
-    }
     case Setting_Index::cursor_rolling:
         pages.configuration.set_cursor_roll_from_value(value);
         return;
@@ -182,9 +174,7 @@ void Settings_Import_Export::apply_value(Setting_Index index, const std::string&
     case Setting_Index::resolution_3:
     case Setting_Index::resolution_4: {
         const int channel = number_in_group(index, Setting_Index::resolution_1);
-        const std::string key =
-            std::string(switch_protocol::resolution) + std::to_string(channel) + ' ';
-        pages.mouse_speed.set_channel_resolution(channel, get_report_value(key, value));
+        pages.mouse_speed.set_channel_resolution(channel, filed_resolution(channel, value));
         return;
     }
     case Setting_Index::grid:

@@ -32,7 +32,7 @@ struct Window_Widgets {
 // model needs; whether a model has audio is decided by the table of model differences.
 
 template <class Form>
-std::array<QComboBox*, 4> resolution_combo_boxes(const Form& form) {
+std::array<QComboBox*, channel_count> resolution_combo_boxes(const Form& form) {
     return {form.comboBox_mouse_movement_resolution_setting_1,
             form.comboBox_mouse_movement_resolution_setting_2,
             form.comboBox_mouse_movement_resolution_setting_3,
@@ -80,8 +80,8 @@ std::vector<QComboBox*> setting_widgets(const Form& form) {
 
 template <class Form>
 Mouse_Speed_Widgets mouse_speed_widgets(const Form& form) {
-    const std::array<QLabel*, 4> labels{form.label_Custom_1, form.label_Custom_2,
-                                        form.label_Custom_3, form.label_Custom_4};
+    const std::array<QLabel*, channel_count> labels{form.label_Custom_1, form.label_Custom_2,
+                                                    form.label_Custom_3, form.label_Custom_4};
     if constexpr (requires { form.lineEdit_Mouse_Movement_Name_2; }) {
         return {*form.comboBox_number_of_setting,
                 *form.lineEdit_Mouse_Movement_Name_2,

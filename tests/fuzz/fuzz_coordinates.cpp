@@ -1,7 +1,7 @@
 // Cells of the grid in reports, commands and files.
 // Input: the text.
 
-#include "pages/grid.h"
+#include "pages/setting_values.h"
 #include "tests/fuzz/stated_ends.h"
 
 #include <stdexcept>

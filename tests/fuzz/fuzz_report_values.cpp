@@ -1,6 +1,7 @@
 // Values cut out of a unit's replies.
 // Input: a byte that is an offset, then the text.
 
+#include "link/channels.h"
 #include "link/custom_setting.h"
 #include "link/report_values.h"
 #include "tests/fuzz/out_of_range_end.h"

@@ -93,7 +93,6 @@ void Test_Custom_Setting::a_line_shorter_than_its_columns_is_out_of_range() {
 void Test_Custom_Setting::a_name_loses_its_blanks_and_keeps_its_tabs() {
     QCOMPARE(custom_setting_name("150 300  DE SK ", name_offset_in_report), "DESK");
     QCOMPARE(custom_setting_name("150 300 DE\tSK", name_offset_in_report), "DE\tSK");
-    QCOMPARE(custom_setting_name("//MM C1 150 300 DESK", name_offset_in_file), "DESK");
     QCOMPARE(custom_setting_name("150 300 ", name_offset_in_report), "");
 }
 

@@ -1,6 +1,6 @@
 # The pages: the grid's arithmetic without a window, then each page in the Lite window.
-foreach(subject grid grid_neighbours)
-  halvern_test(test_${subject} SOURCES test_${subject}.cpp LINK halvern_grid)
+foreach(subject grid grid_neighbours setting_values)
+  halvern_test(test_${subject} SOURCES test_${subject}.cpp LINK halvern_pages_core)
 endforeach()
 
 foreach(subject layout_page layout_inactive layout_submit layout_report)

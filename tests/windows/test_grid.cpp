@@ -1,4 +1,5 @@
 #include "pages/grid.h"
+#include "pages/setting_values.h"
 
 #include <QTest>
 

@@ -1,0 +1,4 @@
+#pragma once
+
+/// Channels of a unit, and custom entries of it. They count from 1.
+inline constexpr int channel_count = 4;
