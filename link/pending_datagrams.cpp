@@ -1,5 +1,7 @@
 #include "link/pending_datagrams.h"
 
+#include <QUdpSocket>
+
 namespace {
 
 /// No datagram of IPv4 is longer.

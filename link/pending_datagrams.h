@@ -1,9 +1,10 @@
 #pragma once
 
 #include <QByteArray>
-#include <QUdpSocket>
 
 #include <optional>
+
+class QUdpSocket;
 
 /// Takes everything that is pending on a socket, as one chunk in the order of arrival, each
 /// datagram whole. A reported refusal (the peer's port was closed) is skipped and hides nothing

@@ -7,6 +7,7 @@
 #include "link/session_state.h"
 #include "link/switch_protocol.h"
 
+#include <QByteArray>
 #include <QTimer>
 
 #include <algorithm>

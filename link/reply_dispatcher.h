@@ -2,12 +2,13 @@
 
 #include "link/session_traits.h"
 
-#include <QByteArray>
-#include <QObject>
+#include <QtGlobal>
 
 #include <string>
 
 class Command_Writer;
+class QByteArray;
+class QObject;
 class Reply_Handler;
 struct Session_State;
 

@@ -5,14 +5,13 @@
 #include "link/reply_dispatcher.h"
 #include "link/session_state.h"
 
-#include <QObject>
 #include <QString>
 #include <QStringList>
 
 #include <memory>
-#include <optional>
 
 class Link_Transport;
+class QObject;
 class Session_View;
 struct Session_Traits;
 

@@ -4,6 +4,8 @@
 #include "link/switch_protocol.h"
 #include "link/switch_session.h"
 
+#include <QCheckBox>
+
 Audio_Panel::Audio_Panel(const Audio_Widgets& panel_widgets, Switch_Session& switch_session)
     : widgets(panel_widgets), session(switch_session) {}
 

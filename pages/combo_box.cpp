@@ -2,6 +2,8 @@
 
 #include "app/event_log.h"
 
+#include <QComboBox>
+
 #include <exception>
 
 void set_combo_from_text(QComboBox& combo, const std::string& text) {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QComboBox>
-
 #include <string>
+
+class QComboBox;
 
 /// Sets a combo box to the item that a decimal text numbers, counting from 1. A text without a
 /// number leaves the box as it is and one entry in the event log; an empty text does nothing.

@@ -9,6 +9,11 @@
 #include "pages/range_check.h"
 #include "pages/setting_values.h"
 
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
 namespace {
 
 constexpr const char* parking_range_text = "Mouse Parking Range is between ";

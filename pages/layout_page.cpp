@@ -9,7 +9,9 @@
 #include "pages/combo_box.h"
 #include "pages/model_traits.h"
 
+#include <QComboBox>
 #include <QHeaderView>
+#include <QTableWidget>
 
 #include <algorithm>
 #include <exception>

@@ -3,6 +3,10 @@
 #include "app/process_end.h"
 #include "link/switch_session.h"
 
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+
 namespace {
 
 template <class Widget>
@@ -28,6 +32,8 @@ void Left_Menu::list_serial_ports() {
     }
 }
 
+QString Left_Menu::port_name() const { return widgets.comboBox_SelectPort.currentText(); }
+
 void Left_Menu::port_changed() { session.port_changed(port_name()); }
 
 void Left_Menu::turn_on() { session.turn_on(port_name()); }
@@ -43,6 +49,8 @@ void Left_Menu::disable_configuration_controls() {
 void Left_Menu::enable_setting_widgets() { set_enabled(widgets.setting_widgets, true); }
 
 void Left_Menu::disable_setting_widgets() { set_enabled(widgets.setting_widgets, false); }
+
+bool Left_Menu::shows_connected() const { return !widgets.pushButton_ON_Connection.isEnabled(); }
 
 void Left_Menu::show_adapter(const QString& address) {
     widgets.network->label_current_Ip.setText("  IP: " + address);

@@ -20,7 +20,7 @@ public:
     /// process with exit status 1 after a box "No available port".
     void list_serial_ports();
     /// The name that the port list shows.
-    [[nodiscard]] QString port_name() const { return widgets.comboBox_SelectPort.currentText(); }
+    [[nodiscard]] QString port_name() const;
 
     // The user's actions.
     void port_changed();
@@ -34,9 +34,7 @@ public:
     void set_connected_indicator() { show_connection(true); }
     void set_disconnected_indicator() { show_connection(false); }
     /// True while a switch has answered: only then is ON disabled.
-    [[nodiscard]] bool shows_connected() const {
-        return !widgets.pushButton_ON_Connection.isEnabled();
-    }
+    [[nodiscard]] bool shows_connected() const;
 
     // Which link is in force; only on a model with a network link.
     void show_serial_controls() { show_network_controls(false); }

@@ -8,6 +8,10 @@
 #include "pages/combo_box.h"
 #include "pages/range_check.h"
 
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+
 #include <stdexcept>
 
 namespace {

@@ -2,17 +2,16 @@
 
 #include "link/channels.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTableWidget>
-#include <QTextEdit>
-
 #include <array>
 #include <optional>
 #include <vector>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableWidget;
 
 /// The widgets that the common code works on; each page gets just its own struct.
 

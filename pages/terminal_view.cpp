@@ -1,6 +1,7 @@
 #include "pages/terminal_view.h"
 
 #include <QTextCursor>
+#include <QTextEdit>
 #include <QTimer>
 
 Terminal_View::Terminal_View(QTextEdit& text_edit, QObject& window)

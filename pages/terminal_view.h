@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QObject>
-#include <QTextEdit>
+class QObject;
+class QString;
+class QTextEdit;
 
 /// The terminal pane: everything the switch has said, untrimmed, in the order of arrival.
 class Terminal_View {

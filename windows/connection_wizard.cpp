@@ -5,6 +5,7 @@
 #include "pages/mouse_speed_page.h"
 #include "usr/change_setting_for_usr_dialog.h"
 #include "usr/credentials_dialog.h"
+#include "usr/ip_settings_dialog.h"
 #include "usr/select_hardware_dialog.h"
 
 Connection_Wizard::Connection_Wizard(Switch_Session& switch_session, Left_Menu& left_menu,
@@ -15,6 +16,8 @@ Connection_Wizard::Connection_Wizard(Switch_Session& switch_session, Left_Menu& 
         return ip_settings_dialog ? ip_settings_dialog->get_usr_name() : QString();
     });
 }
+
+Connection_Wizard::~Connection_Wizard() = default;
 
 void Connection_Wizard::run() {
     method_dialog.exec();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "usr/ip_settings_dialog.h"
 #include "usr/select_connection_method_dialog.h"
 
 #include <QString>
@@ -8,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+class IP_Settings_Dialog;
 class Left_Menu;
 class Mouse_Speed_Page;
 class Select_hardware_Dialog;
@@ -20,6 +20,7 @@ class Connection_Wizard {
 public:
     Connection_Wizard(Switch_Session& switch_session, Left_Menu& left_menu,
                       Mouse_Speed_Page& mouse_speed_page);
+    ~Connection_Wizard();
 
     void run();
     /// As run(), inside a window's constructor. A switch that has answered while a box was open is

@@ -4,6 +4,8 @@
 
 #include <QIcon>
 #include <QMainWindow>
+#include <QPushButton>
+#include <QStackedWidget>
 #include <QTimer>
 
 namespace {

@@ -2,11 +2,12 @@
 
 #include "pages/page_widgets.h"
 
-#include <QStackedWidget>
-
 #include <array>
 #include <optional>
 #include <vector>
+
+class QStackedWidget;
+class QTextEdit;
 
 /// The window around the pages.
 struct Chrome_Widgets {
