@@ -9,7 +9,7 @@
 
 namespace {
 
-// One separator stands behind the key; four fields of at most two characters and their
+// One separator is behind the key; four fields of at most two characters and their
 // separators follow.
 constexpr std::size_t fields_offset = 1;
 constexpr std::size_t fields_length = 12;

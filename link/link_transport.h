@@ -7,21 +7,21 @@
 
 #include <memory>
 
-/// The device under the command link. Only one of the two stands at a time; which one commands go
-/// to is decided by the chosen method, not by what stands.
+/// The device under the command link. Only one of the two exists at a time; which one commands go
+/// to is decided by the chosen method, not by what exists.
 class Link_Transport {
 public:
     /// 115200 baud, 8 data bits, no parity, 1 stop bit, no flow control: the unit's fixed setting.
     static constexpr qint32 baud_rate = QSerialPort::Baud115200;
 
-    /// Makes a new port object for a name and tries to open it. A port that does not open stands
+    /// Makes a new port object for a name and tries to open it. A port that does not open stays
     /// closed, without a word to the user; the reason goes to the diagnostics.
     void open_port(const QString& port_name);
-    /// Close and delete the port, or the socket, if one stands, and take its count down. A device
+    /// Close and delete the port, or the socket, if there is one, and take its count down. A device
     /// whose closing throws stays, and its count as it was.
     void close_port();
     void close_socket();
-    /// Closes the device of the chosen method, if it stands, and keeps the object.
+    /// Closes the device of the chosen method, if it exists, and keeps the object.
     void close_chosen_device() const;
 
     /// True while a port or a socket is open.
@@ -31,7 +31,7 @@ public:
     /// Writes to the port, whatever the chosen method. Without an open one the bytes are dropped.
     void write_to_port(const QByteArray& bytes) const;
 
-    /// What commands go to; not what stands.
+    /// What commands go to, whether it exists or not.
     Link_Method method = Link_Method::serial;
     std::unique_ptr<QSerialPort> serial_port;
     /// 1 from an opening that succeeded to the closing by close_port(), 0 otherwise. A port that
@@ -42,7 +42,7 @@ public:
     int socket_open_count = 0;
 
 private:
-    /// The device of the chosen method; null if it does not stand.
+    /// The device of the chosen method; null if it does not exist.
     [[nodiscard]] QIODevice* chosen_device() const;
     static void write_to(QIODevice* device, const QByteArray& bytes);
 };

@@ -7,7 +7,7 @@ namespace {
 /// No datagram of IPv4 is longer.
 constexpr qsizetype max_datagram_size = 65'535;
 
-/// Linux gives a socket some 200 KB unless told otherwise.
+/// Linux gives a socket some 200 KB unless set otherwise.
 constexpr qsizetype max_bytes = 16'777'216;
 constexpr int max_datagrams = 10'000;
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 /// Cutting values out of the switch's free text. A value is found by searching for a fixed key,
-/// wherever it stands; the first occurrence wins. It runs from the end of the key to the next line
+/// wherever it is; the first occurrence wins. It runs from the end of the key to the next line
 /// feed or the end of the text; a carriage return before the line feed stays in it.
 
 /// The text behind the key up to the line feed; empty if the key is missing.
@@ -21,7 +21,7 @@ std::string get_report_token(std::string_view key, std::string_view text);
 
 /// The two characters behind a layout key ("01B" to "04B") in the switch's layout text.
 /// @return empty if the layout text is empty.
-/// @throws std::out_of_range if fewer than two characters stand behind the key.
+/// @throws std::out_of_range if fewer than two characters are behind the key.
 std::string get_layout_position(std::string_view key, std::string_view layout_text);
 
 /// All text behind the key, past line ends, to the end of the text; empty if the key is missing.

@@ -11,10 +11,10 @@ public:
     /// Disables all controls that need a connected switch.
     virtual void disable_controls() = 0;
     virtual void clear_terminal() = 0;
-    /// Takes the custom entries out of the resolution lists, before they are read anew.
+    /// Takes the custom entries out of the resolution lists, before they are read again.
     virtual void remove_custom_setting_items() = 0;
     /// The network link leads to the adapter with this dotted address now.
     virtual void show_adapter(const QString& address) = 0;
-    /// The window can't go on: tells why and ends the process with exit status 1.
+    /// The window can't go on: says why and ends the process with exit status 1.
     virtual void end_process(const QString& reason) = 0;
 };

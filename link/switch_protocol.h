@@ -6,7 +6,7 @@
 #include <string_view>
 
 /// What the tool says to the switch, and the fixed texts it looks for in the answers. Command texts
-/// stand here without their final carriage return.
+/// are given here without their final carriage return.
 namespace switch_protocol {
 
 // Questions.

@@ -29,7 +29,7 @@ public:
     /// unknown one clears them.
     /// @return whether the text was understood.
     bool parse_audio_state(std::string_view text);
-    /// Shows the state that stands behind the first of the switch's audio marks that leads to one.
+    /// Shows the state that is behind the first of the switch's audio marks that leads to one.
     void apply_audio_reply(std::string_view text);
 
 private:

@@ -50,7 +50,7 @@ Layout_Item position_to_layout_item(std::string text);
 QString grid_position_number(const Layout_Item& item);
 
 /// "//FF01B..FF02B..FF03B..FF04B.." for a layout. The digit follows the colour, and gray gives the
-/// digit 3 whichever channel is gray: the switch is told of inactive channels that way.
+/// digit 3 whichever channel is gray: the switch learns of inactive channels that way.
 QString grid_command(const std::vector<Layout_Item>& layout);
 
 /// How many of the four cells beside an item (not diagonally) are occupied; cells beyond the edge

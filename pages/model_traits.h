@@ -21,7 +21,7 @@ struct Model_Traits {
     bool disarms_drag_after_read_back;
     /// Each comparison in the look-up of a channel's coordinates leaves a log line.
     bool logs_coordinate_lookup;
-    /// A grid position that is no number goes to standard output, and the first cell stands in.
+    /// A grid position that is no number goes to standard output, and the first cell is taken.
     bool forgives_bad_grid_position;
     /// The timer of a load's second part starts also when the file dialog was cancelled; without a
     /// file it does nothing, with one chosen meanwhile the second part comes early.

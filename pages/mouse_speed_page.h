@@ -40,7 +40,7 @@ public:
     [[nodiscard]] QString get_custom_label_text(int number) const;
 
     // Values from reports and files.
-    /// Appends the name that stands behind an offset to all four lists; old names must be gone.
+    /// Appends the name that begins at an offset to all four lists; old names must be gone.
     /// @throws std::out_of_range if the offset lies beyond the end.
     void add_custom_setting_name(const std::string& text, std::size_t position);
     /// Takes the items first to last out of all four lists, if they hold custom entries, and leaves

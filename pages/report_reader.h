@@ -23,7 +23,7 @@ public:
     /// Notices of a channel change. Each sets the channel boxes without an echo to the switch and
     /// asks for the buffer to be emptied; the first sets the audio panel as well.
     void parse_both_notice(const std::string& text);
-    /// Passed over if a "**CE" answer stands anywhere in the text.
+    /// Passed over if a "**CE" answer is anywhere in the text.
     void parse_km_notice(const std::string& text);
     void parse_usb_notice(const std::string& text);
 

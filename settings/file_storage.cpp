@@ -72,7 +72,7 @@ void take_over_rights(const QFileDevice& from, const QFileDevice& to) {
     }
 }
 
-/// A disk may tell only now that it is full. Some file systems can't synchronise.
+/// A disk may report only now that it is full. Some file systems can't synchronise.
 bool is_synchronised(const QFileDevice& file) {
     return fsync(file.handle()) == 0 || errno == EINVAL || errno == EROFS;
 }
@@ -106,7 +106,7 @@ Outcome replace_by_renaming(const QString& path, const std::string& text,
     return Outcome::replaced;
 }
 
-/// Nothing is cut off before the text stands: what is overwritten needs no further room.
+/// Nothing is cut off before the text is written: what is overwritten needs no further room.
 bool overwrite(QFile& file, const std::string& text) {
     return file.seek(0) && write_text(file, text) && file.resize(file.pos()) &&
            is_synchronised(file);

@@ -5,8 +5,8 @@
 #include <string>
 
 /// Whole files, as a settings file is read and written. What is no regular file (a folder, a pipe,
-/// a device) and a name that is no valid Unicode can't be opened. Why something failed is told to
-/// the category halvern.settings and nobody else.
+/// a device) and a name that is no valid Unicode can't be opened. Why something failed is reported
+/// to the category halvern.settings and nobody else.
 
 /// The whole text of a file, without the CR of each CR LF. A reading error ends the text; a file
 /// that can't be opened has none.

@@ -4,5 +4,5 @@
 
 /// Diagnostics of settings files for a developer, off until switched on with
 /// QT_LOGGING_RULES="halvern.settings.debug=true": why a file was not read or written. Names of
-/// files and the system's reasons only, never what stands in them.
+/// files and the system's reasons only, never what is in them.
 Q_DECLARE_LOGGING_CATEGORY(settings_log)

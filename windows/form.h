@@ -5,7 +5,7 @@
 #include <memory>
 
 /// Builds a window's form. To be called from the window's own initialiser list, so that all widgets
-/// stand before the parts that refer to them.
+/// exist before the parts that refer to them.
 template <class Form>
 std::unique_ptr<Form> build_form(QMainWindow& window) {
     auto form = std::make_unique<Form>();
