@@ -1,14 +1,14 @@
 #include "app/message_box.h"
 
+#include "app/dialog_looks.h"
 #include "app/event_log.h"
 
 #include <QFont>
-#include <QIcon>
 
 void set_message_box_look(const QString& text, const int& icon, QMessageBox* box) {
     box->setFont(QFont("Segoe UI", 12));
     box->setWindowTitle("Information");
-    box->setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
+    box->setWindowIcon(window_icon());
     box->setTextFormat(Qt::PlainText);
     box->setText(text);
     box->setIcon(static_cast<QMessageBox::Icon>(icon));

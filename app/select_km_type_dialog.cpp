@@ -1,14 +1,13 @@
 #include "app/select_km_type_dialog.h"
 
+#include "app/dialog_looks.h"
 #include "app/message_box.h"
 #include "ui_select_km_type_dialog.h"
 
 Select_KM_type_Dialog::Select_KM_type_Dialog(QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::Select_KM_type_Dialog>()) {
     ui->setupUi(this);
-    setFixedSize(405, 170);
-    setWindowTitle("Velmoran Ostrel");
-    setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
+    set_dialog_looks(*this, 405, 170);
     ui->radioButton_PRO->setChecked(true);
 }
 

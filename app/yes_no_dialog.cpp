@@ -1,5 +1,6 @@
 #include "app/yes_no_dialog.h"
 
+#include "app/dialog_looks.h"
 #include "ui_yes_no_dialog.h"
 
 #include <QCloseEvent>
@@ -8,9 +9,7 @@ Yes_No_Dialog::Yes_No_Dialog(const QString& question, const QString& ok_caption,
                              const QString& cancel_caption, QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::Yes_No_Dialog>()) {
     ui->setupUi(this);
-    setWindowTitle("Halvern");
-    setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
-    setFixedSize(312, 100);
+    set_dialog_looks(*this, 312, 100, "Halvern");
     ui->label_message->setTextFormat(Qt::PlainText);
     ui->label_message->setText(question);
     ui->pushButton_OK->setText(ok_caption);

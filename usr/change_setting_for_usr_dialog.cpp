@@ -1,11 +1,10 @@
 #include "usr/change_setting_for_usr_dialog.h"
 
+#include "app/dialog_looks.h"
 #include "app/message_box.h"
 #include "ui_change_setting_for_usr_dialog.h"
 #include "usr/adapter_limits.h"
 #include "usr/usr_configurator.h"
-
-#include <QIcon>
 
 namespace {
 
@@ -31,9 +30,7 @@ Change_setting_for_USR_Dialog::Change_setting_for_USR_Dialog(
       usr_name(given_usr_name),
       ui(std::make_unique<Ui::Change_setting_for_USR_Dialog>()) {
     ui->setupUi(this);
-    setFixedSize(425, 341);
-    setWindowTitle("Velmoran Ostrel");
-    setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
+    set_dialog_looks(*this, 425, 341);
     ui->lineEdit_Password->setEchoMode(QLineEdit::Password);
 }
 

@@ -1,12 +1,12 @@
 #include "usr/credentials_dialog.h"
 
+#include "app/dialog_looks.h"
 #include "app/message_box.h"
 #include "ui_credentials_dialog.h"
 #include "usr/adapter_limits.h"
 #include "usr/usr_configurator.h"
 
 #include <QCloseEvent>
-#include <QIcon>
 
 Credentials_Dialog::Credentials_Dialog(const QString& given_current_ip,
                                        const QStringList& given_replies, QWidget* parent)
@@ -15,9 +15,7 @@ Credentials_Dialog::Credentials_Dialog(const QString& given_current_ip,
       replies(given_replies),
       ui(std::make_unique<Ui::Credentials_Dialog>()) {
     ui->setupUi(this);
-    setFixedSize(405, 205);
-    setWindowTitle("Velmoran Ostrel");
-    setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
+    set_dialog_looks(*this, 405, 205);
     ui->lineEdit_password->setEchoMode(QLineEdit::Password);
     ui->label_current_ip->setTextFormat(Qt::PlainText);
     ui->label_current_ip->setText(current_ip);

@@ -1,12 +1,12 @@
 #include "usr/ip_settings_dialog.h"
 
+#include "app/dialog_looks.h"
 #include "app/message_box.h"
 #include "ui_ip_settings_dialog.h"
 #include "usr/dotted_shape.h"
 #include "usr/usr_configurator.h"
 
 #include <QCloseEvent>
-#include <QIcon>
 #include <QTimer>
 #include <QWindow>
 
@@ -35,9 +35,7 @@ IP_Settings_Dialog::IP_Settings_Dialog(const QString& given_current_ip,
       wait_box(std::make_unique<QMessageBox>()),
       ui(std::make_unique<Ui::IP_Settings_Dialog>()) {
     ui->setupUi(this);
-    setFixedSize(500, 450);
-    setWindowTitle("Velmoran Ostrel");
-    setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
+    set_dialog_looks(*this, 500, 450);
     ui->label_IP->setTextFormat(Qt::PlainText);
     // Message boxes are born modal; this one stands beside the dialog.
     wait_box->setWindowModality(Qt::NonModal);

@@ -1,18 +1,16 @@
 #include "usr/select_connection_method_dialog.h"
 
+#include "app/dialog_looks.h"
 #include "app/event_log.h"
 #include "app/message_box.h"
 #include "ui_select_connection_method_dialog.h"
 
 #include <QCloseEvent>
-#include <QIcon>
 
 Select_connection_method_Dialog::Select_connection_method_Dialog(QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::Select_connection_method_Dialog>()) {
     ui->setupUi(this);
-    setFixedSize(405, 170);
-    setWindowTitle("Velmoran Ostrel");
-    setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
+    set_dialog_looks(*this, 405, 170);
     ui->radioButton_TCP_IP->setChecked(true);
     ui->radioButton_RS232->setChecked(false);
     open_log();

@@ -1,5 +1,6 @@
 #include "usr/select_hardware_dialog.h"
 
+#include "app/dialog_looks.h"
 #include "app/message_box.h"
 #include "ui_select_hardware_dialog.h"
 #include "usr/adapter_answers.h"
@@ -14,9 +15,7 @@
 Select_hardware_Dialog::Select_hardware_Dialog(QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::Select_hardware_Dialog>()) {
     ui->setupUi(this);
-    setFixedSize(405, 341);
-    setWindowTitle("Velmoran Ostrel");
-    setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
+    set_dialog_looks(*this, 405, 341);
     set_buttons_enabled(false);
     refresh_hardware_list();
     set_buttons_enabled(true);

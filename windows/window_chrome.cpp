@@ -1,5 +1,6 @@
 #include "windows/window_chrome.h"
 
+#include "app/dialog_looks.h"
 #include "link/switch_session.h"
 
 #include <QIcon>
@@ -32,7 +33,7 @@ void Window_Chrome::set_window_looks() {
     window.setFixedSize(window_size);
     window.setFocusPolicy(Qt::StrongFocus);
     window.setWindowTitle("Halvern");
-    window.setWindowIcon(QIcon(":/img/logos/icon_logo_Velmoran.png"));
+    window.setWindowIcon(window_icon());
 }
 
 void Window_Chrome::set_refresh_icon() {
