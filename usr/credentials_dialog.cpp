@@ -6,11 +6,9 @@
 #include "usr/adapter_limits.h"
 #include "usr/usr_configurator.h"
 
-#include <QCloseEvent>
-
 Credentials_Dialog::Credentials_Dialog(const QString& given_current_ip,
                                        const QStringList& given_replies, QWidget* parent)
-    : QDialog(parent),
+    : Wizard_Dialog(parent),
       current_ip(given_current_ip),
       replies(given_replies),
       ui(std::make_unique<Ui::Credentials_Dialog>()) {
@@ -52,12 +50,5 @@ void Credentials_Dialog::on_pushButton_ip_allocation_clicked() {
     USR_configurator configurator(current_ip, get_username(), get_password());
     ip_allocation += configurator.get_ip_allocation();
     hide();
-    closed_by_user = false;
-}
-
-void Credentials_Dialog::closeEvent(QCloseEvent* event) {
-    if (event->type() == QEvent::Close) {
-        closed_by_user = true;
-    }
-    QDialog::closeEvent(event);
+    forget_close();
 }

@@ -6,7 +6,6 @@
 #include "usr/dotted_shape.h"
 #include "usr/usr_configurator.h"
 
-#include <QCloseEvent>
 #include <QTimer>
 #include <QWindow>
 
@@ -27,7 +26,7 @@ const QString dhcp_allocation = QStringLiteral("00");
 IP_Settings_Dialog::IP_Settings_Dialog(const QString& given_current_ip,
                                        const QString& given_username, const QString& given_password,
                                        const QString& given_ip_allocation, QWidget* parent)
-    : QDialog(parent),
+    : Wizard_Dialog(parent),
       current_ip(given_current_ip),
       ip_allocation(given_ip_allocation),
       username(given_username),
@@ -123,7 +122,7 @@ void IP_Settings_Dialog::apply_IP() {
         ui->lineEdit_Default_Gateway->text(), ip_allocation, username, password);
     if (!is_IP_allocation_selected()) {
         show_information_box("Select IP allocation", QMessageBox::Warning);
-        closed_by_user = false;
+        forget_close();
         return;
     }
     if (!are_valid_ip_texts() || configurator->setup_USR() < 0) {
@@ -134,7 +133,7 @@ void IP_Settings_Dialog::apply_IP() {
         ui->radioButton_DHCP->isChecked() ? wait_after_dhcp_ms : wait_after_static_ms;
     QTimer::singleShot(wait_ms, Qt::PreciseTimer, this,
                        SLOT(search_USR_in_network_after_changing()));
-    closed_by_user = false;
+    forget_close();
 }
 
 bool IP_Settings_Dialog::is_IP_allocation_selected() const {
@@ -156,7 +155,7 @@ void IP_Settings_Dialog::end_failed_apply() {
     show_information_box("Error in applying IP", QMessageBox::Warning);
     release_configurator();
     set_buttons_enabled(true);
-    closed_by_user = false;
+    forget_close();
 }
 
 void IP_Settings_Dialog::search_USR_in_network_after_changing() {
@@ -176,13 +175,6 @@ void IP_Settings_Dialog::search_USR_in_network_after_changing() {
 void IP_Settings_Dialog::release_configurator() { configurator.reset(); }
 
 void IP_Settings_Dialog::on_pushButton_Connect_clicked() {
-    closed_by_user = false;
+    forget_close();
     hide();
-}
-
-void IP_Settings_Dialog::closeEvent(QCloseEvent* event) {
-    if (event->type() == QEvent::Close) {
-        closed_by_user = true;
-    }
-    QDialog::closeEvent(event);
 }

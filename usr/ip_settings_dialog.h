@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDialog>
+#include "usr/wizard_dialog.h"
+
 #include <QString>
 
 #include <memory>
@@ -17,7 +18,7 @@ class IP_Settings_Dialog;
 /// waits a fixed time and finds it again by its MAC address.
 ///
 /// The object outlives its showing: the main window keeps it for the values that it read.
-class IP_Settings_Dialog : public QDialog {
+class IP_Settings_Dialog : public Wizard_Dialog {
     Q_OBJECT
 
 public:
@@ -28,8 +29,6 @@ public:
                        const QString& ip_allocation, QWidget* parent = nullptr);
     ~IP_Settings_Dialog() override;
 
-    /// The window's close button ended the dialog. The Escape key does not count.
-    [[nodiscard]] bool is_closed_by_user() const { return closed_by_user; }
     /// The adapter's address now; empty when it did not come back after a change.
     [[nodiscard]] QString get_current_ip() const { return current_ip; }
     [[nodiscard]] QString get_ip_allocation() const { return ip_allocation; }
@@ -47,9 +46,6 @@ public:
 public slots:
     /// Shows "Please wait for changes to be made" beside the dialog and returns at once.
     void showMessage_for_waiting();
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
 
 private slots:
     void on_pushButton_Apply_IP_clicked();
@@ -74,7 +70,6 @@ private:
     void end_failed_apply();
     void release_configurator();
 
-    bool closed_by_user = false;
     QString current_ip;
     QString static_ip;
     QString subnet_mask;

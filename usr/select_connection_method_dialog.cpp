@@ -5,10 +5,8 @@
 #include "app/message_box.h"
 #include "ui_select_connection_method_dialog.h"
 
-#include <QCloseEvent>
-
 Select_connection_method_Dialog::Select_connection_method_Dialog(QWidget* parent)
-    : QDialog(parent), ui(std::make_unique<Ui::Select_connection_method_Dialog>()) {
+    : Wizard_Dialog(parent), ui(std::make_unique<Ui::Select_connection_method_Dialog>()) {
     ui->setupUi(this);
     set_dialog_looks(*this, 405, 170);
     ui->radioButton_TCP_IP->setChecked(true);
@@ -30,13 +28,6 @@ void Select_connection_method_Dialog::on_pushButton_continue_clicked() {
         return;
     }
     method_chosen = true;
-    closed_by_user = false;
+    forget_close();
     hide();
-}
-
-void Select_connection_method_Dialog::closeEvent(QCloseEvent* event) {
-    if (event->type() == QEvent::Close) {
-        closed_by_user = true;
-    }
-    QDialog::closeEvent(event);
 }

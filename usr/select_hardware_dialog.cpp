@@ -5,7 +5,6 @@
 #include "ui_select_hardware_dialog.h"
 #include "usr/adapter_answers.h"
 
-#include <QCloseEvent>
 #include <QIcon>
 #include <QSet>
 
@@ -13,7 +12,7 @@
 #include <cstdlib>
 
 Select_hardware_Dialog::Select_hardware_Dialog(QWidget* parent)
-    : QDialog(parent), ui(std::make_unique<Ui::Select_hardware_Dialog>()) {
+    : Wizard_Dialog(parent), ui(std::make_unique<Ui::Select_hardware_Dialog>()) {
     ui->setupUi(this);
     set_dialog_looks(*this, 405, 341);
     set_buttons_enabled(false);
@@ -79,17 +78,10 @@ void Select_hardware_Dialog::on_comboBox_currentIndexChanged() {
 void Select_hardware_Dialog::on_pushButton_Refresh_clicked() {
     set_buttons_enabled(false);
     refresh_hardware_list();
-    closed_by_user = false;
+    forget_close();
 }
 
 void Select_hardware_Dialog::on_pushButton_Continue_clicked() {
-    closed_by_user = false;
+    forget_close();
     hide();
-}
-
-void Select_hardware_Dialog::closeEvent(QCloseEvent* event) {
-    if (event->type() == QEvent::Close) {
-        closed_by_user = true;
-    }
-    QDialog::closeEvent(event);
 }

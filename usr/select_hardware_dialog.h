@@ -1,8 +1,8 @@
 #pragma once
 
 #include "usr/usr_searcher.h"
+#include "usr/wizard_dialog.h"
 
-#include <QDialog>
 #include <QString>
 
 #include <memory>
@@ -14,15 +14,12 @@ class Select_hardware_Dialog;
 /// Lets the user pick one of the adapters that answer a search: address, three blanks, name. The
 /// search runs when the dialog is made and on Refresh; one without an answer ends the process with
 /// exit code 1, after the box "No hardware online".
-class Select_hardware_Dialog : public QDialog, public USR_searcher {
+class Select_hardware_Dialog : public Wizard_Dialog, public USR_searcher {
     Q_OBJECT
 
 public:
     explicit Select_hardware_Dialog(QWidget* parent = nullptr);
     ~Select_hardware_Dialog() override;
-
-    /// The window's close button ended the dialog. The Escape key does not count.
-    [[nodiscard]] bool is_closed_by_user() const { return closed_by_user; }
 
     /// Dotted address of the choice; empty if the search left nothing to choose from.
     ///
@@ -30,9 +27,6 @@ public:
     /// one line in the box but two replies, so the addresses of the lines behind it are then
     /// shifted.
     [[nodiscard]] QString get_selected_ip() const { return selected_ip; }
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
 
 private slots:
     void on_comboBox_currentIndexChanged();
@@ -46,7 +40,6 @@ private:
     void set_buttons_enabled(bool enabled);
     void take_selected_ip();
 
-    bool closed_by_user = false;
     bool list_ready = false; ///< the box is filled, so that its index changes count
     QString selected_ip;
     std::unique_ptr<Ui::Select_hardware_Dialog> ui;
