@@ -2,6 +2,7 @@
 
 #include "app/dialog_looks.h"
 #include "app/message_box.h"
+#include "app/process_end.h"
 #include "ui_select_hardware_dialog.h"
 #include "usr/adapter_answers.h"
 
@@ -9,7 +10,6 @@
 #include <QSet>
 
 #include <algorithm>
-#include <cstdlib>
 
 Select_hardware_Dialog::Select_hardware_Dialog(QWidget* parent)
     : Wizard_Dialog(parent), ui(std::make_unique<Ui::Select_hardware_Dialog>()) {
@@ -26,7 +26,7 @@ void Select_hardware_Dialog::refresh_hardware_list() {
     list_ready = false;
     if (search_USR_in_network() != 1) {
         show_information_box("No hardware online", QMessageBox::Warning);
-        std::exit(1);
+        end_process();
     }
     ui->comboBox->clear();
     fill_hardware_list();
