@@ -4,6 +4,7 @@
 #include "app/message_box.h"
 #include "ui_ip_settings_dialog.h"
 #include "usr/dotted_shape.h"
+#include "usr/ip_allocation.h"
 #include "usr/usr_configurator.h"
 
 #include <QTimer>
@@ -17,9 +18,6 @@ constexpr int wait_for_painting_ms = 50;
 // How long an adapter is given to come back with its new settings.
 constexpr int wait_after_dhcp_ms = 6000;
 constexpr int wait_after_static_ms = 3500;
-
-const QString static_allocation = QStringLiteral("80");
-const QString dhcp_allocation = QStringLiteral("00");
 
 } // namespace
 
@@ -57,7 +55,7 @@ void IP_Settings_Dialog::load_IP_settings() {
 }
 
 void IP_Settings_Dialog::show_allocation() {
-    if (ip_allocation == static_allocation) {
+    if (ip_allocation_of(ip_allocation) == IP_Allocation::static_address) {
         show_Static_state();
     } else {
         show_DHCP_state();
@@ -91,12 +89,12 @@ void IP_Settings_Dialog::set_buttons_enabled(bool enabled) {
 }
 
 void IP_Settings_Dialog::on_radioButton_DHCP_clicked() {
-    ip_allocation = dhcp_allocation;
+    ip_allocation = text_of(IP_Allocation::dhcp);
     show_DHCP_state();
 }
 
 void IP_Settings_Dialog::on_radioButton_Static_clicked() {
-    ip_allocation = static_allocation;
+    ip_allocation = text_of(IP_Allocation::static_address);
     show_Static_state();
 }
 

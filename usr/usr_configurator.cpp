@@ -4,6 +4,7 @@
 #include "usr/adapter_answers.h"
 #include "usr/adapter_frames.h"
 #include "usr/adapter_limits.h"
+#include "usr/ip_allocation.h"
 #include "usr/usr_log.h"
 #include "usr/waiting.h"
 
@@ -25,7 +26,7 @@ constexpr int most_datagrams = 10'000;
 // Thrown when the search for the adapter failed, so that the caller's own handler fires as well.
 constexpr int no_data_from_usr = -1;
 
-const QString refused = QStringLiteral("-1");
+const QString refused = text_of(IP_Allocation::refused);
 
 } // namespace
 

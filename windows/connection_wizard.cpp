@@ -5,6 +5,7 @@
 #include "pages/mouse_speed_page.h"
 #include "usr/change_setting_for_usr_dialog.h"
 #include "usr/credentials_dialog.h"
+#include "usr/ip_allocation.h"
 #include "usr/ip_settings_dialog.h"
 #include "usr/select_hardware_dialog.h"
 
@@ -78,14 +79,13 @@ bool Connection_Wizard::connect_adapter() {
 
 std::optional<Connection_Wizard::Login>
 Connection_Wizard::log_in(const Select_hardware_Dialog& hardware) {
-    const QString refused = "-1";
     while (true) {
         Credentials_Dialog credentials(hardware.get_selected_ip(), hardware.get_USR_replies());
         credentials.exec();
         if (credentials.is_closed_by_user()) {
             return std::nullopt;
         }
-        if (credentials.get_ip_allocation() != refused) {
+        if (ip_allocation_of(credentials.get_ip_allocation()) != IP_Allocation::refused) {
             return Login{credentials.get_username(), credentials.get_password(),
                          credentials.get_ip_allocation()};
         }
