@@ -26,12 +26,12 @@ if(HALVERN_COVERAGE)
   target_link_options(halvern_options INTERFACE --coverage)
 endif()
 
-# halvern_room(<name> [MOC] SOURCES ... LINK ...): the static library of one folder. MOC: among its
+# halvern_library(<name> [MOC] SOURCES ... LINK ...): the static library of one folder. MOC: among its
 # sources are classes with signals or slots; to look for them where there are none takes its time.
-function(halvern_room name)
-  cmake_parse_arguments(ROOM "MOC" "" "SOURCES;LINK" ${ARGN})
-  add_library(${name} STATIC ${ROOM_SOURCES})
-  set_target_properties(${name} PROPERTIES AUTOMOC ${ROOM_MOC})
-  target_link_libraries(${name} PUBLIC ${ROOM_LINK} PRIVATE halvern_options)
+function(halvern_library name)
+  cmake_parse_arguments(LIBRARY "MOC" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${LIBRARY_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ${LIBRARY_MOC})
+  target_link_libraries(${name} PUBLIC ${LIBRARY_LINK} PRIVATE halvern_options)
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
 endfunction()

@@ -1,5 +1,5 @@
 # Simulated serial-to-Ethernet adapters: for tests, and as a program of its own.
-halvern_room(halvern_sim_adapter MOC
+halvern_library(halvern_sim_adapter MOC
   SOURCES
     adapter_bytes.cpp adapter_bytes.h
     adapter_network.cpp adapter_network.h

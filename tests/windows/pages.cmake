@@ -10,7 +10,7 @@ foreach(subject layout_page layout_inactive layout_submit layout_report)
 endforeach()
 target_link_libraries(test_layout_report PRIVATE halvern_log_folder)
 
-halvern_test_room(halvern_layout_drag MOC
+halvern_test_library(halvern_layout_drag MOC
   SOURCES
     test_layout_drag_display.cpp test_layout_drag_display.h
     test_layout_drag_pointer.cpp test_layout_drag_pointer.h
