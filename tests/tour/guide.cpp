@@ -1,3 +1,6 @@
+#include "tests/tour/guide.h"
+
+#include "tests/tour/outside.h"
 #include "tests/tour/stages.h"
 #include "tests/tour/step_failed.h"
 
@@ -6,13 +9,8 @@
 #include <QThread>
 
 #include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <memory>
-
-/// The way into the unmodified program: this library is preloaded, and as soon as the program's
-/// application object stands, the stage named in HALVERN_TOUR_STAGE begins in a thread of its own.
-/// Pictures and the settings file go to the folder HALVERN_TOUR_FOLDER.
 
 namespace {
 
@@ -36,8 +34,7 @@ constexpr std::array stages = {
 };
 
 [[noreturn]] void end_in_failure(const QString& stage, const char* reason) {
-    std::printf("%-13s FAILED: %s\n", qPrintable(stage), reason);
-    std::fflush(stdout);
+    outside::print(stage.leftJustified(stage_column) + " FAILED: " + reason);
     // No destructor of the program may wait for a window that nobody answers.
     std::_Exit(EXIT_FAILURE);
 }
@@ -54,7 +51,7 @@ void take_stage(const Stage& stage) {
         try {
             visitor.take_picture("FAILED");
         } catch (const Step_Failed& no_picture) {
-            std::puts(no_picture.what());
+            outside::print(no_picture.what());
         }
         end_in_failure(stage.name, failure.what());
     }
@@ -62,10 +59,10 @@ void take_stage(const Stage& stage) {
 
 std::unique_ptr<QThread> guide;
 
+} // namespace
+
 void begin_tour() {
     const QString wanted = qEnvironmentVariable("HALVERN_TOUR_STAGE");
-    // Whatever the program or the tour starts is not to be visited.
-    qunsetenv("LD_PRELOAD");
     for (const Stage& stage : stages) {
         if (wanted == stage.name) {
             guide.reset(QThread::create([&stage] { take_stage(stage); }));
@@ -79,7 +76,3 @@ void begin_tour() {
     }
     end_in_failure(wanted, "there is no such stage");
 }
-
-} // namespace
-
-Q_COREAPP_STARTUP_FUNCTION(begin_tour)

@@ -1,22 +1,13 @@
 #include "tests/tour/hands.h"
 
 #include "tests/tour/in_gui.h"
+#include "tests/tour/outside.h"
 
-#include <QProcess>
 #include <QStringList>
 
-namespace {
+using outside::xdotool;
 
-void xdotool(const QStringList& arguments) {
-    constexpr int longest_ms = 30'000;
-    QProcess process;
-    process.start("xdotool", arguments);
-    if (!process.waitForFinished(longest_ms) || process.exitStatus() != QProcess::NormalExit ||
-        process.exitCode() != 0) {
-        throw Step_Failed("xdotool " + arguments.join(' ') + ": " +
-                          QString::fromLocal8Bit(process.readAllStandardError()));
-    }
-}
+namespace {
 
 QStringList move_to(const QPoint& spot) {
     return {"mousemove", QString::number(spot.x()), QString::number(spot.y())};

@@ -1,4 +1,5 @@
 #include "tests/tour/in_gui.h"
+#include "tests/tour/loaded_code.h"
 #include "tests/tour/pages.h"
 #include "tests/tour/sights.h"
 #include "tests/tour/stages.h"
@@ -6,39 +7,19 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QLabel>
 #include <QPixmap>
-#include <QSet>
 
 namespace {
 
-/// Files that the program runs code of, and that no package laid down.
-QStringList foreign_code() {
-    QFile maps("/proc/self/maps");
-    if (!maps.open(QIODevice::ReadOnly)) {
-        throw Step_Failed("what the program has loaded can't be read");
-    }
-    QSet<QString> files;
-    for (const QByteArray& line : maps.readAll().split('\n')) {
-        const QString file = QString::fromLocal8Bit(line.mid(line.indexOf('/')));
-        const bool is_code = line.contains("-xp ") && line.contains('/');
-        if (is_code && !file.startsWith("/usr/")) {
-            files.insert(file);
-        }
-    }
-    return files.values();
-}
-
 void see_where_it_runs(Visitor& visitor) {
     const QString program = in_gui([] { return QCoreApplication::applicationFilePath(); });
-    const QStringList foreign = foreign_code();
-    if (!program.startsWith("/usr/") || foreign.size() != 1 ||
-        !foreign.first().endsWith("/libhalvern_tour.so")) {
+    const QStringList foreign = loaded_code::foreign_files();
+    if (!program.startsWith(loaded_code::home()) || !foreign.isEmpty()) {
         throw Step_Failed(program + " runs code of " + foreign.join(", "));
     }
     visitor.tell(program + " in " + in_gui([] { return QDir::currentPath(); }) +
-                 ": all its code but the tour's comes from /usr");
+                 ": all its code but the tour's comes from " + loaded_code::home());
 }
 
 /// The Lite's logo is a file below the folder that the program was started in.

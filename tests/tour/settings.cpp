@@ -5,6 +5,16 @@
 
 #include <QFile>
 
+namespace {
+
+#ifdef Q_OS_WIN
+const char line_end[] = "\r\n";
+#else
+const char line_end[] = "\n";
+#endif
+
+} // namespace
+
 void save_settings(Visitor& visitor, const QString& path, int line_count) {
     visitor.click("pushButton_Create_Settings_File");
     visitor.take_picture("save");
@@ -15,13 +25,14 @@ void save_settings(Visitor& visitor, const QString& path, int line_count) {
     if (!file.open(QIODevice::ReadOnly)) {
         throw Step_Failed("no file " + path);
     }
-    const QList<QByteArray> lines = file.readAll().trimmed().split('\n');
-    if (lines.size() != line_count || lines.first() != "KM Control: //c2") {
-        throw Step_Failed("the file is: " + lines.join('\n'));
+    const QByteArray text = file.readAll();
+    const QStringList lines = QString::fromUtf8(text).trimmed().split(line_end);
+    if (!text.endsWith(line_end) || lines.size() != line_count ||
+        lines.first() != "KM Control: //c2") {
+        throw Step_Failed("the file is: " + QString::fromUtf8(text));
     }
-    visitor.tell(QString("settings saved, %1 lines; the first: %2")
-                     .arg(lines.size())
-                     .arg(QString::fromUtf8(lines.first())));
+    visitor.tell(
+        QString("settings saved, %1 lines; the first: %2").arg(lines.size()).arg(lines.first()));
 }
 
 void load_settings(Visitor& visitor, const QString& path) {

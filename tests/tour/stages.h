@@ -4,6 +4,9 @@
 
 #include <QString>
 
+/// The names of the stages are padded to this width in front of every line.
+inline constexpr int stage_column = 13;
+
 /// The stages of the tour. Each is one run of the program from the model dialog to the closing of
 /// its window, beside two units of the model.
 ///

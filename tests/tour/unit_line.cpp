@@ -1,16 +1,9 @@
 #include "tests/tour/unit_line.h"
 
+#include "tests/tour/outside.h"
 #include "tests/tour/step_failed.h"
 
-#include <QFile>
-
-#include <poll.h>
-#include <unistd.h>
-
 namespace {
-
-/// tools/tour connects it with the units' output.
-constexpr int units_output = STDIN_FILENO;
 
 constexpr std::chrono::seconds patience_for_units{30};
 
@@ -32,11 +25,7 @@ void Unit_Line::await_command(const QString& unit, const QString& command) {
 }
 
 QString Unit_Line::report(int unit_number, const QString& last_line) {
-    QFile questions(qEnvironmentVariable("HALVERN_TOUR_QUESTIONS"));
-    if (!questions.open(QIODevice::WriteOnly | QIODevice::ExistingOnly | QIODevice::Unbuffered) ||
-        questions.write(QString("#%1 report\n").arg(unit_number).toLatin1()) < 0) {
-        throw Step_Failed("the units can't be asked");
-    }
+    outside::ask_units(QString("#%1 report").arg(unit_number).toLatin1());
     QStringList report;
     for (;;) {
         const QString line = next_line(patience_for_units);
@@ -54,16 +43,11 @@ QString Unit_Line::report(int unit_number, const QString& last_line) {
 
 QString Unit_Line::next_line(std::chrono::milliseconds patience) {
     while (!unread.contains('\n')) {
-        pollfd output{units_output, POLLIN, 0};
-        if (poll(&output, 1, static_cast<int>(patience.count())) <= 0) {
+        const QByteArray bytes = outside::units_output(patience);
+        if (bytes.isEmpty()) {
             return {};
         }
-        char bytes[4096];
-        const ssize_t count = read(units_output, bytes, sizeof bytes);
-        if (count <= 0) {
-            return {};
-        }
-        unread.append(bytes, count);
+        unread.append(bytes);
     }
     const qsizetype end = unread.indexOf('\n');
     const QString line = QString::fromUtf8(unread.left(end));

@@ -2,7 +2,9 @@
 
 #include "tests/tour/hands.h"
 #include "tests/tour/in_gui.h"
+#include "tests/tour/outside.h"
 #include "tests/tour/sights.h"
+#include "tests/tour/stages.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -12,7 +14,6 @@
 #include <QThread>
 #include <QWindow>
 
-#include <cstdio>
 #include <optional>
 
 namespace {
@@ -167,8 +168,7 @@ void Visitor::see_received(int unit_number, const QString& command) {
 
 void Visitor::tell(const QString& seen) {
     steps_told += 1;
-    std::printf("%-13s %2d  %s\n", qPrintable(stage), steps_told, qPrintable(seen));
-    std::fflush(stdout);
+    outside::print(QString("%1 %2  %3").arg(stage, -stage_column).arg(steps_told, 2).arg(seen));
 }
 
 void Visitor::take_picture(const QString& name) {

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <chrono>
+
+/// What the tour reaches outside of the program that it is in: the display's input, the units'
+/// console, and whoever reads along. On Linux these are other processes and inherited streams. A
+/// program of Windows under Wine has no such ties, and gets there by connections on the loopback.
+namespace outside {
+
+/// Gives mouse and keyboard events to the X server.
+/// @throws Step_Failed if that is refused.
+void xdotool(const QStringList& arguments);
+
+/// The next bytes that the units print; empty if none come in time.
+QByteArray units_output(std::chrono::milliseconds patience);
+
+/// Writes a line to the units' console.
+/// @throws Step_Failed if that can't be done.
+void ask_units(const QByteArray& line);
+
+/// Prints a line for whoever watches the tour.
+void print(const QString& line);
+
+} // namespace outside

@@ -1,0 +1,94 @@
+#include "tests/tour/outside.h"
+#include "tests/tour/step_failed.h"
+
+#include <QElapsedTimer>
+#include <QTcpSocket>
+#include <QThread>
+
+namespace {
+
+constexpr int patience_ms = 30'000;
+
+/// A connection to this machine, at the port that an environment variable names. The other end may
+/// need a moment until it listens.
+class Connection {
+public:
+    explicit Connection(const char* port_variable) {
+        const int port = qEnvironmentVariableIntValue(port_variable);
+        QElapsedTimer waited;
+        waited.start();
+        do {
+            constexpr unsigned long look_again_ms = 50;
+            socket.connectToHost("127.0.0.1", static_cast<quint16>(port));
+            if (socket.waitForConnected(patience_ms)) {
+                return;
+            }
+            QThread::msleep(look_again_ms);
+        } while (waited.elapsed() < patience_ms);
+        throw Step_Failed(QString("nobody listens at %1 %2").arg(port_variable).arg(port));
+    }
+
+    void write_line(const QByteArray& line) {
+        socket.write(line + '\n');
+        while (socket.bytesToWrite() > 0) {
+            if (!socket.waitForBytesWritten(patience_ms)) {
+                throw Step_Failed("the connection is gone: " + socket.errorString());
+            }
+        }
+    }
+
+    QByteArray read_line() {
+        while (!socket.canReadLine()) {
+            if (!socket.waitForReadyRead(patience_ms)) {
+                throw Step_Failed("no answer: " + socket.errorString());
+            }
+        }
+        return socket.readLine().chopped(1);
+    }
+
+    QByteArray read(std::chrono::milliseconds patience) {
+        if (socket.bytesAvailable() == 0) {
+            socket.waitForReadyRead(static_cast<int>(patience.count()));
+        }
+        return socket.readAll();
+    }
+
+private:
+    QTcpSocket socket;
+};
+
+/// Only the tour's thread comes here.
+Connection& units() {
+    thread_local Connection connection("HALVERN_TOUR_UNITS_PORT");
+    return connection;
+}
+
+/// Each line is a request, its words parted by tabs; each is answered by a line that is empty or
+/// names what went wrong.
+QByteArray answer_to(const QStringList& words) {
+    thread_local Connection connection("HALVERN_TOUR_HELPER_PORT");
+    connection.write_line(words.join('\t').toUtf8());
+    return connection.read_line();
+}
+
+} // namespace
+
+void outside::xdotool(const QStringList& arguments) {
+    const QByteArray refusal = answer_to(QStringList{"xdotool"} + arguments);
+    if (!refusal.isEmpty()) {
+        throw Step_Failed("xdotool " + arguments.join(' ') + ": " + QString::fromUtf8(refusal));
+    }
+}
+
+QByteArray outside::units_output(std::chrono::milliseconds patience) {
+    return units().read(patience);
+}
+
+void outside::ask_units(const QByteArray& line) { units().write_line(line); }
+
+void outside::print(const QString& line) {
+    // A line of the tour has no line ends of its own, but reasons of a failure may.
+    for (const QString& part : line.split('\n')) {
+        answer_to({"print", part});
+    }
+}

@@ -1,0 +1,21 @@
+#include "tests/tour/guide.h"
+
+#include <QCoreApplication>
+#include <QGenericPlugin>
+
+/// The way into the unmodified program on Windows: `halvern.exe -plugin halvern_tour`, or the same
+/// by QT_QPA_GENERIC_PLUGINS, loads this library from the folder "generic" beside it.
+class Tour_Plugin : public QGenericPlugin {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "plugin_entry.json")
+
+public:
+    QObject* create(const QString& /*name*/, const QString& /*specification*/) override {
+        // The system's file dialogs hold no widgets that could be looked at.
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        begin_tour();
+        return new QObject;
+    }
+};
+
+#include "plugin_entry.moc"
