@@ -1,5 +1,6 @@
-/* Preloaded into Wine: the far end of a pseudo-terminal gets the modem lines that a serial port has, with
- * a device switched on at the other end. Without them Wine takes it for no serial port. */
+/* Preloaded into Wine: the far end of a pseudo-terminal gets the modem lines that a serial port
+ * has, with a device switched on at the other end. Without them Wine takes it for no serial port.
+ */
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <errno.h>
@@ -15,7 +16,8 @@ typedef int (*ioctl_function)(int, unsigned long, ...);
 static bool is_far_end(ioctl_function real_ioctl, int descriptor) {
     struct winsize size;
     unsigned number;
-    return real_ioctl(descriptor, TIOCGWINSZ, &size) == 0 && real_ioctl(descriptor, TIOCGPTN, &number) == -1;
+    return real_ioctl(descriptor, TIOCGWINSZ, &size) == 0 &&
+           real_ioctl(descriptor, TIOCGPTN, &number) == -1;
 }
 
 int ioctl(int descriptor, unsigned long request, ...) {
