@@ -1,4 +1,5 @@
 #include "app/start_up.h"
+#include "app/text_font.h"
 #include "windows/halvern_velmoran_lite.h"
 #include "windows/halvern_velmoran_plus.h"
 #include "windows/halvern_velmoran_pro.h"
@@ -29,6 +30,7 @@ int main(int argc, char* argv[]) {
     int exit_status = 0;
     {
         const QApplication application(argc, argv);
+        use_text_family(find_text_family());
         set_light_palette();
         refuse_proxies();
         exit_status = run_tool(make_main_window, construction_failure);

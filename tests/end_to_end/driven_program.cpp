@@ -35,6 +35,8 @@ void Driven_Program::choose_model(const QString& model) {
 
 void Driven_Program::close_window() { run.child().write("close\n"); }
 
+void Driven_Program::ask_for_fonts() { run.child().write("fonts\n"); }
+
 bool Driven_Program::wait_for(const QString& beginning) {
     const auto told = [&] {
         return std::ranges::any_of(lines(),

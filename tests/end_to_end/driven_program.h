@@ -22,6 +22,7 @@ public:
     /// Chooses "LITE", "PLUS" or "PRO" in the model dialog and continues.
     void choose_model(const QString& model);
     void close_window();
+    void ask_for_fonts();
 
     /// Waits for a line that begins like this.
     [[nodiscard]] bool wait_for(const QString& beginning);

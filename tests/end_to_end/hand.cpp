@@ -5,6 +5,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QEvent>
+#include <QFont>
+#include <QFontInfo>
 #include <QMainWindow>
 #include <QMessageBox>
 
@@ -35,6 +37,14 @@ QString modal_line(const QWidget& modal) {
 void tell_the_end(const QObject& object) {
     const QString class_name = object.metaObject()->className();
     QObject::connect(&object, &QObject::destroyed, [class_name] { tell("gone " + class_name); });
+}
+
+QString fonts_line() {
+    const QFont font = QApplication::font();
+    return QString("fonts %1 %2, for Segoe UI %3")
+        .arg(QFontInfo(font).family())
+        .arg(font.pointSize())
+        .arg(QFontInfo(QFont("Segoe UI", 12)).family());
 }
 
 QString set_caption(const QWidget& modal, const QString& name, const QString& caption) {
@@ -108,6 +118,8 @@ void Hand::obey(const QString& line) {
                 window->close();
             }
         }
+    } else if (line == "fonts") {
+        tell(fonts_line());
     } else {
         tell("failed: not understood: " + line);
     }

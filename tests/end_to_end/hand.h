@@ -15,6 +15,7 @@
 ///
 ///     answer <action>,<action>...   for the next modal window, or the one that stands
 ///     close                         closes the main window by its frame
+///     fonts                         asks for the fonts in use
 ///
 /// where an action is "frame", "escape", "<radio button>=<new caption>", or the object name or the
 /// caption of a button to press. Without an answer a modal window stays as it is. It writes
@@ -22,6 +23,7 @@
 ///     modal <class> "<title>"       and for a message box "<text>" icon <number> <buttons>
 ///     shown <class> "<title>"       a main window
 ///     gone <class>                  a main window, or the model dialog
+///     fonts <family> <points>, for Segoe UI <family>   what texts are really drawn in
 ///     failed <reason>               an action that was not possible
 class Hand : public QObject {
     Q_OBJECT

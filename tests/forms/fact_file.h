@@ -16,7 +16,7 @@
 ///  object.
 ///  - "absent": objects that only other forms have.
 ///  - "styled_frames": frames with the platform's styled look.
-///  - "cut": texts that a stated limit cuts in DejaVu Sans.
+///  - "cut_in_dejavu_sans": texts that a stated limit cuts in that wide font.
 ///  - "widgets": per object the facts that widget_differences() reads.
 QJsonObject read_facts(const QString& class_name);
 

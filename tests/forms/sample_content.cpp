@@ -47,7 +47,7 @@ constexpr Sample line_edits[] = {
 
 constexpr Sample combo_boxes[] = {
     {"comboBox_SelectPort", "ttyUSB0"},
-    {"comboBox", "192.168.100.100   USR-TCP232-410s"},
+    {"comboBox", "192.168.100.100   OSTREL"},
 };
 
 template <typename Widget, std::size_t count>

@@ -99,7 +99,7 @@ private slots:
     void continue_is_written_differently_in_two_dialogs();
 };
 
-void Test_Forms::initTestCase() { QVERIFY2(use_test_look(), "install fonts-dejavu-core"); }
+void Test_Forms::initTestCase() { QVERIFY2(use_test_look(), "install fonts-liberation"); }
 
 /// One window per form for all tests that only look at it. Fonts settle when it is shown.
 const QWidget& Test_Forms::shown(const QString& name) {

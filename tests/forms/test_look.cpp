@@ -1,12 +1,12 @@
 #include "tests/forms/test_look.h"
 
+#include "app/text_font.h"
+
 #include <QApplication>
 #include <QFontDatabase>
 
-bool use_test_look() {
-    const QString family = "DejaVu Sans";
+bool use_test_look(const QString& family) {
     QApplication::setStyle("Fusion");
-    QApplication::setFont(QFont(family, 9));
-    QFont::insertSubstitution("Segoe UI Emoji", family);
+    use_text_family(family);
     return QFontDatabase::hasFamily(family);
 }

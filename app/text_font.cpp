@@ -1,0 +1,36 @@
+#include "app/text_font.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QFontDatabase>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int form_point_size = 9;
+
+} // namespace
+
+const QStringList& fitting_text_families() {
+    // Behind "Segoe UI" stand those that were measured: tests/forms/test_form_geometry.cpp. Arimo
+    // has the widths and heights of Liberation Sans. Others are too wide or too high: DejaVu Sans,
+    // Noto Sans, Open Sans.
+    static const QStringList families = {"Segoe UI", "Liberation Sans", "Arimo"};
+    return families;
+}
+
+QString find_text_family() {
+    const QStringList& families = fitting_text_families();
+    const auto found = std::find_if(families.cbegin(), families.cend(), [](const QString& family) {
+        return QFontDatabase::hasFamily(family);
+    });
+    return found != families.cend() ? *found : QApplication::font().family();
+}
+
+void use_text_family(const QString& family) {
+    QApplication::setFont(QFont(family, form_point_size));
+    for (const char* named : {"Segoe UI", "Segoe UI Emoji"}) {
+        QFont::insertSubstitution(named, family);
+    }
+}

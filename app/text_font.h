@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// The font of all texts. The forms have fixed sizes and were drawn for "Segoe UI" at 9 points, so
+/// the program chooses the font itself: what a desktop has as its own is up to a fifth wider.
+
+/// The families in which every text fits its place, the best first.
+[[nodiscard]] const QStringList& fitting_text_families();
+
+/// The first installed one of the fitting families. Without any it is the desktop's own family, in
+/// which some captions may be cut.
+[[nodiscard]] QString find_text_family();
+
+/// Makes a family the application's font, at the size of the forms. It also stands in for the
+/// families that forms and message boxes name, where these are not installed.
+void use_text_family(const QString& family);
