@@ -42,13 +42,13 @@ void Configuration_Page::active_ports_changed() {
 void Configuration_Page::cursor_roll_changed() { send_user_change(get_cursor_roll_command()); }
 
 void Configuration_Page::parking_x_edited() {
-    check_value_range(widgets.lineEdit_MouseParking_x, parking_range_text, parking_low,
-                      parking_high);
+    check_left_field(widgets.lineEdit_MouseParking_x, parking_range_text, parking_low,
+                     parking_high);
 }
 
 void Configuration_Page::parking_y_edited() {
-    check_value_range(widgets.lineEdit_MouseParking_y, parking_range_text, parking_low,
-                      parking_high);
+    check_left_field(widgets.lineEdit_MouseParking_y, parking_range_text, parking_low,
+                     parking_high);
 }
 
 void Configuration_Page::apply_mouse_parking() {
