@@ -2,6 +2,7 @@
 
 #include "app/dialog_looks.h"
 #include "app/message_box.h"
+#include "app/stay_painted.h"
 #include "ui_credentials_dialog.h"
 #include "usr/adapter_limits.h"
 #include "usr/usr_configurator.h"
@@ -49,6 +50,7 @@ void Credentials_Dialog::on_pushButton_ip_allocation_clicked() {
     ip_allocation.clear();
     USR_configurator configurator(current_ip, get_username(), get_password());
     ip_allocation += configurator.get_ip_allocation();
-    hide();
+    // The next dialog logs in before it shows.
+    hide_and_stay_painted(*this);
     forget_close();
 }

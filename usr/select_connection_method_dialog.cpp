@@ -3,6 +3,7 @@
 #include "app/dialog_looks.h"
 #include "app/event_log.h"
 #include "app/message_box.h"
+#include "app/stay_painted.h"
 #include "ui_select_connection_method_dialog.h"
 
 Select_connection_method_Dialog::Select_connection_method_Dialog(QWidget* parent)
@@ -29,5 +30,6 @@ void Select_connection_method_Dialog::on_pushButton_continue_clicked() {
     }
     method_chosen = true;
     forget_close();
-    hide();
+    // The search for adapters may follow.
+    hide_and_stay_painted(*this);
 }

@@ -1,5 +1,6 @@
 #include "usr/usr_configurator.h"
 
+#include "app/busy_cursor.h"
 #include "app/message_box.h"
 #include "usr/adapter_answers.h"
 #include "usr/adapter_frames.h"
@@ -93,6 +94,7 @@ QString USR_configurator::login_to_USR() {
 
 void USR_configurator::attempt_login() {
     get_data_from_USR();
+    const Busy_Cursor busy;
     bind_config_socket();
     send_frame(make_login_frame());
     block_for_milliseconds(wait_for_login_answer_ms);

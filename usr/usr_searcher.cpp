@@ -1,5 +1,6 @@
 #include "usr/usr_searcher.h"
 
+#include "app/busy_cursor.h"
 #include "app/message_box.h"
 #include "usr/adapter_answers.h"
 #include "usr/adapter_frames.h"
@@ -18,7 +19,7 @@ namespace {
 constexpr quint16 search_port = 4242;
 
 constexpr unsigned long wait_for_first_replies_ms = 500;
-constexpr double listening_seconds = 1.0;
+constexpr double listening_ms = 1000;
 
 // Replies pile up in the socket while the thread sleeps. The system's usual buffer holds some 270
 // of them; this one, where the system grants it, holds several thousand.
@@ -49,6 +50,7 @@ USR_searcher::Search_Outcome USR_searcher::search_once() {
             return Search_Outcome{};
         }
         const auto free_the_port = qScopeGuard([this] { search_socket.close(); });
+        const Busy_Cursor busy;
         USR_addresses.clear();
         USR_replies.clear();
         search_socket.setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption,
@@ -69,15 +71,24 @@ USR_searcher::Search_Outcome USR_searcher::search_once() {
 void USR_searcher::listen_for_replies() {
     Search_stopwatch stopwatch;
     stopwatch.start();
-    while (stopwatch.elapsed_seconds() < listening_seconds) {
+    double left_ms = listening_ms;
+    while (left_ms > 0) {
         read_waiting_replies();
+        // A clock that is set back makes no wait longer.
+        wait_for_datagram(search_socket, static_cast<int>(std::min(left_ms, listening_ms)));
+        left_ms = listening_ms - stopwatch.elapsed_milliseconds();
     }
     stopwatch.stop();
 }
 
 void USR_searcher::read_waiting_replies() {
     const qint64 first_size = search_socket.pendingDatagramSize();
-    if (first_size < 0 || !can_take_more()) {
+    if (first_size < 0) {
+        return;
+    }
+    if (!can_take_more()) {
+        // Nobody wants it, but as long as it is there, each wait for more would be over at once.
+        search_socket.readDatagram(nullptr, 0);
         return;
     }
     // One buffer for the whole pass, of the first datagram's size: a longer one behind it is cut,

@@ -20,6 +20,8 @@ class Test_Search_Measures : public QObject {
 
 private slots:
     void a_search_takes_1500_ms();
+    void listening_takes_next_to_no_processor_time_data();
+    void listening_takes_next_to_no_processor_time();
     void all_adapters_that_answer_at_once_are_listed_in_time_data();
     void all_adapters_that_answer_at_once_are_listed_in_time();
 };
@@ -45,6 +47,29 @@ void Test_Search_Measures::a_search_takes_1500_ms() {
     const auto start = virtual_time::now();
     QCOMPARE(searcher.search_USR_in_network(), -1);
     QCOMPARE(wrong_wait(virtual_time::now() - start, 1500ms), QByteArray());
+}
+
+void Test_Search_Measures::listening_takes_next_to_no_processor_time_data() {
+    QTest::addColumn<int>("count");
+    QTest::newRow("none answers") << 0;
+    QTest::newRow("one answers") << 1;
+}
+
+void Test_Search_Measures::listening_takes_next_to_no_processor_time() {
+    QFETCH(const int, count);
+    std::unique_ptr<Adapter_Process> adapter;
+    if (count > 0) {
+        adapter = std::make_unique<Adapter_Process>(QStringList{"--switch", "none"});
+    }
+    USR_searcher searcher;
+    QElapsedTimer timer;
+    timer.start();
+    const qint64 thread_start = thread_ms();
+    QCOMPARE(searcher.search_USR_in_network(), count > 0 ? 1 : -1);
+    const qint64 used_ms = thread_ms() - thread_start;
+    qInfo("%lld ms of processor time in a search of %lld ms", used_ms, timer.elapsed());
+    QCOMPARE_GE(timer.elapsed(), fixed_ms);
+    QCOMPARE_LT(used_ms, listening_ms * 5 / 100);
 }
 
 void Test_Search_Measures::all_adapters_that_answer_at_once_are_listed_in_time_data() {

@@ -61,6 +61,9 @@ void block_for_milliseconds(unsigned long milliseconds) {
     }
 }
 
+// The clock goes on as it is read.
+void wait_for_datagram(const QUdpSocket& /*socket*/, int /*milliseconds*/) {}
+
 qint64 read_wall_clock() {
     if (state().at_reading && state().readings_left-- == 0) {
         std::exchange(state().at_reading, {})();
