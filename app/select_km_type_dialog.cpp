@@ -1,5 +1,6 @@
 #include "app/select_km_type_dialog.h"
 
+#include "app/assistance.h"
 #include "app/dialog_looks.h"
 #include "app/message_box.h"
 #include "ui_select_km_type_dialog.h"
@@ -9,6 +10,7 @@ Select_KM_type_Dialog::Select_KM_type_Dialog(QWidget* parent)
     ui->setupUi(this);
     set_dialog_looks(*this, 405, 170);
     ui->radioButton_PRO->setChecked(true);
+    assist_keyboard_and_screen_reader(*this);
 }
 
 Select_KM_type_Dialog::~Select_KM_type_Dialog() = default;

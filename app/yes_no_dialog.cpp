@@ -1,5 +1,6 @@
 #include "app/yes_no_dialog.h"
 
+#include "app/assistance.h"
 #include "app/dialog_looks.h"
 #include "ui_yes_no_dialog.h"
 
@@ -14,6 +15,7 @@ Yes_No_Dialog::Yes_No_Dialog(const QString& question, const QString& ok_caption,
     ui->label_message->setText(question);
     ui->pushButton_OK->setText(ok_caption);
     ui->pushButton_Cancel->setText(cancel_caption);
+    assist_keyboard_and_screen_reader(*this);
 }
 
 Yes_No_Dialog::~Yes_No_Dialog() = default;

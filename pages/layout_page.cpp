@@ -7,6 +7,7 @@
 #include "link/report_values.h"
 #include "link/switch_session.h"
 #include "pages/combo_box.h"
+#include "pages/layout_tile.h"
 #include "pages/model_traits.h"
 
 #include <QComboBox>
@@ -194,7 +195,7 @@ void Layout_Page::deselect_grid_cell(int row, int column) {
 }
 
 void Layout_Page::set_grid_cell(const Layout_Item& item, const QString& text) {
-    auto* tile = new QTableWidgetItem; // the table takes it
+    auto* tile = new Layout_Tile; // the table takes it
     widgets.tableWidget.setItem(item.row, item.column, tile);
     tile->setData(Qt::BackgroundRole, item.brush);
     tile->setData(Qt::DisplayRole, text);

@@ -65,6 +65,9 @@ void Left_Menu::show_connection(bool connected) {
     widgets.pushButton_Connection_Indicator.setStyleSheet(
         connected ? "background-color: green; border-radius: 10px; height: 20px; width: 20px;"
                   : "background-color: red; border-radius: 10px; height: 20px; width: 20px;");
+    // For screen readers, which see no colour.
+    widgets.pushButton_Connection_Indicator.setAccessibleName(connected ? "connected"
+                                                                        : "not connected");
     widgets.pushButton_ON_Connection.setEnabled(!connected);
     widgets.pushButton_OFF_Connection.setEnabled(connected);
 }

@@ -1,5 +1,6 @@
 #include "usr/change_setting_for_usr_dialog.h"
 
+#include "app/assistance.h"
 #include "app/dialog_looks.h"
 #include "app/message_box.h"
 #include "ui_change_setting_for_usr_dialog.h"
@@ -32,6 +33,7 @@ Change_setting_for_USR_Dialog::Change_setting_for_USR_Dialog(
     ui->setupUi(this);
     set_dialog_looks(*this, 425, 341);
     ui->lineEdit_Password->setEchoMode(QLineEdit::Password);
+    assist_keyboard_and_screen_reader(*this);
 }
 
 Change_setting_for_USR_Dialog::~Change_setting_for_USR_Dialog() = default;

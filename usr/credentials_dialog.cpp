@@ -1,5 +1,6 @@
 #include "usr/credentials_dialog.h"
 
+#include "app/assistance.h"
 #include "app/dialog_looks.h"
 #include "app/message_box.h"
 #include "app/stay_painted.h"
@@ -18,6 +19,7 @@ Credentials_Dialog::Credentials_Dialog(const QString& given_current_ip,
     ui->lineEdit_password->setEchoMode(QLineEdit::Password);
     ui->label_current_ip->setTextFormat(Qt::PlainText);
     ui->label_current_ip->setText(current_ip);
+    assist_keyboard_and_screen_reader(*this);
 }
 
 Credentials_Dialog::~Credentials_Dialog() = default;

@@ -1,5 +1,6 @@
 #include "usr/ip_settings_dialog.h"
 
+#include "app/assistance.h"
 #include "app/dialog_looks.h"
 #include "app/message_box.h"
 #include "ui_ip_settings_dialog.h"
@@ -37,6 +38,7 @@ IP_Settings_Dialog::IP_Settings_Dialog(const QString& given_current_ip,
     // Message boxes are born modal; this one stands beside the dialog.
     wait_box->setWindowModality(Qt::NonModal);
     load_IP_settings();
+    assist_keyboard_and_screen_reader(*this);
 }
 
 IP_Settings_Dialog::~IP_Settings_Dialog() = default;

@@ -1,5 +1,6 @@
 #include "usr/select_connection_method_dialog.h"
 
+#include "app/assistance.h"
 #include "app/dialog_looks.h"
 #include "app/event_log.h"
 #include "app/message_box.h"
@@ -12,6 +13,7 @@ Select_connection_method_Dialog::Select_connection_method_Dialog(QWidget* parent
     set_dialog_looks(*this, 405, 170);
     ui->radioButton_TCP_IP->setChecked(true);
     ui->radioButton_RS232->setChecked(false);
+    assist_keyboard_and_screen_reader(*this);
     open_log();
 }
 

@@ -1,5 +1,6 @@
 #include "usr/select_hardware_dialog.h"
 
+#include "app/assistance.h"
 #include "app/dialog_looks.h"
 #include "app/message_box.h"
 #include "app/process_end.h"
@@ -18,6 +19,7 @@ Select_hardware_Dialog::Select_hardware_Dialog(QWidget* parent)
     set_buttons_enabled(false);
     refresh_hardware_list();
     set_buttons_enabled(true);
+    assist_keyboard_and_screen_reader(*this);
 }
 
 Select_hardware_Dialog::~Select_hardware_Dialog() = default;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/assistance.h"
+
 #include <QMainWindow>
 
 #include <memory>
@@ -10,5 +12,6 @@ template <class Form>
 std::unique_ptr<Form> build_form(QMainWindow& window) {
     auto form = std::make_unique<Form>();
     form->setupUi(&window);
+    assist_keyboard_and_screen_reader(window);
     return form;
 }
