@@ -30,6 +30,7 @@ int main(int argc, char* argv[]) {
     int exit_status = 0;
     {
         const QApplication application(argc, argv);
+        keep_start_quiet();
         use_text_family(find_text_family());
         set_light_palette();
         refuse_proxies();

@@ -19,7 +19,8 @@ void set_message_box_look(const QString& text, const int& icon, QMessageBox* box
 void show_information_box(const QString& text, const int& icon);
 
 /// Writes a failure to the event log and then shows the same text with the warning icon; in this
-/// order, so that the entry is safe even if the box is left open.
+/// order, so that the entry is safe even if the box is left open. Called while an exception is
+/// being handled, it also tells a developer that exception's own words.
 void report_failure(const std::string& text);
 
 /// Runs a step whose every exception ends in report_failure(text).

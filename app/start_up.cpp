@@ -3,6 +3,7 @@
 #include "app/select_km_type_dialog.h"
 
 #include <QApplication>
+#include <QLoggingCategory>
 #include <QNetworkProxy>
 #include <QPalette>
 #include <QTimer>
@@ -24,6 +25,10 @@ void set_light_palette() {
 void refuse_proxies() {
     // Takes the system's proxies out of use as well.
     QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
+}
+
+void keep_start_quiet() {
+    QLoggingCategory::setFilterRules("qt.core.qmetaobject.connectslotsbyname.warning=false");
 }
 
 int run_tool(const Window_Factory& make_window, std::exception_ptr& construction_failure) {

@@ -18,6 +18,10 @@ void set_light_palette();
 /// adapter is on the local network, and a login in plain text is nobody else's business.
 void refuse_proxies();
 
+/// The Pro has a slot that names a button which no form has. Qt would print a line about it at
+/// every start, on which nobody can act; QT_LOGGING_RULES="qt.core.*=true" brings it back.
+void keep_start_quiet();
+
 /// The run between the application object's birth and end: asks for the model, makes and shows its
 /// window, runs the event loop, and deletes the window before the dialog.
 ///

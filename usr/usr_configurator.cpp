@@ -259,6 +259,9 @@ void USR_configurator::send_frame(const QString& frame_hex) {
     const qint64 sent = config_socket.writeDatagram(frame, QHostAddress::Broadcast, adapter_port);
     qCDebug(usr_log) << "frame" << frame_hex.mid(4, 2) << "of" << frame.size() << "bytes, sent"
                      << sent;
+    if (sent < 0) {
+        qCDebug(usr_log) << "the frame was not sent:" << config_socket.errorString();
+    }
 }
 
 void USR_configurator::close_config_socket_if_connected() {

@@ -4,6 +4,7 @@
 #include "app/message_box.h"
 #include "usr/adapter_answers.h"
 #include "usr/adapter_frames.h"
+#include "usr/broadcast_interface.h"
 #include "usr/search_stopwatch.h"
 #include "usr/usr_log.h"
 #include "usr/waiting.h"
@@ -58,7 +59,13 @@ USR_searcher::Search_Outcome USR_searcher::search_once() {
         qCDebug(usr_log)
             << "search receive buffer in bytes:"
             << search_socket.socketOption(QAbstractSocket::ReceiveBufferSizeSocketOption).toInt();
-        search_socket.writeDatagram(search_frame(), QHostAddress::Broadcast, adapter_port);
+        if (usr_log().isDebugEnabled()) {
+            qCDebug(usr_log) << "broadcast goes by" << broadcast_interface();
+        }
+        if (search_socket.writeDatagram(search_frame(), QHostAddress::Broadcast, adapter_port) <
+            0) {
+            qCDebug(usr_log) << "the search frame was not sent:" << search_socket.errorString();
+        }
         block_for_milliseconds(wait_for_first_replies_ms);
         listen_for_replies();
         return Search_Outcome{

@@ -2,6 +2,7 @@
 #include "tests/app/log_folder.h"
 #include "tests/end_to_end/driven_program.h"
 
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <csignal>
@@ -16,6 +17,8 @@ private slots:
     void without_a_change_continue_starts_the_pro();
     void each_choice_starts_its_window_data();
     void each_choice_starts_its_window();
+    void no_model_prints_a_line_data();
+    void no_model_prints_a_line();
     void an_altered_caption_starts_nothing();
     void a_lite_without_a_port_ends_with_status_1_after_one_warning();
     void plus_and_pro_without_a_port_end_with_status_1_on_the_serial_road_data();
@@ -95,6 +98,27 @@ void Test_Program_Start::each_choice_starts_its_window() {
     expected.append({"shown " + class_name + " \"Halvern\"", "gone " + class_name, dialog_gone,
                      application_gone});
     QCOMPARE(program.lines(), expected);
+}
+
+void Test_Program_Start::no_model_prints_a_line_data() { each_choice_starts_its_window_data(); }
+
+void Test_Program_Start::no_model_prints_a_line() {
+    QFETCH(QString, model);
+    QFETCH(bool, has_wizard);
+    const Log_Folder folder;
+    const Simulated_Switch device;
+    const QTemporaryDir runtime_folder;
+    Driven_Program program({device.device_name()}, Port_List::answers,
+                           {{"XDG_RUNTIME_DIR", runtime_folder.path()}});
+    program.choose_model(model);
+    if (has_wizard) {
+        program.answer("radioButton_RS232,pushButton_continue");
+    }
+    QVERIFY(program.wait_for("shown Halvern_Velmoran_" + model));
+    program.close_window();
+    QVERIFY(program.wait_for_end());
+    QCOMPARE(program.exit_status(), 0);
+    QCOMPARE(QString(program.errors()), QString());
 }
 
 void Test_Program_Start::an_altered_caption_starts_nothing() {

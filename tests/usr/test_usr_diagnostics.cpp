@@ -1,10 +1,14 @@
+#include "app/message_box.h"
 #include "tests/usr/debug_lines.h"
+#include "tests/usr/expect_box.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/private_network.h"
+#include "tests/usr/test_time.h"
 #include "usr/usr_configurator.h"
 #include "usr/usr_log.h"
 
 #include <QApplication>
+#include <QProcess>
 #include <QTest>
 
 /// What a developer can have told about the adapter's conversation.
@@ -14,6 +18,9 @@ class Test_USR_Diagnostics : public QObject {
 private slots:
     void nothing_is_told_unless_switched_on();
     void searches_and_frames_are_told_when_switched_on();
+    void the_interface_of_the_search_is_told();
+    void a_frame_that_could_not_be_sent_is_told();
+    void a_failure_is_told_in_the_words_of_its_exception();
     void no_user_name_or_password_is_ever_told_data();
     void no_user_name_or_password_is_ever_told();
 
@@ -26,6 +33,13 @@ namespace {
 QStringList& told_lines() {
     static QStringList lines;
     return lines;
+}
+
+/// By the tool of that name, in real time.
+bool change_route(const QString& change) {
+    const Real_Time time;
+    return QProcess::execute(
+               "ip", {"route", change, "255.255.255.255", "dev", "lo", "src", "127.0.0.1"}) == 0;
 }
 
 } // namespace
@@ -61,6 +75,52 @@ void Test_USR_Diagnostics::searches_and_frames_are_told_when_switched_on() {
     QCOMPARE(lines.filter("frame \"05\" of 89 bytes, sent 89").size(), 1);
     QCOMPARE(lines.filter("frame \"04\" of 22 bytes, sent 22").size(), 1);
     QCOMPARE(lines.filter("search receive buffer in bytes: ").size(), 2);
+}
+
+void Test_USR_Diagnostics::the_interface_of_the_search_is_told() {
+    const Debug_Lines debug_lines;
+    QCOMPARE(lines_of_a_conversation().filter("broadcast goes by \"lo 127.0.0.1\"").size(), 2);
+}
+
+void Test_USR_Diagnostics::a_frame_that_could_not_be_sent_is_told() {
+    const Debug_Lines debug_lines;
+    Fast_Network network;
+    network.add_adapter();
+    USR_configurator configurator("127.0.0.2", "127.0.0.2", "255.0.0.0", "127.0.0.1", "80", "admin",
+                                  "admin");
+    configurator.get_data_from_USR();
+    // As on a computer without a default route.
+    QVERIFY(change_route("del"));
+    told_lines().clear();
+    const QtMessageHandler earlier = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& text) { told_lines() << text; });
+    const int setup = configurator.setup_USR();
+    qInstallMessageHandler(earlier);
+    QVERIFY(change_route("add"));
+    // As stated: the adapter confirms nothing, and a frame that was not sent is no failure.
+    QCOMPARE(setup, 1);
+    const QString all = told_lines().join('\n');
+    QVERIFY2(all.contains("broadcast goes by \"no interface: "), qPrintable(all));
+    QCOMPARE(told_lines().filter("the search frame was not sent: \"").size(), 1);
+    // The configuration and its confirmation.
+    QCOMPARE(told_lines().filter("the frame was not sent: \"").size(), 2);
+}
+
+void Test_USR_Diagnostics::a_failure_is_told_in_the_words_of_its_exception() {
+    const Debug_Lines debug_lines;
+    told_lines().clear();
+    const QtMessageHandler earlier = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& text) { told_lines() << text; });
+    Modal_Robot robot;
+    expect_warning(robot, "Search USR error");
+    test_time::fail_at_next_block();
+    USR_searcher().search_USR_in_network();
+    expect_warning(robot, "no exception");
+    report_failure("no exception");
+    qInstallMessageHandler(earlier);
+    QVERIFY2(robot.done(), robot.why());
+    QCOMPARE(told_lines().filter("Search USR error because: no blocking now").size(), 1);
+    QCOMPARE(told_lines().filter("because").size(), 1);
 }
 
 void Test_USR_Diagnostics::no_user_name_or_password_is_ever_told_data() {
