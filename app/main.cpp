@@ -1,3 +1,4 @@
+#include "app/screen_fit.h"
 #include "app/start_up.h"
 #include "app/text_font.h"
 #include "windows/halvern_velmoran_lite.h"
@@ -7,6 +8,8 @@
 #include <QApplication>
 
 #include <exception>
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -29,7 +32,11 @@ int main(int argc, char* argv[]) {
     std::exception_ptr construction_failure;
     int exit_status = 0;
     {
-        const QApplication application(argc, argv);
+        std::optional<QApplication> application(std::in_place, argc, argv);
+        if (scale_down_to_screen()) {
+            application.reset();
+            application.emplace(argc, argv);
+        }
         keep_start_quiet();
         use_text_family(find_text_family());
         set_light_palette();

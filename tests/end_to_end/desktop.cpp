@@ -2,6 +2,7 @@
 
 #include "tests/support/wait_until.h"
 
+#include <QMap>
 #include <QRegularExpression>
 
 namespace {
@@ -12,8 +13,9 @@ QString exactly(const QString& title) { return '^' + QRegularExpression::escape(
 
 } // namespace
 
-Desktop::Desktop()
-    : window_manager(
+Desktop::Desktop(const QString& screen_size)
+    : screen(screen_size),
+      window_manager(
           {.program = "openbox", .arguments = {"--sm-disable"}, .display = screen.name()}) {}
 
 bool Desktop::is_ready() const {
@@ -37,6 +39,30 @@ QString Desktop::find_window(const QString& title) const {
 
 bool Desktop::shows_window(const QString& title) const {
     return run_tool({"search", "--onlyvisible", "--name", exactly(title)});
+}
+
+QMap<QString, int> Desktop::numbers_from(const QStringList& arguments) const {
+    Program_Run tool({.program = "xdotool", .arguments = arguments, .display = screen.name()});
+    QMap<QString, int> numbers;
+    if (tool.wait_for_end(longest_wait) && tool.exit_status() == 0) {
+        for (const QString& line : QString::fromLatin1(tool.output()).split('\n')) {
+            numbers[line.section('=', 0, 0)] = line.section('=', 1).toInt();
+        }
+    }
+    return numbers;
+}
+
+QRect Desktop::visible_place_of(const QString& window) const {
+    // The tool counts a window's frame twice in its place, so the mouse shows where the corners
+    // are.
+    const QMap<QString, int> size = numbers_from({"getwindowgeometry", "--shell", window});
+    const auto corner = [&](int x, int y) {
+        const QMap<QString, int> found =
+            numbers_from({"mousemove", "--window", window, QString::number(x), QString::number(y),
+                          "getmouselocation", "--shell"});
+        return QPoint(found["X"], found["Y"]);
+    };
+    return {corner(0, 0), corner(size["WIDTH"] - 1, size["HEIGHT"] - 1)};
 }
 
 bool Desktop::click(const QString& window, const QPoint& place) const {

@@ -4,13 +4,15 @@
 #include "tests/support/virtual_display.h"
 
 #include <QPoint>
+#include <QRect>
 #include <QString>
 
 /// A screen of the test's own with a window manager, and a mouse and a keyboard that work on it as
 /// a person's do. Nothing of it is inside the programs that are shown there.
 class Desktop {
 public:
-    Desktop();
+    /// @param screen_size width, height and depth.
+    explicit Desktop(const QString& screen_size = "1600x1200x24");
 
     /// Whether the window manager manages; nothing else works before.
     [[nodiscard]] bool is_ready() const;
@@ -27,6 +29,9 @@ public:
     /// Whether such a window can be seen right now.
     [[nodiscard]] bool shows_window(const QString& title) const;
 
+    /// Where a window is, without its frame, as far as it is on the screen.
+    [[nodiscard]] QRect visible_place_of(const QString& window) const;
+
     /// Clicks at a place in a window, counted from its upper left corner without the frame.
     [[nodiscard]] bool click(const QString& window, const QPoint& place) const;
 
@@ -34,6 +39,7 @@ public:
     [[nodiscard]] bool press(const QString& window, const QString& keys) const;
 
 private:
+    [[nodiscard]] QMap<QString, int> numbers_from(const QStringList& arguments) const;
     [[nodiscard]] bool run_tool(const QStringList& arguments, QString* output = nullptr) const;
 
     Virtual_Display screen;
