@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCursor>
 #include <QGuiApplication>
 
 /// Shows the wait cursor as long as it exists: while the program serves no events. It has to be
