@@ -10,7 +10,6 @@
 #include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QThread>
 #include <QWindow>
@@ -107,15 +106,12 @@ void Visitor::drag_tile(int from_cell, int to_cell) {
 }
 
 void Visitor::choose_file(const QString& path, const QString& button) {
-    // Its list of matching names opens whenever the folder has been read, and would take the click.
-    see("the field for a file's name", [] {
-        auto* field = qobject_cast<QLineEdit*>(sights::find("fileNameEdit"));
-        if (field != nullptr) {
-            field->setCompleter(nullptr);
-        }
-        return field != nullptr;
-    });
     type("fileNameEdit", path);
+    // The list of matching names would take the click.
+    if (in_gui([] { return QApplication::activePopupWidget() != nullptr; })) {
+        hands::press_key("Escape");
+        see("the file dialog alone", [] { return QApplication::activePopupWidget() == nullptr; });
+    }
     click_button(button);
 }
 
