@@ -75,7 +75,8 @@ Restorer restorer_of_content(QWidget& widget) {
 
 Restorer restorer_of_looks(QWidget& widget) {
     return [&widget, enabled = !widget.testAttribute(Qt::WA_ForceDisabled),
-            style = widget.styleSheet()] {
+            style = widget.styleSheet(), name = widget.accessibleName()] {
+        widget.setAccessibleName(name);
         if (widget.testAttribute(Qt::WA_ForceDisabled) == enabled) {
             widget.setEnabled(enabled);
         }
