@@ -10,7 +10,7 @@ class Tour_Plugin : public QGenericPlugin {
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "plugin_entry.json")
 
 public:
-    QObject* create(const QString& /*name*/, const QString& /*specification*/) override {
+    QObject* create(const QString& /*name*/, const QString& /*options*/) override {
         // The system's file dialogs hold no widgets that could be looked at.
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
         begin_tour();
