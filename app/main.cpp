@@ -10,6 +10,7 @@
 #include <exception>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -32,7 +33,10 @@ int main(int argc, char* argv[]) {
     std::exception_ptr construction_failure;
     int exit_status = 0;
     {
-        std::optional<QApplication> application(std::in_place, argc, argv);
+        // An application object takes its own arguments away; a second one needs them as well.
+        std::vector<char*> arguments(argv, argv + argc + 1);
+        int argument_count = argc;
+        std::optional<QApplication> application(std::in_place, argument_count, arguments.data());
         if (scale_down_to_screen()) {
             application.reset();
             application.emplace(argc, argv);
