@@ -14,6 +14,7 @@ private slots:
     void the_scale_follows_from_the_free_area();
     void the_whole_window_is_on_the_screen_data();
     void the_whole_window_is_on_the_screen();
+    void arguments_hold_for_the_smaller_window_as_well();
 };
 
 void Test_Program_On_Small_Screens::the_scale_follows_from_the_free_area_data() {
@@ -81,6 +82,21 @@ void Test_Program_On_Small_Screens::the_whole_window_is_on_the_screen() {
                  qAbs(place.height() - window.height()) <= 1,
              qPrintable(QString("%1 x %2").arg(place.width()).arg(place.height())));
     QVERIFY(desktop.press(main_window, "alt+F4"));
+    QVERIFY(program.wait_for_end(20'000));
+    QCOMPARE(program.exit_status(), 0);
+}
+
+void Test_Program_On_Small_Screens::arguments_hold_for_the_smaller_window_as_well() {
+    const Desktop desktop("1280x720x24");
+    QVERIFY(desktop.is_ready());
+    // Without its argument the program would show nothing.
+    Program_Run program({.program = halvern_program(),
+                         .arguments = {"-platform", "xcb"},
+                         .display = desktop.display(),
+                         .environment = {{"QT_QPA_PLATFORM", "offscreen"}}});
+    const QString dialog = desktop.find_window("Velmoran Ostrel");
+    QVERIFY2(!dialog.isEmpty(), program.errors().constData());
+    QVERIFY(desktop.press(dialog, "Escape"));
     QVERIFY(program.wait_for_end(20'000));
     QCOMPARE(program.exit_status(), 0);
 }
