@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/after_click.h"
 
 #include <QApplication>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/dialog_looks.h"
 
 #include <QWidget>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/event_log.h"
 
 #include <QDateTime>

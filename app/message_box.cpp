@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/message_box.h"
 
 #include "app/dialog_looks.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QMessageBox>
@@ -7,7 +9,7 @@
 #include <string>
 #include <utility>
 
-/// The one look of all messages to the user, and the one road of all failures.
+/// The one look of all messages to the user, and the one path of all failures.
 
 /// Gives a box the common look (font "Segoe UI" 12, title "Information" whatever the icon, one
 /// button Ok), the text and the icon, and shows it without waiting.

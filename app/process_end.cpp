@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/process_end.h"
 
 #include <QMessageBox>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/screen_fit.h"
 
 #include <QGuiApplication>

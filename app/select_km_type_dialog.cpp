@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/select_km_type_dialog.h"
 
 #include "app/assistance.h"

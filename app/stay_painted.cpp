@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/stay_painted.h"
 
 #include <QBackingStore>

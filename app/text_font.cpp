@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/text_font.h"
 
 #include <QApplication>

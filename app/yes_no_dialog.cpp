@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/yes_no_dialog.h"
 
 #include "app/assistance.h"

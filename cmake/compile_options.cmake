@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Warnings are errors in the developers' presets only: whoever builds with a compiler that we have not
 # met gets mere warnings.
 

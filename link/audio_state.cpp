@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/audio_state.h"
 
 #include "link/switch_protocol.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// Channels of a unit, and custom entries of it. They count from 1.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/command_writer.h"
 
 #include "link/link_transport.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// Holds a flag at one value for the length of a scope and leaves the opposite behind, whatever

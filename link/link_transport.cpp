@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/link_transport.h"
 
 #include <QLoggingCategory>

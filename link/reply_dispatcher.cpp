@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/reply_dispatcher.h"
 
 #include "link/command_writer.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/report_values.h"
 
 #include <stdexcept>

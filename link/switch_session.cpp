@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/switch_session.h"
 
 #include "link/flag_guard.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # quote_exec(<variable> <path>): a path as the program of a desktop entry's Exec line, where blanks
 # and most other signs are reserved.
 function(quote_exec variable path)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "pages/audio_panel.h"
 
 #include "link/report_values.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "pages/combo_box.h"
 
 #include "app/event_log.h"

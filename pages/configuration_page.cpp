@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "pages/configuration_page.h"
 
 #include "app/yes_no_dialog.h"

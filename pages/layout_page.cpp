@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "pages/layout_page.h"
 
 #include "app/event_log.h"

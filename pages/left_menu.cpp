@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "pages/left_menu.h"
 
 #include "app/process_end.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "pages/mouse_speed_page.h"
 
 #include "app/message_box.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "pages/range_check.h"
 
 #include "app/after_click.h"

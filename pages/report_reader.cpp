@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "pages/report_reader.h"
 
 #include "link/channels.h"

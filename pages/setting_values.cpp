@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "pages/setting_values.h"
 
 #include "link/report_values.h"

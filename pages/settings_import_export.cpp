@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "pages/settings_import_export.h"
 
 #include "app/message_box.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "pages/terminal_view.h"
 
 #include <QTextCursor>

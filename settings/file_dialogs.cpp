@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "settings/file_dialogs.h"
 
 #include <QDir>

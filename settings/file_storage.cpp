@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "settings/file_storage.h"
 
 #include "settings/settings_log.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// The lines of a settings file that are applied, by the number the loader passes on.

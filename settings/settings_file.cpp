@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "settings/settings_file.h"
 
 #include "settings/file_dialogs.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Simulated serial-to-Ethernet adapters: for tests, and as a program of its own.
 halvern_library(halvern_sim_adapter MOC
   SOURCES
@@ -5,8 +6,8 @@ halvern_library(halvern_sim_adapter MOC
     adapter_network.cpp adapter_network.h
     adapter_options.cpp adapter_options.h
     adapter_state.h
-    adapter_switch.cpp adapter_switch.h
-    adapter_unit.cpp adapter_unit.h
+    switch_behind_adapter.cpp switch_behind_adapter.h
+    adapter_logic.cpp adapter_logic.h
     simulated_adapter.cpp simulated_adapter.h
   LINK halvern_sim Qt6::Core Qt6::Network ${CMAKE_DL_LIBS})
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/adapter_bytes.h"
 
 #include <QtEndian>
@@ -24,7 +26,7 @@ QHostAddress address_from(const QByteArray& reversed_bytes) {
     return QHostAddress(qFromLittleEndian<quint32>(filled_up(reversed_bytes, 4).constData()));
 }
 
-QString frame_complaint(const QByteArray& frame, qsizetype size, int length_byte) {
+QString frame_error(const QByteArray& frame, qsizetype size, int length_byte) {
     if (frame.size() != size) {
         return QString("%1 bytes instead of %2").arg(frame.size()).arg(size);
     }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QByteArray>
@@ -18,4 +20,4 @@ QByteArray bytes_of(const QHostAddress& address);
 QHostAddress address_from(const QByteArray& reversed_bytes);
 
 /// Why a frame's size, length byte or checksum is wrong; empty if they are right.
-QString frame_complaint(const QByteArray& frame, qsizetype size, int length_byte);
+QString frame_error(const QByteArray& frame, qsizetype size, int length_byte);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/adapter_network.h"
 
 #include <QNetworkInterface>

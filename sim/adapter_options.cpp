@@ -1,12 +1,14 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/adapter_options.h"
 
-#include "sim/fault_words.h"
+#include "sim/fault_names.h"
 
 #include <QCommandLineParser>
 
 namespace {
 
-constexpr int most_adapters = 1000;
+constexpr int max_adapters = 1000;
 constexpr int largest_datagram = 65507;
 
 // With these words the help marks an option as a fault.
@@ -60,17 +62,17 @@ void describe(QCommandLineParser& parser) {
     parser.addOptions(all_options());
 }
 
-/// Reads options one by one, and keeps the first complaint.
+/// Reads options one by one, and keeps the first error.
 class Option_Reader {
 public:
-    Option_Reader(const QCommandLineParser& command_line, QString& first_complaint)
-        : parser(command_line), complaint(first_complaint) {}
+    Option_Reader(const QCommandLineParser& command_line, QString& first_error)
+        : parser(command_line), error(first_error) {}
 
     int number(const QString& option, int low, int high) {
         bool is_number = false;
         const int value = parser.value(option).toInt(&is_number);
         if (!is_number || value < low || value > high) {
-            complain(option, QString("a number from %1 to %2").arg(low).arg(high));
+            set_error(option, QString("a number from %1 to %2").arg(low).arg(high));
         }
         return value;
     }
@@ -79,7 +81,7 @@ public:
         Fault_Plan plan;
         for (const QString& text : parser.values(option)) {
             if (!set_fault(plan, text.section('=', 0, 0), text.section('=', 1))) {
-                complain(option, "a fault as halvern-sim --help tells them");
+                set_error(option, "a fault as halvern-sim --help tells them");
             }
         }
         return plan;
@@ -88,42 +90,42 @@ public:
     QHostAddress address(const QString& option) {
         const QHostAddress value(parser.value(option));
         if (value.protocol() != QAbstractSocket::IPv4Protocol) {
-            complain(option, "an IPv4 address");
+            set_error(option, "an IPv4 address");
         }
         return value;
     }
 
-    QByteArray text(const QString& option, qsizetype most_bytes) {
-        return within(option, parser.value(option).toUtf8(), most_bytes);
+    QByteArray text(const QString& option, qsizetype max_bytes) {
+        return within(option, parser.value(option).toUtf8(), max_bytes);
     }
 
-    QByteArray bytes(const QString& option, qsizetype most_bytes) {
-        return within(option, QByteArray::fromHex(parser.value(option).toLatin1()), most_bytes);
+    QByteArray bytes(const QString& option, qsizetype max_bytes) {
+        return within(option, QByteArray::fromHex(parser.value(option).toLatin1()), max_bytes);
     }
 
     QString one_of(const QString& option, const QStringList& choices) {
         if (!choices.contains(parser.value(option))) {
-            complain(option, "one of " + choices.join(", "));
+            set_error(option, "one of " + choices.join(", "));
         }
         return parser.value(option);
     }
 
 private:
-    QByteArray within(const QString& option, const QByteArray& value, qsizetype most_bytes) {
-        if (value.size() > most_bytes) {
-            complain(option, QString("at most %1 bytes").arg(most_bytes));
+    QByteArray within(const QString& option, const QByteArray& value, qsizetype max_bytes) {
+        if (value.size() > max_bytes) {
+            set_error(option, QString("at most %1 bytes").arg(max_bytes));
         }
         return value;
     }
 
-    void complain(const QString& option, const QString& wanted) {
-        if (complaint.isEmpty()) {
-            complaint = QString("--%1 wants %2").arg(option, wanted);
+    void set_error(const QString& option, const QString& wanted) {
+        if (error.isEmpty()) {
+            error = QString("--%1 wants %2").arg(option, wanted);
         }
     }
 
     const QCommandLineParser& parser;
-    QString& complaint;
+    QString& error;
 };
 
 Adapter_State read_state(const QCommandLineParser& parser, Option_Reader& reader) {
@@ -145,9 +147,9 @@ Adapter_State read_state(const QCommandLineParser& parser, Option_Reader& reader
 Adapter_Faults read_faults(const QCommandLineParser& parser, Option_Reader& reader) {
     Adapter_Faults faults;
     faults.silent_to_search = parser.isSet("silent-search");
-    faults.unanswered_logins = reader.number("silent-login", -1, most_adapters);
+    faults.unanswered_logins = reader.number("silent-login", -1, max_adapters);
     faults.never_comes_back = parser.isSet("never-back");
-    faults.copies = reader.number("copies", 0, most_adapters);
+    faults.copies = reader.number("copies", 0, max_adapters);
     faults.search_reply_bytes = reader.number("search-bytes", 0, largest_datagram);
     faults.login_answer_bytes = reader.number("login-bytes", 0, largest_datagram);
     if (parser.isSet("foreign")) {
@@ -168,27 +170,26 @@ QStringList adapter_fault_names() {
     return names;
 }
 
-std::optional<Adapter_Options> read_adapter_options(const QStringList& arguments,
-                                                    QString& complaint) {
-    constexpr int longest_wait_ms = 3'600'000;
+std::optional<Adapter_Options> read_adapter_options(const QStringList& arguments, QString& error) {
+    constexpr int max_wait_ms = 3'600'000;
     QCommandLineParser parser;
     describe(parser);
     parser.process(arguments);
 
-    Option_Reader reader(parser, complaint);
+    Option_Reader reader(parser, error);
     Adapter_Options options;
     options.first = read_state(parser, reader);
     options.faults = read_faults(parser, reader);
-    options.count = reader.number("count", 1, most_adapters);
-    options.delay = std::chrono::milliseconds(reader.number("delay", 0, longest_wait_ms));
-    options.time_away = std::chrono::milliseconds(reader.number("away", 0, longest_wait_ms));
+    options.count = reader.number("count", 1, max_adapters);
+    options.delay = std::chrono::milliseconds(reader.number("delay", 0, max_wait_ms));
+    options.time_away = std::chrono::milliseconds(reader.number("away", 0, max_wait_ms));
     options.split_bytes = reader.number("split", 0, largest_datagram);
     options.switch_faults = reader.switch_faults("switch-fault");
     options.switch_model = reader.one_of("switch", {"plus", "pro", "none"});
     if (!parser.positionalArguments().isEmpty()) {
-        complaint = "no arguments but options are wanted";
+        error = "no arguments but options are wanted";
     }
-    if (!complaint.isEmpty()) {
+    if (!error.isEmpty()) {
         return std::nullopt;
     }
     return options;

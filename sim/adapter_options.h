@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "sim/adapter_state.h"
@@ -25,6 +27,5 @@ struct Adapter_Options {
 QStringList adapter_fault_names();
 
 /// Reads the command line; --help is answered here and ends the process.
-/// @param complaint takes why the arguments can't be used.
-std::optional<Adapter_Options> read_adapter_options(const QStringList& arguments,
-                                                    QString& complaint);
+/// @param error takes why the arguments can't be used.
+std::optional<Adapter_Options> read_adapter_options(const QStringList& arguments, QString& error);

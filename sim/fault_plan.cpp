@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/fault_plan.h"
 
 #include <QByteArrayList>
@@ -29,7 +31,7 @@ QByteArray filling() { return (QByteArray(109, '.') + '\n').repeated(10); }
 
 } // namespace
 
-QByteArray spoil_text(const Fault_Plan& plan, const QByteArray& answer) {
+QByteArray corrupt_text(const Fault_Plan& plan, const QByteArray& answer) {
     QByteArrayList lines;
     for (const QByteArray& line : answer.split('\n')) {
         if (plan.missing_key.isEmpty() || !line.contains(plan.missing_key)) {
@@ -51,7 +53,7 @@ std::vector<Timed_Chunk> plan_chunks(const Fault_Plan& plan, const QByteArray& a
     if (plan.silence || plan.disappearance || answer.isEmpty()) {
         return {};
     }
-    const QByteArray text = spoil_text(plan, answer);
+    const QByteArray text = corrupt_text(plan, answer);
     const qsizetype size = plan.chunk_size > 0 ? plan.chunk_size : text.size();
     std::vector<Timed_Chunk> chunks;
     for (qsizetype start = 0; start < text.size(); start += size) {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QByteArray>
@@ -32,7 +34,7 @@ struct Timed_Chunk {
 };
 
 /// The text of an answer under a plan: everything but the timing and the cutting.
-QByteArray spoil_text(const Fault_Plan& plan, const QByteArray& answer);
+QByteArray corrupt_text(const Fault_Plan& plan, const QByteArray& answer);
 
 /// The pieces in which an answer goes out, in order; none under silence or disappearance, and none
 /// for an empty answer.

@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/adapter_network.h"
 #include "sim/adapter_options.h"
-#include "sim/adapter_switch.h"
-#include "sim/switch_unit.h"
+#include "sim/switch_behind_adapter.h"
+#include "sim/switch_logic.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -25,8 +27,8 @@ struct Own_Switch {
         place.set_faults(options.switch_faults);
     }
 
-    Switch_Unit unit;
-    Adapter_Switch place;
+    Switch_Logic unit;
+    Switch_Behind_Adapter place;
 };
 
 using Own_Switches = std::vector<std::unique_ptr<Own_Switch>>;
@@ -73,10 +75,10 @@ bool add_adapters(Adapter_Network& network, const Adapter_Options& options,
 
 int main(int argc, char* argv[]) {
     const QCoreApplication application(argc, argv);
-    QString complaint;
-    const auto options = read_adapter_options(QCoreApplication::arguments(), complaint);
+    QString error;
+    const auto options = read_adapter_options(QCoreApplication::arguments(), error);
     if (!options) {
-        QTextStream(stderr) << complaint << Qt::endl;
+        QTextStream(stderr) << error << Qt::endl;
         return exit_wrong_arguments;
     }
     Adapter_Network network;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/line_input.h"
 
 #include <QSocketNotifier>

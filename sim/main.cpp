@@ -1,8 +1,10 @@
-#include "sim/desk.h"
-#include "sim/desk_options.h"
-#include "sim/ending_signals.h"
+// SPDX-License-Identifier: MIT
+
 #include "sim/line_input.h"
 #include "sim/port_list.h"
+#include "sim/simulator_console.h"
+#include "sim/simulator_options.h"
+#include "sim/termination_signals.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -35,18 +37,20 @@ QString find_port_list_library() {
     return port_list_library;
 }
 
-void print_how_to_start(const Desk& desk) {
+void print_how_to_start(const Simulator_Console& console) {
     print("Start the tool on them with:");
     print(QString("  %1=%2 LD_PRELOAD=%3 halvern")
-              .arg(port_list_variable, QString::fromLocal8Bit(port_list_value(desk.device_names())),
+              .arg(port_list_variable,
+                   QString::fromLocal8Bit(port_list_value(console.device_names())),
                    find_port_list_library()));
     print("Lines of input act on the units; \"help\" lists them.");
 }
 
 /// Runs the program on the units; this process ends with it and with its status.
-void run_program(const QStringList& command, const Desk& desk, QProcess& process) {
-    process.setProcessEnvironment(environment_with_ports(
-        QProcessEnvironment::systemEnvironment(), desk.device_names(), find_port_list_library()));
+void run_program(const QStringList& command, const Simulator_Console& console, QProcess& process) {
+    process.setProcessEnvironment(environment_with_ports(QProcessEnvironment::systemEnvironment(),
+                                                         console.device_names(),
+                                                         find_port_list_library()));
     process.setProcessChannelMode(QProcess::ForwardedChannels);
     QObject::connect(&process, &QProcess::finished, qApp,
                      [](int code, QProcess::ExitStatus status) {
@@ -71,29 +75,29 @@ void end(QProcess& process) {
     }
 }
 
-int run(const Desk_Options& options) {
-    Desk desk(options, print);
-    const Ending_Signals signals_to_end;
+int run(const Simulator_Options& options) {
+    Simulator_Console console(options, print);
+    const Termination_Signals signals_to_end;
     const Line_Input input;
     QProcess process;
 
     const auto end_all = [&] { end(process); };
-    QObject::connect(&signals_to_end, &Ending_Signals::received, qApp, end_all);
-    QObject::connect(&desk, &Desk::quit_wanted, qApp, end_all);
-    QObject::connect(&input, &Line_Input::line, &desk,
-                     [&](const QString& line) { desk.carry_out(line); });
+    QObject::connect(&signals_to_end, &Termination_Signals::received, qApp, end_all);
+    QObject::connect(&console, &Simulator_Console::quit_wanted, qApp, end_all);
+    QObject::connect(&input, &Line_Input::line, &console,
+                     [&](const QString& line) { console.carry_out(line); });
     if (options.end_with_input) {
         QObject::connect(&input, &Line_Input::ended, qApp, end_all);
     }
-    desk.introduce_units();
-    print_how_to_start(desk);
+    console.introduce_units();
+    print_how_to_start(console);
     if (!options.program.isEmpty()) {
         // In the event loop, so that a failure to start can end it.
         QMetaObject::invokeMethod(
-            qApp, [&] { run_program(options.program, desk, process); }, Qt::QueuedConnection);
+            qApp, [&] { run_program(options.program, console, process); }, Qt::QueuedConnection);
     }
     const int status = QCoreApplication::exec();
-    desk.keep_state();
+    console.keep_state();
     return status;
 }
 
@@ -101,9 +105,9 @@ int run(const Desk_Options& options) {
 
 int main(int argc, char* argv[]) {
     const QCoreApplication application(argc, argv);
-    const Desk_Options options = read_desk_options(QCoreApplication::arguments());
+    const Simulator_Options options = read_simulator_options(QCoreApplication::arguments());
     if (options.help_wanted) {
-        print(desk_help().trimmed());
+        print(simulator_help().trimmed());
         return 0;
     }
     if (!options.error.isEmpty()) {

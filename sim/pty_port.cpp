@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/pty_port.h"
 
 #include <QSocketNotifier>

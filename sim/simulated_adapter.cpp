@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/simulated_adapter.h"
 
 #include <algorithm>
@@ -7,12 +9,12 @@ namespace {
 constexpr quint16 switch_port = 23;
 
 // More than the tool ever writes before a carriage return.
-constexpr qsizetype longest_command = 1000;
+constexpr qsizetype max_command = 1000;
 
 } // namespace
 
 Simulated_Adapter::Simulated_Adapter(const Adapter_State& state, QObject* parent)
-    : QObject(parent), adapter_unit(state) {
+    : QObject(parent), adapter_logic(state) {
     batch_timer.setSingleShot(true);
     batch_timer.setTimerType(Qt::PreciseTimer);
     batch_timer.setInterval(batch_pause);
@@ -22,7 +24,7 @@ Simulated_Adapter::Simulated_Adapter(const Adapter_State& state, QObject* parent
 
 bool Simulated_Adapter::go_online() {
     go_offline();
-    const QHostAddress address = adapter_unit.state().address;
+    const QHostAddress address = adapter_logic.state().address;
     // The network's own socket listens on the same port.
     const auto shared = QUdpSocket::ShareAddress | QUdpSocket::ReuseAddressHint;
     is_up = frame_socket.bind(address, configuration_port, shared) &&
@@ -41,7 +43,7 @@ void Simulated_Adapter::take_frame(const QByteArray& frame, const QHostAddress& 
     if (!is_up) {
         return;
     }
-    const Adapter_Reaction reaction = adapter_unit.take(frame);
+    const Adapter_Reaction reaction = adapter_logic.take(frame);
     if (reaction.verdict == Adapter_Reaction::Verdict::not_for_us) {
         return;
     }
@@ -66,7 +68,7 @@ void Simulated_Adapter::send_answers(const QByteArrayList& answers, const QHostA
 
 void Simulated_Adapter::restart() {
     go_offline();
-    if (adapter_unit.faults().never_comes_back) {
+    if (adapter_logic.faults().never_comes_back) {
         return;
     }
     const auto come_back = [this] {
@@ -91,7 +93,7 @@ void Simulated_Adapter::read_switch_port() {
 void Simulated_Adapter::take_switch_bytes(const QByteArray& bytes) {
     for (const char byte : bytes) {
         if (byte != '\r') {
-            if (unfinished_command.size() < longest_command) {
+            if (unfinished_command.size() < max_command) {
                 unfinished_command += byte;
             }
             continue;

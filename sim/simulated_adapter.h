@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "sim/adapter_unit.h"
+#include "sim/adapter_logic.h"
 
 #include <QObject>
 #include <QTimer>
@@ -27,8 +29,8 @@ class Simulated_Adapter : public QObject {
 public:
     explicit Simulated_Adapter(const Adapter_State& state, QObject* parent = nullptr);
 
-    Adapter_Unit& unit() { return adapter_unit; }
-    [[nodiscard]] const Adapter_Unit& unit() const { return adapter_unit; }
+    Adapter_Logic& unit() { return adapter_logic; }
+    [[nodiscard]] const Adapter_Logic& unit() const { return adapter_logic; }
 
     /// Goes on the network under the unit's address.
     /// @return false if that address can't be had.
@@ -64,7 +66,7 @@ private:
     void take_switch_bytes(const QByteArray& bytes);
     void send_switch_answers();
 
-    Adapter_Unit adapter_unit;
+    Adapter_Logic adapter_logic;
     Switch_Answer switch_answer;
     QUdpSocket frame_socket;  ///< the answers' source
     QUdpSocket switch_socket; ///< port 23

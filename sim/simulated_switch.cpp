@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/simulated_switch.h"
 
 Simulated_Switch::Simulated_Switch(Switch_Model model, QObject* parent)
-    : QObject(parent), switch_unit(model) {
+    : QObject(parent), switch_logic(model) {
     pause_timer.setSingleShot(true);
     pause_timer.setTimerType(Qt::PreciseTimer);
     connect(&pause_timer, &QTimer::timeout, this, [this] {
@@ -37,7 +39,7 @@ void Simulated_Switch::obey(const QByteArray& command) {
     if (!is_on_line()) {
         return;
     }
-    const QByteArray answer = switch_unit.answer(command);
+    const QByteArray answer = switch_logic.answer(command);
     if (faults.disappearance) {
         vanish();
         return;

@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "sim/fault_plan.h"
 #include "sim/pty_port.h"
-#include "sim/switch_unit.h"
+#include "sim/switch_logic.h"
 
 #include <QByteArray>
 #include <QByteArrayList>
@@ -30,8 +32,8 @@ public:
     /// The name under which the tool shows the port, such as "pts/7".
     QString port_name() const;
 
-    Switch_Unit& unit() { return switch_unit; }
-    const Switch_Unit& unit() const { return switch_unit; }
+    Switch_Logic& unit() { return switch_logic; }
+    const Switch_Logic& unit() const { return switch_logic; }
 
     /// Puts a new plan in force for the answers to all commands from now on. What has been planned
     /// before still goes out.
@@ -51,7 +53,7 @@ public:
     void send(const QByteArray& bytes);
 
     /// Puts all on a channel, as the unit's own hotkey does, and sends the notice "**M".
-    void press_hotkey(int channel) { send(switch_unit.notice_both(channel)); }
+    void press_hotkey(int channel) { send(switch_logic.notice_both(channel)); }
 
     /// Leaves the line for good, without a word.
     void vanish();
@@ -78,7 +80,7 @@ private:
     void send_due();
 
     Pty_Port port;
-    Switch_Unit switch_unit;
+    Switch_Logic switch_logic;
     Fault_Plan faults;
     QByteArray all_bytes;
     QByteArrayList commands;

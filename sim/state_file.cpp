@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/state_file.h"
 
+#include "sim/switch_logic.h"
 #include "sim/switch_report.h"
-#include "sim/switch_unit.h"
 
 #include <QFile>
 #include <QSaveFile>
@@ -74,7 +76,7 @@ std::vector<Switch_State> read_state_file(const QString& path) {
     }
     std::vector<Switch_State> states;
     // A Pro understands the commands of all models.
-    Switch_Unit unit(Switch_Model::pro);
+    Switch_Logic unit(Switch_Model::pro);
     for (const QByteArray& line : file.readAll().split('\n')) {
         if (line == unit_line) {
             states.emplace_back();

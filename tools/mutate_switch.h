@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 // What tools/mutate builds into the product beside its faults: which of them is on, by the number

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/adapter_frames.h"
 
 #include "usr/hex_text.h"

@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QtGlobal>
 
 /// What the adapter's fields hold, in characters: 6 bytes for user name and password each, 16 for
 /// the name.
-constexpr qsizetype most_credential_characters = 6;
-constexpr qsizetype most_name_characters = 16;
+constexpr qsizetype max_credential_characters = 6;
+constexpr qsizetype max_name_characters = 16;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/broadcast_interface.h"
 
 #include "usr/usr_searcher.h"

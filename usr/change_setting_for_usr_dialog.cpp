@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/change_setting_for_usr_dialog.h"
 
 #include "app/assistance.h"
@@ -38,22 +40,22 @@ Change_setting_for_USR_Dialog::Change_setting_for_USR_Dialog(
 
 Change_setting_for_USR_Dialog::~Change_setting_for_USR_Dialog() = default;
 
-const char* Change_setting_for_USR_Dialog::find_complaint() const {
-    if (ui->lineEdit_Name->text().size() > most_name_characters) {
+const char* Change_setting_for_USR_Dialog::find_error() const {
+    if (ui->lineEdit_Name->text().size() > max_name_characters) {
         return "Name of USR is too long";
     }
-    if (ui->lineEdit_Username->text().size() > most_credential_characters) {
+    if (ui->lineEdit_Username->text().size() > max_credential_characters) {
         return "Username is too long";
     }
-    if (ui->lineEdit_Password->text().size() > most_credential_characters) {
+    if (ui->lineEdit_Password->text().size() > max_credential_characters) {
         return "Password is too long";
     }
     return nullptr;
 }
 
 bool Change_setting_for_USR_Dialog::check_fields() {
-    if (const char* complaint = find_complaint()) {
-        show_information_box(complaint, QMessageBox::Warning);
+    if (const char* error = find_error()) {
+        show_information_box(error, QMessageBox::Warning);
         return false;
     }
     new_usr_name = text_or(*ui->lineEdit_Name, usr_name);

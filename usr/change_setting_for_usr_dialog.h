@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QDialog>
@@ -36,7 +38,7 @@ private slots:
 
 private:
     bool check_fields();
-    [[nodiscard]] const char* find_complaint() const;
+    [[nodiscard]] const char* find_error() const;
 
     QString current_ip;
     QString static_ip;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/credentials_dialog.h"
 
 #include "app/assistance.h"
@@ -29,20 +31,20 @@ QString Credentials_Dialog::get_username() const { return ui->lineEdit_username-
 QString Credentials_Dialog::get_password() const { return ui->lineEdit_password->text(); }
 
 bool Credentials_Dialog::check_credentials() const {
-    const char* complaint = nullptr;
-    if (get_username().size() > most_credential_characters) {
-        complaint = "Username is too long";
-    } else if (get_password().size() > most_credential_characters) {
-        complaint = "Password is too long";
+    const char* error = nullptr;
+    if (get_username().size() > max_credential_characters) {
+        error = "Username is too long";
+    } else if (get_password().size() > max_credential_characters) {
+        error = "Password is too long";
     } else if (get_username().isEmpty()) {
-        complaint = "Enter username";
+        error = "Enter username";
     } else if (get_password().isEmpty()) {
-        complaint = "Enter password";
+        error = "Enter password";
     }
-    if (complaint) {
-        show_information_box(complaint, QMessageBox::Warning);
+    if (error) {
+        show_information_box(error, QMessageBox::Warning);
     }
-    return !complaint;
+    return !error;
 }
 
 void Credentials_Dialog::on_pushButton_ip_allocation_clicked() {

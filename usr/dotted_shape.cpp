@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/dotted_shape.h"
 
 #include <regex>

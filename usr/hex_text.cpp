@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/hex_text.h"
 
 #include <QStringList>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/ip_allocation.h"
 
 QString text_of(IP_Allocation allocation) {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/ip_settings_dialog.h"
 
 #include "app/assistance.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/search_stopwatch.h"
 
 #include "usr/waiting.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/select_connection_method_dialog.h"
 
 #include "app/assistance.h"

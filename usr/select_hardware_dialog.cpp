@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/select_hardware_dialog.h"
 
 #include "app/assistance.h"
@@ -5,7 +7,7 @@
 #include "app/message_box.h"
 #include "app/process_end.h"
 #include "ui_select_hardware_dialog.h"
-#include "usr/adapter_answers.h"
+#include "usr/adapter_replies.h"
 
 #include <QIcon>
 #include <QSet>

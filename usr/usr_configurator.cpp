@@ -1,10 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/usr_configurator.h"
 
 #include "app/busy_cursor.h"
 #include "app/message_box.h"
-#include "usr/adapter_answers.h"
 #include "usr/adapter_frames.h"
 #include "usr/adapter_limits.h"
+#include "usr/adapter_replies.h"
 #include "usr/ip_allocation.h"
 #include "usr/usr_log.h"
 #include "usr/waiting.h"
@@ -17,12 +19,12 @@
 namespace {
 
 constexpr unsigned long wait_for_login_answer_ms = 500;
-constexpr int most_login_attempts = 100;
+constexpr int max_login_attempts = 100;
 
-constexpr qsizetype name_digits = 2 * most_name_characters;
+constexpr qsizetype name_digits = 2 * max_name_characters;
 
 // More than an adapter ever sends: a flood ends here instead of holding the thread.
-constexpr int most_datagrams = 10'000;
+constexpr int max_datagrams = 10'000;
 
 // Thrown when the search for the adapter failed, so that the caller's own handler fires as well.
 constexpr int no_data_from_usr = -1;
@@ -85,7 +87,7 @@ QString USR_configurator::login_to_USR() {
     }
     // Only the first refusal counts: a later one shows its box and is not told to the caller.
     if (config_hex.size() != login_answer::configuration_digits &&
-        login_attempts < most_login_attempts) {
+        login_attempts < max_login_attempts) {
         login_to_USR();
     }
     login_attempts = 0;
@@ -112,7 +114,7 @@ std::string USR_configurator::read_pending_datagrams() {
     }
     std::string hex;
     QByteArray buffer(first_size, '\0');
-    for (int count = 0; count < most_datagrams && config_socket.hasPendingDatagrams(); ++count) {
+    for (int count = 0; count < max_datagrams && config_socket.hasPendingDatagrams(); ++count) {
         config_socket.readDatagram(buffer.data(), buffer.size());
         // Beyond an answer's length nobody looks at the text.
         if (hex.size() <= login_answer::configuration_digits) {
@@ -196,9 +198,9 @@ int USR_configurator::setup_USR() {
 int USR_configurator::change_credentials_and_name(const QString& wanted_username,
                                                   const QString& wanted_password,
                                                   const QString& wanted_name) {
-    if (wanted_username.size() > most_credential_characters ||
-        wanted_password.size() > most_credential_characters ||
-        wanted_name.size() > most_name_characters) {
+    if (wanted_username.size() > max_credential_characters ||
+        wanted_password.size() > max_credential_characters ||
+        wanted_name.size() > max_name_characters) {
         return -1;
     }
     const auto change = [&] {

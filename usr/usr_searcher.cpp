@@ -1,9 +1,11 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/usr_searcher.h"
 
 #include "app/busy_cursor.h"
 #include "app/message_box.h"
-#include "usr/adapter_answers.h"
 #include "usr/adapter_frames.h"
+#include "usr/adapter_replies.h"
 #include "usr/broadcast_interface.h"
 #include "usr/search_stopwatch.h"
 #include "usr/usr_log.h"
@@ -27,7 +29,7 @@ constexpr double listening_ms = 1000;
 constexpr int receive_buffer_bytes = 4 * 1024 * 1024;
 
 // More than any network has adapters: a flood ends here instead of filling the memory.
-constexpr qsizetype most_replies = 10'000;
+constexpr qsizetype max_replies = 10'000;
 
 bool has_wrong_length(const QString& reply_hex) { return reply_hex.size() != search_reply::digits; }
 
@@ -114,5 +116,5 @@ void USR_searcher::read_waiting_replies() {
 bool USR_searcher::can_take_more() const {
     // One wrong length spoils the whole search, so what comes behind it need not be kept.
     return USR_replies.isEmpty() ||
-           (!has_wrong_length(USR_replies.last()) && USR_replies.size() < most_replies);
+           (!has_wrong_length(USR_replies.last()) && USR_replies.size() < max_replies);
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QHostAddress>
@@ -33,7 +35,7 @@ public:
     ///         taken, or after a failure ("Search USR error").
     int search_USR_in_network();
 
-    /// The datagrams of the last search as hexadecimal text (adapter_answers.h tells the fields).
+    /// The datagrams of the last search as hexadecimal text (adapter_replies.h tells the fields).
     [[nodiscard]] QStringList get_USR_replies() const { return USR_replies; }
     /// The senders of these datagrams.
     [[nodiscard]] USR_Address_List get_USR_addresses() const { return USR_addresses; }

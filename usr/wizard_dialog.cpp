@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "usr/wizard_dialog.h"
 
 #include <QCloseEvent>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "windows/connection_wizard.h"
 
 #include "link/switch_session.h"

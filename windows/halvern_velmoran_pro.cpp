@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "windows/halvern_velmoran_pro.h"
 
 #include "pages/model_traits.h"

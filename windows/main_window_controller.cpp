@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "windows/main_window_controller.h"
 
 #include "app/event_log.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "windows/window_chrome.h"
 
 #include "app/dialog_looks.h"

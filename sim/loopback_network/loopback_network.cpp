@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Keeps the datagrams of a process on the loopback, where no network namespace can be made.
 // Preloaded into the tool and into the simulated adapters, it gives them a network that they share
 // with nobody:
@@ -39,7 +41,7 @@ constexpr unsigned first_free_port = 1024;
 constexpr unsigned port_shift = 20000;
 /// 127.N.255.1 and so on: as many processes can listen at one port.
 constexpr std::uint32_t listeners = 0xff00;
-constexpr std::uint32_t most_listeners = 8;
+constexpr std::uint32_t max_listeners = 8;
 
 template <typename Function>
 Function* real(Function*, const char* name) {
@@ -171,7 +173,7 @@ int bind_listener(int socket, unsigned port, const sockaddr* as, socklen_t lengt
     const int alone = 0;
     setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &alone, sizeof alone);
     int result = -1;
-    for (std::uint32_t number = 1; number <= most_listeners && result != 0; ++number) {
+    for (std::uint32_t number = 1; number <= max_listeners && result != 0; ++number) {
         Place place{own_address(listeners + number), port};
         translate_outwards(place);
         result = bind_at(socket, place, as, length);
@@ -214,7 +216,7 @@ ssize_t send_to(int socket, const msghdr& message, Place place, int flags) {
 
 ssize_t broadcast(int socket, const msghdr& message, unsigned port, int flags) {
     ssize_t result = -1;
-    for (std::uint32_t number = 1; number <= most_listeners; ++number) {
+    for (std::uint32_t number = 1; number <= max_listeners; ++number) {
         Place place{own_address(listeners + number), port};
         translate_outwards(place);
         result = send_to(socket, message, place, flags);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 /* Stands in for libudev where a program looks for serial ports. QSerialPortInfo asks libudev for
  * the devices of the subsystem "tty"; these functions answer with the names in HALVERN_SIM_PORTS,
  * all below /dev and separated by colons, and with no port if it is empty or unset. Linked into a

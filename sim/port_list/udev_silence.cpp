@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The rest of libudev's interface beside udev_port_list.c: there is nothing to find, nothing to
 // watch and nothing to tell. The shared library must not see the objects that udev_port_list.c
 // hands out, so every function that takes one stands here. Monitors, queues and hardware tables are

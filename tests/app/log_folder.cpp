@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/app/log_folder.h"
 
 #include <QFile>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/event_log.h"
 #include "app/message_box.h"
 #include "tests/app/log_folder.h"
@@ -14,7 +16,7 @@
 
 #include <stdexcept>
 
-/// The one look of all messages, and the one road of all failures.
+/// The one look of all messages, and the one path of all failures.
 class Test_Message_Box : public QObject {
     Q_OBJECT
 
@@ -150,7 +152,7 @@ void Test_Message_Box::markup_is_shown_as_its_characters() {
                   }});
     show_information_box(markup, QMessageBox::Warning);
     QVERIFY2(robot.done(), robot.why());
-    QCOMPARE(robot.sights().first().text_format, Qt::PlainText);
+    QCOMPARE(robot.snapshots().first().text_format, Qt::PlainText);
     QCOMPARE(label_format, Qt::PlainText);
     QCOMPARE(label_text, markup);
 }
@@ -240,7 +242,7 @@ void Test_Message_Box::every_kind_of_exception_is_reported_once() {
     QCOMPARE(report_exceptions("Get gateway error", standard, -1), -1);
     QCOMPARE(report_exceptions("Get gateway error", other, -1), -1);
     QVERIFY2(robot.done(), robot.why());
-    QCOMPARE(robot.sights().size(), 2);
+    QCOMPARE(robot.snapshots().size(), 2);
 }
 
 QTEST_MAIN(Test_Message_Box)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/select_km_type_dialog.h"
 #include "tests/support/find_child.h"
 #include "tests/support/modal_robot.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/select_km_type_dialog.h"
 #include "app/start_up.h"
 #include "tests/app/log_folder.h"
@@ -48,7 +50,7 @@ const Select_KM_type_Dialog* standing_dialog() {
 }
 
 /// What could be seen of the dialog at one moment.
-struct Dialog_Sight {
+struct Dialog_Snapshot {
     bool exists = standing_dialog() != nullptr;
     bool visible = exists && standing_dialog()->isVisible();
 };
@@ -56,11 +58,11 @@ struct Dialog_Sight {
 /// A main window that looks around as it goes.
 class Watching_Window : public QMainWindow {
 public:
-    explicit Watching_Window(std::optional<Dialog_Sight>& sight) : at_end(sight) {}
-    ~Watching_Window() override { at_end = Dialog_Sight(); }
+    explicit Watching_Window(std::optional<Dialog_Snapshot>& snapshot) : at_end(snapshot) {}
+    ~Watching_Window() override { at_end = Dialog_Snapshot(); }
 
 private:
-    std::optional<Dialog_Sight>& at_end;
+    std::optional<Dialog_Snapshot>& at_end;
 };
 
 void close_when_the_loop_runs(QMainWindow& window) {
@@ -218,15 +220,15 @@ void Test_Start_Up::a_dialog_closed_without_a_choice_touches_no_log() {
 void Test_Start_Up::the_dialog_exists_hidden_while_the_window_lives() {
     Modal_Robot robot;
     robot.expect(choose_model("radioButton_LITE"));
-    std::optional<Dialog_Sight> in_factory;
-    std::optional<Dialog_Sight> in_loop;
+    std::optional<Dialog_Snapshot> in_factory;
+    std::optional<Dialog_Snapshot> in_loop;
     std::exception_ptr failure;
     run_tool(
         [&](const std::string&) {
-            in_factory = Dialog_Sight();
+            in_factory = Dialog_Snapshot();
             auto window = std::make_unique<QMainWindow>();
             QTimer::singleShot(0, window.get(), [&in_loop, shown = window.get()] {
-                in_loop = Dialog_Sight();
+                in_loop = Dialog_Snapshot();
                 shown->close();
             });
             return window;
@@ -240,7 +242,7 @@ void Test_Start_Up::the_dialog_exists_hidden_while_the_window_lives() {
 void Test_Start_Up::the_window_is_deleted_before_the_dialog() {
     Modal_Robot robot;
     robot.expect(choose_model("radioButton_LITE"));
-    std::optional<Dialog_Sight> at_end_of_window;
+    std::optional<Dialog_Snapshot> at_end_of_window;
     std::exception_ptr failure;
     run_tool(
         [&](const std::string&) {
@@ -280,7 +282,7 @@ void Test_Start_Up::a_factory_that_throws_hands_over_its_exception() {
 void Test_Start_Up::a_factory_that_throws_leaves_no_dialog_and_no_event_loop() {
     Modal_Robot robot;
     robot.expect(choose_model("radioButton_PLUS"));
-    std::optional<Dialog_Sight> at_end_of_window;
+    std::optional<Dialog_Snapshot> at_end_of_window;
     bool loop_ran = false;
     std::exception_ptr failure;
     run_tool(

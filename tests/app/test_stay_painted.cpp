@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/stay_painted.h"
 #include "tests/support/wait_until.h"
 #include "tests/windows/test_layout_drag_display.h"
@@ -20,7 +22,7 @@ private slots:
 
 namespace {
 
-constexpr int longest_wait = 20'000;
+constexpr int max_wait = 20'000;
 
 /// What is on the screen, without any event being served.
 QImage screen_at(const QRect& place) {
@@ -56,7 +58,7 @@ void Test_Stay_Painted::a_hidden_dialog_is_still_seen_until_events_are_served() 
     Green_Dialog dialog;
     const QColor green = QPalette(Qt::green).color(QPalette::Window);
     dialog.show();
-    QVERIFY(wait_until([&] { return is_all(screen_at(dialog.place()), green); }, longest_wait));
+    QVERIFY(wait_until([&] { return is_all(screen_at(dialog.place()), green); }, max_wait));
     const QRect place = dialog.place();
 
     hide_and_stay_painted(dialog);
@@ -66,7 +68,7 @@ void Test_Stay_Painted::a_hidden_dialog_is_still_seen_until_events_are_served() 
         QVERIFY(is_all(screen_at(place), green));
         QTest::qSleep(10);
     }
-    QVERIFY(wait_until([&] { return !is_all(screen_at(place), green); }, longest_wait));
+    QVERIFY(wait_until([&] { return !is_all(screen_at(place), green); }, max_wait));
 }
 
 void Test_Stay_Painted::exec_ends_at_once() {

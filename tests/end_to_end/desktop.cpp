@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/end_to_end/desktop.h"
 
 #include "tests/support/wait_until.h"
@@ -7,7 +9,7 @@
 
 namespace {
 
-constexpr int longest_wait = 20'000;
+constexpr int max_wait = 20'000;
 
 QString exactly(const QString& title) { return '^' + QRegularExpression::escape(title) + '$'; }
 
@@ -21,7 +23,7 @@ Desktop::Desktop(const QString& screen_size)
 bool Desktop::is_ready() const {
     // The first key of all changes the server's key map, and the window manager takes its own keys
     // anew; a key that comes just then is lost to it. So the first one is one that means nothing.
-    return wait_until([this] { return run_tool({"get_desktop"}); }, longest_wait) &&
+    return wait_until([this] { return run_tool({"get_desktop"}); }, max_wait) &&
            run_tool({"key", "Shift_L"});
 }
 
@@ -33,7 +35,7 @@ QString Desktop::find_window(const QString& title) const {
         [&] {
             return run_tool({"get_desktop_for_window", window});
         },
-        longest_wait);
+        max_wait);
     return managed ? window : QString();
 }
 
@@ -44,7 +46,7 @@ bool Desktop::shows_window(const QString& title) const {
 QMap<QString, int> Desktop::numbers_from(const QStringList& arguments) const {
     Program_Run tool({.program = "xdotool", .arguments = arguments, .display = screen.name()});
     QMap<QString, int> numbers;
-    if (tool.wait_for_end(longest_wait) && tool.exit_status() == 0) {
+    if (tool.wait_for_end(max_wait) && tool.exit_status() == 0) {
         for (const QString& line : QString::fromLatin1(tool.output()).split('\n')) {
             numbers[line.section('=', 0, 0)] = line.section('=', 1).toInt();
         }
@@ -78,12 +80,12 @@ bool Desktop::press(const QString& window, const QString& keys) const {
         return run_tool({"windowactivate", window}) && run_tool({"getactivewindow"}, &active) &&
                active == window;
     };
-    return wait_until(becomes_active, longest_wait) && run_tool({"key", keys});
+    return wait_until(becomes_active, max_wait) && run_tool({"key", keys});
 }
 
 bool Desktop::run_tool(const QStringList& arguments, QString* output) const {
     Program_Run tool({.program = "xdotool", .arguments = arguments, .display = screen.name()});
-    const bool succeeded = tool.wait_for_end(longest_wait) && tool.exit_status() == 0;
+    const bool succeeded = tool.wait_for_end(max_wait) && tool.exit_status() == 0;
     if (output != nullptr) {
         *output = QString::fromLatin1(tool.output()).section('\n', 0, 0);
     }

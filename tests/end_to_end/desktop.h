@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "tests/support/program_run.h"
@@ -18,7 +20,7 @@ public:
     [[nodiscard]] bool is_ready() const;
 
     /// What the window manager has complained about.
-    QByteArray complaints() { return window_manager.errors(); }
+    QByteArray errors() { return window_manager.errors(); }
 
     [[nodiscard]] const QString& display() const { return screen.name(); }
 

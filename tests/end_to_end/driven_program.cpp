@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/end_to_end/driven_program.h"
 
 #include "tests/support/wait_until.h"

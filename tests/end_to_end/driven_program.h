@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "tests/support/program_run.h"
@@ -8,8 +10,8 @@
 /// What a driven program finds on its machine.
 enum class Port_List { answers, throws };
 
-/// The real program without a display, and a hand inside it that does what it is told; see hand.h
-/// for the words.
+/// The real program without a display, and a hand inside it that does what it is told; see
+/// modal_responder.h for the words.
 class Driven_Program {
 public:
     /// @param ports device names of the only serial ports that it shall see.

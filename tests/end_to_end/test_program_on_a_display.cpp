@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/select_km_type_dialog.h"
 #include "sim/simulated_switch.h"
 #include "tests/app/log_folder.h"
@@ -45,8 +47,7 @@ QPoint place_in_model_dialog(const QString& button_name) {
 
 void Test_Program_On_A_Display::initTestCase() {
     desktop = std::make_unique<Desktop>();
-    QVERIFY2(desktop->is_ready(),
-             (desktop->display() + desktop->complaints()).toUtf8().constData());
+    QVERIFY2(desktop->is_ready(), (desktop->display() + desktop->errors()).toUtf8().constData());
 }
 
 Program_Setting Test_Program_On_A_Display::program_on_screen(const QStringList& ports) const {

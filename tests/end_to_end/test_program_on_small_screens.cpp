@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/screen_fit.h"
 #include "sim/simulated_switch.h"
 #include "tests/end_to_end/desktop.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/simulated_switch.h"
 #include "tests/app/log_folder.h"
 #include "tests/end_to_end/driven_program.h"

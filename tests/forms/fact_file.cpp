@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/forms/fact_file.h"
 
 #include <QFile>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/forms/form_gallery.h"
 
 #include "ui_change_setting_for_usr_dialog.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Saves every page of every form as a PNG file: form_screenshots <folder>.
 // Without a display: QT_QPA_PLATFORM=offscreen.
 #include "tests/forms/form_gallery.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/forms/geometry_checks.h"
 
 #include "tests/forms/fact_file.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/forms/sample_content.h"
 
 #include <QComboBox>

@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/forms/fact_file.h"
+#include "tests/forms/fixed_look.h"
 #include "tests/forms/form_gallery.h"
 #include "tests/forms/geometry_checks.h"
 #include "tests/forms/sample_content.h"
-#include "tests/forms/test_look.h"
 
 #include <QComboBox>
 #include <QImage>
@@ -134,7 +136,7 @@ private slots:
 void Test_Form_Geometry::use_family(const QString& family) {
     if (family != family_in_use) {
         shown_pages.clear();
-        use_test_look(family);
+        use_fixed_look(family);
         family_in_use = family;
     }
 }
@@ -151,7 +153,7 @@ const QWidget& Test_Form_Geometry::shown(const Page& page) {
 
 void Test_Form_Geometry::initTestCase() {
     for (const QString& family : all_families) {
-        QVERIFY2(use_test_look(family), qPrintable(family + " is not installed"));
+        QVERIFY2(use_fixed_look(family), qPrintable(family + " is not installed"));
     }
     use_family(narrow_family);
 }

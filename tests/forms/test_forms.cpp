@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/forms/fact_file.h"
+#include "tests/forms/fixed_look.h"
 #include "tests/forms/form_gallery.h"
-#include "tests/forms/test_look.h"
 #include "tests/forms/widget_facts.h"
 
 #include <QDir>
@@ -99,7 +101,7 @@ private slots:
     void continue_is_written_differently_in_two_dialogs();
 };
 
-void Test_Forms::initTestCase() { QVERIFY2(use_test_look(), "install fonts-liberation"); }
+void Test_Forms::initTestCase() { QVERIFY2(use_fixed_look(), "install fonts-liberation"); }
 
 /// One window per form for all tests that only look at it. Fonts settle when it is shown.
 const QWidget& Test_Forms::shown(const QString& name) {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/forms/form_gallery.h"
 
 #include <QDir>

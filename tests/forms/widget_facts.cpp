@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/forms/widget_facts.h"
 
 #include "tests/forms/fact_file.h"

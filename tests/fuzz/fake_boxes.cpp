@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/fuzz/fake_boxes.h"
 
 #include "app/event_log.h"
@@ -5,23 +7,23 @@
 
 namespace {
 
-struct Desk {
+struct Box_Answers {
     fake_boxes::Happening happening;
     int boxes = 0;
 };
 
-Desk& the_desk() {
-    static Desk desk;
-    return desk;
+Box_Answers& box_answers() {
+    static Box_Answers answers;
+    return answers;
 }
 
 } // namespace
 
-void fake_boxes::while_shown(const Happening& happening) { the_desk().happening = happening; }
+void fake_boxes::while_shown(const Happening& happening) { box_answers().happening = happening; }
 
-int fake_boxes::count() { return the_desk().boxes; }
+int fake_boxes::count() { return box_answers().boxes; }
 
-void fake_boxes::forget() { the_desk().boxes = 0; }
+void fake_boxes::forget() { box_answers().boxes = 0; }
 
 // In the place of app/message_box.cpp.
 void set_message_box_look(const QString& text, const int& icon, QMessageBox* box) {
@@ -30,9 +32,9 @@ void set_message_box_look(const QString& text, const int& icon, QMessageBox* box
 }
 
 void show_information_box(const QString& text, const int& /*icon*/) {
-    ++the_desk().boxes;
-    if (the_desk().happening) {
-        the_desk().happening(text);
+    ++box_answers().boxes;
+    if (box_answers().happening) {
+        box_answers().happening(text);
     }
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/fuzz/fake_network.h"
 
 #include <QNetworkProxyFactory>

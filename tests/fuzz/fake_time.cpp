@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The time of the adapter search in the fuzzers, in the place of usr/waiting.cpp: blocking takes
 // none, and a search, which listens for a second by this clock, looks four times.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/fuzz/fake_timers.h"
 
 #include <QPointer>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The frames to an adapter, from whatever a person types.
 // Input: the text.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Audio states in replies, files and commands.
 // Input: the text.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The bytes of commands, and custom entries as the unit and a file have them.
 // Input: the text.
 

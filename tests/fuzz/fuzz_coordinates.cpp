@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Cells of the grid in reports, commands and files.
 // Input: the text.
 

@@ -1,9 +1,11 @@
+// SPDX-License-Identifier: MIT
+
 // Hexadecimal digits, dotted addresses and fields of an answer, both ways.
 // Input: a byte that is a width or an offset, then the text.
 
 #include "tests/fuzz/out_of_range_end.h"
-#include "usr/adapter_answers.h"
 #include "usr/adapter_frames.h"
+#include "usr/adapter_replies.h"
 #include "usr/dotted_shape.h"
 #include "usr/hex_text.h"
 

@@ -1,9 +1,11 @@
+// SPDX-License-Identifier: MIT
+
 // Answers of any length to a login at an adapter, and what is read, shown and sent with them.
 // Input: a byte of which the lowest bits choose searches that are answered by the input too, an
 // adapter that is silent when the input is at its end, and, if all three next are set, the dialog;
 // then the datagrams, a group for each frame.
 
-#include "sim/adapter_unit.h"
+#include "sim/adapter_logic.h"
 #include "tests/fuzz/datagram_input.h"
 #include "tests/fuzz/fake_boxes.h"
 #include "tests/fuzz/fake_network.h"
@@ -27,7 +29,7 @@ constexpr const char* adapter_ip = "127.0.0.2";
 QByteArrayList answer(Datagram_Input& input, unsigned options, const QByteArray& frame) {
     const char command = frame.at(2);
     if (command == search_command && !(options & searches_from_input)) {
-        return {Adapter_Unit().search_reply()};
+        return {Adapter_Logic().search_reply()};
     }
     if (!input.is_at_end()) {
         return command <= login_command ? input.next_group() : QByteArrayList();
@@ -35,8 +37,8 @@ QByteArrayList answer(Datagram_Input& input, unsigned options, const QByteArray&
     if (options & silent_at_the_end) {
         return {};
     }
-    return {command == search_command ? Adapter_Unit().search_reply()
-                                      : Adapter_Unit().login_answer()};
+    return {command == search_command ? Adapter_Logic().search_reply()
+                                      : Adapter_Logic().login_answer()};
 }
 
 void expect_address(const QString& text) {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Replies over the network, from a datagram's text to the widgets of a whole window.
 // Input: the model, which is never the Lite, then what a Reply_Player plays.
 

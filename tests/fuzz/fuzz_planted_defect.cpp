@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Proves that a finding is seen: a target with defects of each kind, chosen by the first byte.
 // `tools/fuzz --self-test` runs it.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Values cut out of a unit's replies.
 // Input: a byte that is an offset, then the text.
 

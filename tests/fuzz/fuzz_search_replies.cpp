@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Replies of any length to the search for adapters, into its lists, its dialog, and the two readers
 // of the configurator.
 // Input: a byte of which the lowest bits choose the dialog and a press on its Refresh; then the
@@ -8,7 +10,7 @@
 #include "tests/fuzz/fake_network.h"
 #include "tests/fuzz/start.h"
 #include "tests/fuzz/stated_ends.h"
-#include "usr/adapter_answers.h"
+#include "usr/adapter_replies.h"
 #include "usr/select_hardware_dialog.h"
 #include "usr/usr_configurator.h"
 

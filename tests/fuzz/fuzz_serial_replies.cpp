@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Replies on the serial line, from the port's bytes to the widgets of a whole window.
 // Input: the model, then what a Reply_Player plays.
 

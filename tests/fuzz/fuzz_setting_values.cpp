@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Values of a settings file's lines.
 // Input: the text.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A settings file of any content, loaded in both its parts on a recording link.
 // Input: the model; 'r' for a window that a report has filled before; then the file. What follows
 // the file behind a byte 0x1D are the switch's replies between the two parts, one chunk to each

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // One report applied to a window part by part, without the guard that turns its failures into a
 // box, then saved to a settings file and loaded from it.
 // Input: the model, then the report.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/fuzz/fuzz_window.h"
 
 #include "link/link_transport.h"

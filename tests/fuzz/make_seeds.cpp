@@ -1,11 +1,13 @@
+// SPDX-License-Identifier: MIT
+
 // make_seeds FOLDER
 //
 // Writes the first seeds of the fuzzers into FOLDER, one folder to each: what the simulated units
 // answer to the questions of a start, to settings, and to a new layout.
 
-#include "sim/adapter_unit.h"
+#include "sim/adapter_logic.h"
+#include "sim/switch_logic.h"
 #include "sim/switch_report.h"
-#include "sim/switch_unit.h"
 #include "tests/support/another_state.h"
 
 #include <QDir>
@@ -37,7 +39,7 @@ private:
     QDir folder;
 };
 
-QByteArray answers(Switch_Unit& unit, const QByteArrayList& commands, const QByteArray& between) {
+QByteArray answers(Switch_Logic& unit, const QByteArrayList& commands, const QByteArray& between) {
     QByteArray all;
     for (const QByteArray& command : commands) {
         all += unit.answer(command) + between;
@@ -62,11 +64,11 @@ constexpr const char* layout_command = "//FF01B06FF02B07FF03B10FF04B11";
 void write_switch_seeds(const Seed_Folder& seeds, int number, Switch_Model model) {
     const QByteArray which = QByteArray::number(number);
     const auto fresh_unit = [model] {
-        Switch_Unit unit(model);
+        Switch_Logic unit(model);
         unit.set_state(another_state());
         return unit;
     };
-    Switch_Unit unit = fresh_unit();
+    Switch_Logic unit = fresh_unit();
     const QByteArray report = answers(unit, questions, {});
     const QByteArray pieces = answers(unit, questions, QByteArray(1, cut));
     seeds.write("status_report", "filled-" + which, which + report);
@@ -102,8 +104,8 @@ void write_adapter_seeds(const Seed_Folder& seeds) {
         return QByteArray(1, static_cast<char>(size < 200 ? size : 200 + size / 10)) + bytes;
     };
     const QByteArray next_group("\xff");
-    const QByteArray reply = datagram(Adapter_Unit().search_reply());
-    const QByteArray configuration = datagram(Adapter_Unit().login_answer());
+    const QByteArray reply = datagram(Adapter_Logic().search_reply());
+    const QByteArray configuration = datagram(Adapter_Logic().login_answer());
     const QByteArray refusal = datagram("\xff\x01\x03\x04");
     for (const char options : {'\0', '\1', '\3'}) {
         const QByteArray first(1, options);

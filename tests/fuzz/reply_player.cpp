@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/fuzz/reply_player.h"
 
 #include "pages/model_traits.h"
@@ -17,8 +19,8 @@ constexpr char refresh_mark = 0x1E;
 constexpr char submit_mark = 0x1F;
 
 constexpr int report_wait_ms = 1000;
-constexpr int longest_wait_ms = 10'000;
-constexpr int most_boxes_open = 3;
+constexpr int max_wait_ms = 10'000;
+constexpr int max_boxes_open = 3;
 
 bool is_mark(char character) { return character >= first_mark && character <= submit_mark; }
 
@@ -45,7 +47,7 @@ void Reply_Player::play() {
     while (!rest.isEmpty() && !ended) {
         step();
     }
-    pass_time(window, longest_wait_ms, ended);
+    pass_time(window, max_wait_ms, ended);
     check();
     fake_boxes::while_shown({});
 }
@@ -90,7 +92,7 @@ void Reply_Player::act(char mark) {
 }
 
 void Reply_Player::serve_under_box() {
-    if (ended || rest.isEmpty() || boxes_open == most_boxes_open) {
+    if (ended || rest.isEmpty() || boxes_open == max_boxes_open) {
         return;
     }
     ++boxes_open;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // How the sanitizers of every fuzzer are set, so that a finding is reproduced by its file alone.
 
 extern "C" const char* __asan_default_options();

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/fuzz/settings_paths.h"
 
 #include "settings/file_dialogs.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// Makes the QApplication of a fuzzer that has widgets, without a display. To be called first.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/fuzz/timed_slots.h"
 
 #include "pages/model_traits.h"

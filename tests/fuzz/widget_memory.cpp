@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/fuzz/widget_memory.h"
 
 #include <QCheckBox>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/link/failing_read.h"
 
 #include <cerrno>

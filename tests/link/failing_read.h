@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// While it lives, read() from one descriptor fails with EIO, as from a device that has broken

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/link/open_line.h"
 
 #include "app/message_box.h"

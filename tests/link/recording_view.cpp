@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/link/recording_view.h"
 
 #include "app/message_box.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/command_encoding.h"
 #include "tests/link/failing_allocation.h"
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/link/open_line.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
@@ -32,7 +34,7 @@ private slots:
     void bytes_pass_the_guard_and_get_no_carriage_return();
     void bytes_go_to_the_port_whatever_the_chosen_method();
     void bytes_without_an_open_port_are_dropped_in_silence();
-    void the_layout_road_passes_the_guard_and_gets_a_carriage_return();
+    void the_layout_path_passes_the_guard_and_gets_a_carriage_return();
     void commands_follow_the_chosen_method_to_the_socket();
     void an_open_socket_does_not_help_the_serial_method();
     void an_open_port_does_not_help_the_network_method();
@@ -78,7 +80,7 @@ void Test_Command_Writer::init() { robot = std::make_unique<Modal_Robot>(); }
 void Test_Command_Writer::cleanup() {
     // Nothing here ends in a box.
     QVERIFY2(robot->done(), robot->why());
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
     QCOMPARE(windows_left(), QStringList());
 }
 
@@ -243,7 +245,7 @@ void Test_Command_Writer::bytes_without_an_open_port_are_dropped_in_silence() {
     QCOMPARE(adapter.next(), "//c4\r");
 }
 
-void Test_Command_Writer::the_layout_road_passes_the_guard_and_gets_a_carriage_return() {
+void Test_Command_Writer::the_layout_path_passes_the_guard_and_gets_a_carriage_return() {
     Open_Line line;
     line.state.write_enabled = false;
     QString command = "//FF01B01FF02B02FF03B05FF04B06";

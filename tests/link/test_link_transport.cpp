@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/link_transport.h"
 #include "sim/pty_port.h"
 #include "tests/support/modal_robot.h"
@@ -194,7 +196,7 @@ void Test_Link_Transport::a_port_that_does_not_exist_stands_closed_and_counts_no
     QVERIFY(!devices.is_open());
     devices.write("//rl\r");
     QVERIFY2(robot.done(), robot.why());
-    QCOMPARE(robot.sights().size(), 0);
+    QCOMPARE(robot.snapshots().size(), 0);
 }
 
 void Test_Link_Transport::a_port_that_did_not_open_is_replaced_by_one_that_does() {
@@ -235,7 +237,7 @@ void Test_Link_Transport::bytes_without_an_open_device_are_dropped_in_silence() 
     devices.method = Link_Method::network;
     devices.write("//rl\r");
     QVERIFY2(robot.done(), robot.why());
-    QCOMPARE(robot.sights().size(), 0);
+    QCOMPARE(robot.snapshots().size(), 0);
 }
 
 void Test_Link_Transport::bytes_go_to_the_device_of_the_chosen_method() {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/event_log.h"
 #include "pages/combo_box.h"
 #include "tests/app/log_folder.h"
@@ -47,7 +49,7 @@ void Test_Lite_Log::a_channel_that_is_no_number_is_one_entry_with_the_exceptions
     QVERIFY(lite->say("**C two\n"));
     QCOMPARE(folder->entries(), QStringList{"stoi"});
     QCOMPARE(lite->combo("comboBox_KM_Control").currentIndex(), 0);
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
 }
 
 void Test_Lite_Log::an_empty_channel_leaves_the_box_and_no_entry() {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/event_log.h"
 #include "tests/app/log_folder.h"
 #include "tests/link/reply_bench.h"

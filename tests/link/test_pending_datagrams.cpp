@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/pending_datagrams.h"
 #include "tests/support/wait_until.h"
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/link/reply_bench.h"
 #include "tests/support/modal_robot.h"
 
@@ -66,7 +68,7 @@ void Test_Serial_Chunks::init() {
 void Test_Serial_Chunks::cleanup() {
     bench.reset();
     QVERIFY2(robot->done(), robot->why());
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
 }
 
 void Test_Serial_Chunks::answer_notices() const {

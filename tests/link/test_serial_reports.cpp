@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/event_log.h"
 #include "tests/app/log_folder.h"
 #include "tests/link/reply_bench.h"
@@ -57,7 +59,7 @@ private:
 namespace {
 
 const QByteArray saved = "Saving horizontal dimension as 4\n";
-constexpr int longest_wait = 20'000;
+constexpr int max_wait = 20'000;
 
 } // namespace
 
@@ -97,7 +99,7 @@ void Test_Serial_Reports::the_report_is_read_1000_ms_after_its_first_chunk() {
     const qint64 first_chunk = bench->window.clock.elapsed();
     bench->replies.take_serial_chunk("KM\n");
     QVERIFY(!state().info_report_pending);
-    QVERIFY(wait_until([&] { return !bench->window.report_calls.isEmpty(); }, longest_wait));
+    QVERIFY(wait_until([&] { return !bench->window.report_calls.isEmpty(); }, max_wait));
     const milliseconds waited(bench->window.report_calls.first() - first_chunk);
     QCOMPARE(wrong_wait(waited, 1000ms), QByteArray());
     QCOMPARE(bench->window.layout_calls.size(), 0);
@@ -108,7 +110,7 @@ void Test_Serial_Reports::only_the_first_chunk_starts_the_wait() {
     bench->replies.take_serial_chunk("K");
     QVERIFY(!wait_until([&] { return !bench->window.report_calls.isEmpty(); }, 300));
     bench->replies.take_serial_chunk("M\n");
-    QVERIFY(wait_until([&] { return !bench->window.report_calls.isEmpty(); }, longest_wait));
+    QVERIFY(wait_until([&] { return !bench->window.report_calls.isEmpty(); }, max_wait));
     QVERIFY(!wait_until([&] { return bench->window.report_calls.size() > 1; }, 700));
 }
 
@@ -124,7 +126,7 @@ void Test_Serial_Reports::the_layout_is_read_1000_ms_after_its_confirmation() {
     const qint64 confirmation = bench->window.clock.elapsed();
     bench->replies.take_serial_chunk(saved);
     bench->replies.take_serial_chunk("//FF01B01\n");
-    QVERIFY(wait_until([&] { return !bench->window.layout_calls.isEmpty(); }, longest_wait));
+    QVERIFY(wait_until([&] { return !bench->window.layout_calls.isEmpty(); }, max_wait));
     const milliseconds waited(bench->window.layout_calls.first() - confirmation);
     QCOMPARE(wrong_wait(waited, 1000ms), QByteArray());
     QVERIFY(!wait_until([&] { return bench->window.layout_calls.size() > 1; }, 300));
@@ -138,7 +140,7 @@ void Test_Serial_Reports::both_waits_can_run_at_once() {
         [&] {
             return bench->window.report_calls.size() == 1 && bench->window.layout_calls.size() == 1;
         },
-        longest_wait));
+        max_wait));
 }
 
 void Test_Serial_Reports::a_running_wait_is_not_stopped_by_a_closed_port() {
@@ -146,7 +148,7 @@ void Test_Serial_Reports::a_running_wait_is_not_stopped_by_a_closed_port() {
     bench->replies.take_serial_chunk("KM\n");
     bench->line.devices.close_port();
     state().km_connected = false;
-    QVERIFY(wait_until([&] { return bench->window.report_calls.size() == 1; }, longest_wait));
+    QVERIFY(wait_until([&] { return bench->window.report_calls.size() == 1; }, max_wait));
 }
 
 void Test_Serial_Reports::all_reports_are_read_from_the_one_buffer() {
@@ -296,7 +298,7 @@ void Test_Serial_Reports::nothing_catches_what_a_bad_new_layout_throws() {
     state().received_buff = "no layout here\n";
     QVERIFY_THROWS_EXCEPTION(std::out_of_range, bench->replies.set_current_layout_from_buff());
     QCOMPARE(folder->entries(), QStringList());
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
 }
 
 QTEST_MAIN(Test_Serial_Reports)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/switch_protocol.h"
 
 #include <QTest>

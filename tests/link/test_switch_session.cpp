@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/link_transport.h"
 #include "link/session_traits.h"
 #include "link/switch_session.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/link/failing_read.h"
 #include "tests/link/open_line.h"
 #include "tests/support/modal_robot.h"
@@ -31,7 +33,7 @@ namespace {
 
 constexpr int watched_ms = 300;
 /// Waiting itself wakes the event loop about 30 times, a port that spins thousands of times.
-constexpr int most_rounds = 150;
+constexpr int max_rounds = 150;
 
 void serve_events_for_a_while() {
     (void)wait_until([] { return false; }, 50);
@@ -43,7 +45,7 @@ void Test_Vanished_Port::init() { robot = std::make_unique<Modal_Robot>(); }
 
 void Test_Vanished_Port::cleanup() {
     QVERIFY2(robot->done(), robot->why());
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
     QCOMPARE(windows_left(), QStringList());
 }
 
@@ -54,7 +56,7 @@ void Test_Vanished_Port::a_vanished_end_lets_the_program_rest() {
     QVERIFY(wait_until([&] { return ready.size() == 1; }));
     line.device.close();
     const int rounds = count_event_rounds(watched_ms);
-    QVERIFY2(rounds < most_rounds, qPrintable(QString::number(rounds)));
+    QVERIFY2(rounds < max_rounds, qPrintable(QString::number(rounds)));
     QCOMPARE(ready.size(), 1);
     QVERIFY(!line.devices.serial_port->isOpen());
 }
@@ -101,7 +103,7 @@ void Test_Vanished_Port::vanishing_with_unsent_bytes_lets_it_rest_as_well() {
     line.devices.write(QByteArray(1'000'000, 'x'));
     line.device.close();
     const int rounds = count_event_rounds(watched_ms);
-    QVERIFY2(rounds < most_rounds, qPrintable(QString::number(rounds)));
+    QVERIFY2(rounds < max_rounds, qPrintable(QString::number(rounds)));
 }
 
 void Test_Vanished_Port::a_read_that_fails_closes_the_port_and_lets_it_rest() {
@@ -111,7 +113,7 @@ void Test_Vanished_Port::a_read_that_fails_closes_the_port_and_lets_it_rest() {
     QVERIFY(wait_until([&] { return !line.devices.serial_port->isOpen(); }));
     QVERIFY(failing_read.count() >= 1);
     const int rounds = count_event_rounds(watched_ms);
-    QVERIFY2(rounds < most_rounds, qPrintable(QString::number(rounds)));
+    QVERIFY2(rounds < max_rounds, qPrintable(QString::number(rounds)));
     QCOMPARE(line.devices.port_open_count, 1);
 }
 

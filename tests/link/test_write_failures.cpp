@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/event_log.h"
 #include "tests/app/log_folder.h"
 #include "tests/link/failing_allocation.h"
@@ -126,7 +128,7 @@ void Test_Write_Failures::a_write_that_fails_without_an_exception_is_not_noticed
     line.writer.writeCommand(std::string("//c3"));
     QCOMPARE(line.received(), "");
     QCOMPARE(folder->entries(), QStringList());
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
     QCOMPARE(line.devices.port_open_count, 1);
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/find_child.h"
 #include "tests/support/wait_until.h"
 #include "tests/support/wizard_fixture.h"

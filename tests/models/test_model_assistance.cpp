@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/select_km_type_dialog.h"
 #include "app/yes_no_dialog.h"
-#include "tests/support/assistance_sight.h"
+#include "tests/support/assistance_snapshot.h"
 #include "tests/support/find_child.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/command_writer.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/model_fixture.h"
@@ -87,7 +89,7 @@ void Test_Model_Cancelled_Load::the_second_parts_timer_starts_behind_the_questio
         questions.append("//QA");
     }
     QCOMPARE(fixture->commands(), questions);
-    QCOMPARE(robot->sights().constLast().class_name, "QFileDialog");
+    QCOMPARE(robot->snapshots().constLast().class_name, "QFileDialog");
     // What the user picks is sent.
     fixture->combo("comboBox_KM_Control").setCurrentIndex(2);
     QCOMPARE(fixture->commands(), QByteArrayList{"//c3"});

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/event_log.h"
 #include "link/link_transport.h"
 #include "tests/app/log_folder.h"
@@ -202,7 +204,7 @@ void Test_Model_Link_Failures::a_port_that_does_not_open_is_neither_logged_nor_s
 void Test_Model_Link_Failures::a_port_that_does_not_open_is_neither_logged_nor_shown() {
     QFETCH(const QString, way);
     QVERIFY(open());
-    const qsizetype boxes = robot->sights().size();
+    const qsizetype boxes = robot->snapshots().size();
     const QString style = fixture->button("pushButton_Connection_Indicator").styleSheet();
     QCOMPARE(style, indicator_style("green"));
     fixture->combo("comboBox_SelectPort").setItemText(0, "pts/no-such-line");
@@ -210,7 +212,7 @@ void Test_Model_Link_Failures::a_port_that_does_not_open_is_neither_logged_nor_s
     open_port_anew(way);
     fixture->combo("comboBox_KM_Control").setCurrentIndex(2);
     QCOMPARE(folder->entries(), QStringList());
-    QCOMPARE(robot->sights().size(), boxes);
+    QCOMPARE(robot->snapshots().size(), boxes);
     // ON leaves the indicator to the switch's answer; another port takes it down at once.
     QCOMPARE(fixture->button("pushButton_Connection_Indicator").styleSheet(),
              indicator_style(way == "ON" ? "green" : "red"));
@@ -235,7 +237,7 @@ void Test_Model_Link_Failures::a_port_that_can_not_be_replaced_is_told_as_a_fail
 void Test_Model_Link_Failures::a_port_that_off_can_not_close_is_told_of_on_plus_and_pro_only() {
     QVERIFY(open());
     const bool told = tested != Switch_Model::lite;
-    const qsizetype boxes = robot->sights().size();
+    const qsizetype boxes = robot->snapshots().size();
     closing_fails = true;
     if (told) {
         expect_failure("Close serial error");
@@ -245,7 +247,7 @@ void Test_Model_Link_Failures::a_port_that_off_can_not_close_is_told_of_on_plus_
     const QStringList entries = told ? QStringList{"Close serial error"} : QStringList();
     QCOMPARE(logged_before_box, entries);
     QCOMPARE(folder->entries(), entries);
-    QCOMPARE(robot->sights().size(), boxes + (told ? 1 : 0));
+    QCOMPARE(robot->snapshots().size(), boxes + (told ? 1 : 0));
     // OFF it is all the same, and what the user does is not sent.
     QCOMPARE(fixture->button("pushButton_Connection_Indicator").styleSheet(),
              indicator_style("red"));
@@ -263,12 +265,12 @@ void Test_Model_Link_Failures::a_port_that_off_can_not_close_is_told_of_on_plus_
 
 void Test_Model_Link_Failures::off_without_a_port_is_neither_logged_nor_shown() {
     QVERIFY(open());
-    const qsizetype boxes = robot->sights().size();
+    const qsizetype boxes = robot->snapshots().size();
     for (int round = 0; round < 3; ++round) {
         QVERIFY(fixture->run_slot("on_pushButton_OFF_Connection_clicked"));
     }
     QCOMPARE(folder->entries(), QStringList());
-    QCOMPARE(robot->sights().size(), boxes);
+    QCOMPARE(robot->snapshots().size(), boxes);
     // The count of open ports is none below zero: one ON is enough.
     fixture->button("pushButton_ON_Connection").click();
     QVERIFY(fixture->wait_connected());

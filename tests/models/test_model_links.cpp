@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/port_list.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/model_fixture.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/event_log.h"
 #include "tests/app/log_folder.h"
 #include "tests/support/modal_robot.h"
@@ -117,7 +119,7 @@ void Test_Model_Report_Failures::a_report_that_lacks_a_key_is_logged_then_shown_
 }
 
 void Test_Model_Report_Failures::a_channel_that_is_no_number_is_logged_and_not_shown() {
-    const qsizetype boxes = robot->sights().size();
+    const qsizetype boxes = robot->snapshots().size();
     QVERIFY(fixture->say("**C two\n"));
     QCOMPARE(folder->entries(), QStringList{"stoi"});
     QVERIFY(fixture->say("**U 99999999999\n"));
@@ -125,7 +127,7 @@ void Test_Model_Report_Failures::a_channel_that_is_no_number_is_logged_and_not_s
     // One value for two boxes.
     QVERIFY(fixture->say("**M \n"));
     QCOMPARE(folder->entries(), QStringList({"stoi", "stoi", "stoi", "stoi"}));
-    QCOMPARE(robot->sights().size(), boxes);
+    QCOMPARE(robot->snapshots().size(), boxes);
     QCOMPARE(fixture->combo("comboBox_KM_Control").currentIndex(), 0);
     QCOMPARE(fixture->combo("comboBox_USB_Control").currentIndex(), 0);
     // The user's changes are sent again.
@@ -134,7 +136,7 @@ void Test_Model_Report_Failures::a_channel_that_is_no_number_is_logged_and_not_s
 }
 
 void Test_Model_Report_Failures::a_grid_that_can_not_be_read_is_logged_and_put_back() {
-    const qsizetype boxes = robot->sights().size();
+    const qsizetype boxes = robot->snapshots().size();
     const Layout_Table table(*fixture);
     // What a drop on a free cell does.
     QTableWidgetItem* tile = table.widget.takeItem(0, 3);
@@ -143,7 +145,7 @@ void Test_Model_Report_Failures::a_grid_that_can_not_be_read_is_logged_and_put_b
     reading_the_grid_fails = false;
     QCOMPARE(folder->entries(), QStringList({"no tile to be had", "Topology setting error"}));
     QCOMPARE(table.picture(), "1234/..../..../....");
-    QCOMPARE(robot->sights().size(), boxes);
+    QCOMPARE(robot->snapshots().size(), boxes);
     // The next drop is taken.
     tile = table.widget.takeItem(0, 3);
     table.widget.setItem(1, 3, tile);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/find_child.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/model_fixture.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/bare_window.h"
 #include "windows/halvern_velmoran_lite.h"
 #include "windows/halvern_velmoran_plus.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"
 #include "tests/windows/test_layout_drag_display.h"
@@ -38,7 +40,7 @@ private:
 
 namespace {
 
-constexpr int longest_wait = 20'000;
+constexpr int max_wait = 20'000;
 
 bool x11_input(const QStringList& words) { return QProcess::execute("xdotool", words) == 0; }
 
@@ -81,13 +83,13 @@ void Test_Range_Warning::open_with_500_typed(Switch_Model model, const QString& 
     const QStringList activate = {"windowactivate", QString::number(fixture->window().winId())};
     QVERIFY(wait_until(
         [&] { return fixture->window().isActiveWindow() || (x11_input(activate), false); },
-        longest_wait));
+        max_wait));
     QLineEdit& line_edit = fixture->line_edit(field);
     QVERIFY(move_to(line_edit));
     QVERIFY(x11_input({"click", "1"}));
-    QVERIFY(wait_until([&] { return line_edit.hasFocus(); }, longest_wait));
+    QVERIFY(wait_until([&] { return line_edit.hasFocus(); }, max_wait));
     QVERIFY(x11_input({"key", "ctrl+a", "5", "0", "0"}));
-    QVERIFY(wait_until([&] { return line_edit.text() == "500"; }, longest_wait));
+    QVERIFY(wait_until([&] { return line_edit.text() == "500"; }, max_wait));
 }
 
 void Test_Range_Warning::a_click_on_a_button_does_its_work_before_the_box_opens_data() {
@@ -126,12 +128,12 @@ void Test_Range_Warning::a_click_on_a_button_does_its_work_before_the_box_opens(
 
     QVERIFY(move_to(clicked));
     QVERIFY(x11_input({"mousedown", "1"}));
-    QVERIFY(wait_until([&] { return clicked.isDown(); }, longest_wait));
+    QVERIFY(wait_until([&] { return clicked.isDown(); }, max_wait));
     settle();
     QCOMPARE(QApplication::activeModalWidget(), nullptr);
     QVERIFY(x11_input({"mouseup", "1"}));
 
-    QVERIFY(wait_until([&] { return robot->done(); }, longest_wait));
+    QVERIFY(wait_until([&] { return robot->done(); }, max_wait));
     QVERIFY(!is_pressed_under_the_box);
     QCOMPARE(before_the_box, QByteArrayList{command});
     QCOMPARE(fixture->line_edit(field).text(), "500");
@@ -150,13 +152,13 @@ void Test_Range_Warning::a_click_on_a_list_lets_choose_before_the_box_opens() {
 
     QVERIFY(move_to(list));
     QVERIFY(x11_input({"click", "1"}));
-    QVERIFY(wait_until([&] { return list.view()->isVisible(); }, longest_wait));
+    QVERIFY(wait_until([&] { return list.view()->isVisible(); }, max_wait));
     settle();
     QCOMPARE(QApplication::activeModalWidget(), nullptr);
     QVERIFY(list.view()->isVisible());
     QVERIFY(x11_input({"key", "End", "Return"}));
 
-    QVERIFY(wait_until([&] { return robot->done(); }, longest_wait));
+    QVERIFY(wait_until([&] { return robot->done(); }, max_wait));
     QCOMPARE(before_the_box, QByteArrayList{"//u4"});
 }
 
@@ -167,7 +169,7 @@ void Test_Range_Warning::a_click_that_opens_a_dialog_lets_answer_before_the_box_
     robot->expect(range_warning());
     QVERIFY(move_to(fixture->button("pushButton_Factory_Reset")));
     QVERIFY(x11_input({"click", "1"}));
-    QVERIFY(wait_until([&] { return robot->done(); }, longest_wait));
+    QVERIFY(wait_until([&] { return robot->done(); }, max_wait));
     QCOMPARE(fixture->commands(), QByteArrayList());
 }
 
@@ -176,7 +178,7 @@ void Test_Range_Warning::tab_and_return_open_the_box_at_once() {
     open_with_500_typed(model);
     QLineEdit& field = fixture->line_edit("lineEdit_MouseParking_x");
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab}) {
-        QVERIFY(wait_until([&] { return field.hasFocus(); }, longest_wait));
+        QVERIFY(wait_until([&] { return field.hasFocus(); }, max_wait));
         // Left unchanged a second time, a field may stay silent.
         QTest::keyClicks(&field, "0");
         robot->expect(range_warning());
@@ -191,7 +193,7 @@ void Test_Range_Warning::a_window_closed_by_its_frame_shows_no_box() {
     QFETCH(Switch_Model, model);
     open_with_500_typed(model);
     QVERIFY(x11_input({"key", "alt+F4"}));
-    QVERIFY(wait_until([&] { return !fixture->window().isVisible(); }, longest_wait));
+    QVERIFY(wait_until([&] { return !fixture->window().isVisible(); }, max_wait));
     settle();
     QCOMPARE(QApplication::activeModalWidget(), nullptr);
 }
@@ -203,7 +205,7 @@ void Test_Range_Warning::a_click_by_which_the_window_closes_shows_no_box() {
     connect(&clicked, &QPushButton::pressed, &fixture->window(), &QWidget::close);
     QVERIFY(move_to(clicked));
     QVERIFY(x11_input({"click", "1"}));
-    QVERIFY(wait_until([&] { return !fixture->window().isVisible(); }, longest_wait));
+    QVERIFY(wait_until([&] { return !fixture->window().isVisible(); }, max_wait));
     settle();
     QCOMPARE(QApplication::activeModalWidget(), nullptr);
 }

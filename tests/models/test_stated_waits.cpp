@@ -1,4 +1,6 @@
-#include "tests/settings/settings_desk.h"
+// SPDX-License-Identifier: MIT
+
+#include "tests/settings/settings_fixture.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/stated_wait.h"
 #include "tests/support/virtual_time.h"

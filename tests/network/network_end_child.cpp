@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/network/network_fixture.h"
 #include "tests/network/stalled_connection.h"
 #include "tests/support/wait_until.h"
@@ -83,7 +85,7 @@ public:
             say("window open");
         }
         at.robot.expect({.class_name = "QMessageBox", .action = [this](QWidget& box) {
-                             say(at.robot.sights().last().to_string());
+                             say(at.robot.snapshots().last().to_string());
                              // So that it is not taken for the second one.
                              box.setObjectName("first");
                              return QString();
@@ -112,7 +114,7 @@ public:
         faults.never_comes_back = true;
         at.adapter.unit().set_faults(faults);
         at.robot.set_patience(std::chrono::seconds(30));
-        at.expect_network_road(3);
+        at.expect_network_path(3);
         at.robot.expect({.class_name = "IP_Settings_Dialog",
                          .action = in_order({press_object("radioButton_Static"),
                                              press_object("pushButton_Apply_IP")})});
@@ -127,7 +129,7 @@ public:
     }
 
     void stalled_connection() {
-        at.expect_network_road(3);
+        at.expect_network_path(3);
         const auto stall = [this](QWidget&) {
             ::stalled_connection::stall_next();
             since_on.start();
@@ -171,7 +173,7 @@ private:
     void expect_end() {
         at.robot.expect(
             {.class_name = "QMessageBox", .object_name = QString(), .action = [this](QWidget& box) {
-                 say(at.robot.sights().last().to_string());
+                 say(at.robot.snapshots().last().to_string());
                  if (since_on.isValid()) {
                      say(QString("after %1").arg(since_on.elapsed()));
                  }

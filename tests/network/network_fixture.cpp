@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/network/network_fixture.h"
 
 #include "tests/support/find_child.h"
@@ -37,7 +39,7 @@ Modal_Expectation connect_adapter() {
     return {.class_name = "IP_Settings_Dialog", .action = press_object("pushButton_Connect")};
 }
 
-QStringList network_road() {
+QStringList network_path() {
     return {"Select_connection_method_Dialog", "Select_hardware_Dialog", "Credentials_Dialog",
             "IP_Settings_Dialog"};
 }
@@ -59,7 +61,7 @@ Network_Fixture::Network_Fixture(Switch_Model model)
 
 Network_Fixture::~Network_Fixture() { close(); }
 
-void Network_Fixture::expect_network_road(int dialogs) {
+void Network_Fixture::expect_network_path(int dialogs) {
     const Modal_Expectation steps[] = {choose_network(), choose_adapter(), log_in(),
                                        connect_adapter()};
     for (int step = 0; step < dialogs; ++step) {
@@ -68,7 +70,7 @@ void Network_Fixture::expect_network_road(int dialogs) {
 }
 
 bool Network_Fixture::open_network() {
-    expect_network_road();
+    expect_network_path();
     open();
     const bool filled = wait_filled();
     return filled && take_commands(start_commands().size()) == start_commands();
@@ -76,7 +78,7 @@ bool Network_Fixture::open_network() {
 
 bool Network_Fixture::open_silent() {
     silence_switch();
-    expect_network_road();
+    expect_network_path();
     open();
     return take_commands(start_commands().size()) == start_commands();
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "tests/support/modal_robot.h"
@@ -14,8 +16,8 @@ Modal_Expectation choose_adapter(int index = 0);
 Modal_Expectation log_in(const QString& username = "admin", const QString& password = "admin");
 Modal_Expectation connect_adapter();
 
-/// The dialogs of the network road, in order.
-QStringList network_road();
+/// The dialogs of the network path, in order.
+QStringList network_path();
 /// The frame's close button ends the dialog of this class.
 Modal_Expectation close_dialog(const QString& class_name);
 /// The Escape key ends the dialog of this class.
@@ -28,15 +30,15 @@ public:
     explicit Network_Fixture(Switch_Model model);
     ~Network_Fixture() override;
 
-    /// The robot will answer the first dialogs of the network road, all unless told otherwise.
-    void expect_network_road(int dialogs = 4);
+    /// The robot will answer the first dialogs of the network path, all unless told otherwise.
+    void expect_network_path(int dialogs = 4);
 
-    /// Makes the window by the network road and waits until the first report has filled the pages.
+    /// Makes the window by the network path and waits until the first report has filled the pages.
     /// What the switch has received until then is forgotten.
     [[nodiscard]] bool open_network();
     /// As open_network(), but the switch says nothing; waits until it has been asked.
     [[nodiscard]] bool open_silent();
-    /// Makes the window by the serial road and waits until the pages are filled.
+    /// Makes the window by the serial path and waits until the pages are filled.
     [[nodiscard]] bool open_serial();
     /// Presses the button that starts the wizard, and is back when it has ended.
     void run_wizard() { button("pushButton_Connection_Settings").click(); }
@@ -72,7 +74,7 @@ public:
     Modal_Robot robot;
     Fast_Network network;
     Simulated_Adapter& adapter;
-    Switch_Unit unit;     ///< the switch behind the adapter
+    Switch_Logic unit;    ///< the switch behind the adapter
     QByteArrayList taken; ///< the commands it has got
 
 protected:

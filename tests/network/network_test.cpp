@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/network/network_test.h"
 
 void Network_Test::initTestCase_data() {

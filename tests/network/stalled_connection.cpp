@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/network/stalled_connection.h"
 
 #include <QAbstractSocket>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// A program that is linked with this file, and with the wrapping option in CMakeLists.txt, can

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/network/network_test.h"
 #include "tests/support/wait_until.h"
 #include "tests/usr/expect_box.h"
@@ -7,7 +9,7 @@ class Test_Admin_Settings : public Network_Test {
     Q_OBJECT
 
 private slots:
-    void the_button_is_there_on_the_network_road_only();
+    void the_button_is_there_on_the_network_path_only();
     void a_new_name_shows_at_once_and_the_link_stays();
     void blank_fields_keep_everything_data();
     void blank_fields_keep_everything();
@@ -42,12 +44,12 @@ private:
     [[nodiscard]] QString shown_name() const { return at->label("label_name_of_USR").text(); }
 };
 
-void Test_Admin_Settings::the_button_is_there_on_the_network_road_only() {
+void Test_Admin_Settings::the_button_is_there_on_the_network_path_only() {
     const QPushButton* button = nullptr;
     QVERIFY(at->open_serial());
     button = &at->button("pushButton_Admin_Settings");
     QVERIFY(!button->isVisible());
-    at->expect_network_road();
+    at->expect_network_path();
     at->run_wizard();
     QVERIFY(button->isVisible());
     QVERIFY(!button->isEnabled());
@@ -87,7 +89,7 @@ void Test_Admin_Settings::blank_fields_keep_everything() {
     before.password = "secret";
     before.gateway = QHostAddress("127.0.0.77");
     at->adapter.unit().set_state(before);
-    at->expect_network_road(2);
+    at->expect_network_path(2);
     at->robot.expect(log_in("keeper", "secret"));
     at->robot.expect(connect_adapter());
     at->open();
@@ -120,7 +122,7 @@ void Test_Admin_Settings::the_next_opening_works_with_the_new_credentials() {
 void Test_Admin_Settings::the_next_login_of_the_wizard_needs_the_new_credentials() {
     QVERIFY(at->open_network());
     QVERIFY(change("ATTIC", "owner", "house"));
-    at->expect_network_road(2);
+    at->expect_network_path(2);
     at->robot.expect(log_in());
     expect_warning(at->robot, "Bad credentials");
     at->robot.expect(log_in("owner", "house"));
@@ -181,7 +183,7 @@ void Test_Admin_Settings::a_failed_change_is_copied_all_the_same() {
 
 void Test_Admin_Settings::after_a_change_of_address_the_new_one_is_asked() {
     at->robot.set_patience(std::chrono::seconds(30));
-    at->expect_network_road(3);
+    at->expect_network_path(3);
     at->robot.expect({.class_name = "IP_Settings_Dialog",
                       .action = in_order({press_object("radioButton_Static"),
                                           type_into("lineEdit_IPv4_Address", "127.0.0.9"),

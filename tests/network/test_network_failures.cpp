@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/link_transport.h"
 #include "tests/app/log_folder.h"
 #include "tests/network/network_test.h"
@@ -49,15 +51,15 @@ class Test_Network_Failures : public Network_Test {
 private slots:
     void a_failed_connecting_leaves_the_link_unchanged();
     void a_socket_that_cannot_be_closed_is_kept();
-    void a_socket_that_cannot_be_closed_stops_the_serial_road_nowhere();
+    void a_socket_that_cannot_be_closed_stops_the_serial_path_nowhere();
     void a_port_that_cannot_be_closed_is_kept();
-    void a_port_that_cannot_be_closed_does_not_stop_the_network_road();
+    void a_port_that_cannot_be_closed_does_not_stop_the_network_path();
 };
 
 void Test_Network_Failures::a_failed_connecting_leaves_the_link_unchanged() {
     const Log_Folder folder;
     QVERIFY(at->open_network());
-    at->expect_network_road();
+    at->expect_network_path();
     expect_warning(at->robot, "Connection to socket error");
     closing_sockets_fails = true;
     at->run_wizard();
@@ -100,11 +102,11 @@ void Test_Network_Failures::a_socket_that_cannot_be_closed_is_kept() {
     QCOMPARE(folder.entries().size(), 1);
 }
 
-void Test_Network_Failures::a_socket_that_cannot_be_closed_stops_the_serial_road_nowhere() {
+void Test_Network_Failures::a_socket_that_cannot_be_closed_stops_the_serial_path_nowhere() {
     const Log_Folder folder;
     QVERIFY(at->open_network());
     at->robot.expect(choose_serial());
-    // Once as the port list's first line is chosen, once as the road opens the port.
+    // Once as the port list's first line is chosen, once as the path opens the port.
     expect_warning(at->robot, "Close socket error");
     expect_warning(at->robot, "Close socket error");
     closing_sockets_fails = true;
@@ -134,10 +136,10 @@ void Test_Network_Failures::a_port_that_cannot_be_closed_is_kept() {
     QCOMPARE(folder.entries().size(), 1);
 }
 
-void Test_Network_Failures::a_port_that_cannot_be_closed_does_not_stop_the_network_road() {
+void Test_Network_Failures::a_port_that_cannot_be_closed_does_not_stop_the_network_path() {
     const Log_Folder folder;
     QVERIFY(at->open_serial());
-    at->expect_network_road();
+    at->expect_network_path();
     expect_warning(at->robot, "Close serial error");
     closing_ports_fails = true;
     at->run_wizard();

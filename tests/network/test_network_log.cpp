@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/app/log_folder.h"
 #include "tests/network/network_test.h"
 #include "tests/support/wait_until.h"
@@ -78,7 +80,7 @@ void Test_Network_Log::a_failure_stands_between_the_two_lines_and_is_there_at_on
 
 void Test_Network_Log::failures_of_the_wizard_stand_in_the_log() {
     const Log_Folder folder;
-    at->expect_network_road(2);
+    at->expect_network_path(2);
     at->robot.expect(escape_dialog("Credentials_Dialog"));
     expect_warning(at->robot, "Bad credentials");
     for (int reading = 0; reading < 2; ++reading) {

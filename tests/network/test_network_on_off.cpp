@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/network/network_test.h"
 #include "tests/support/wait_until.h"
 #include "tests/usr/expect_box.h"
@@ -22,7 +24,7 @@ private slots:
     void with_the_network_chosen_and_a_port_standing_all_writes_are_dropped();
     void with_the_network_chosen_off_leaves_the_standing_port();
     void on_after_a_half_way_wizard_closes_the_port_and_links_the_known_adapter();
-    void on_on_the_serial_road_arms_no_timer();
+    void on_on_the_serial_path_arms_no_timer();
 };
 
 void Test_Network_On_Off::off_closes_the_socket_and_drops_what_is_written() {
@@ -204,7 +206,7 @@ void Test_Network_On_Off::with_the_network_chosen_off_leaves_the_standing_port()
     QCOMPARE(watch.events(), QStringList());
     QVERIFY(at->combo("comboBox_KM_Control").isEnabled());
 
-    at->expect_network_road();
+    at->expect_network_path();
     at->run_wizard();
     QCOMPARE(watch.events(), QStringList("close"));
     QVERIFY(at->wait_filled());
@@ -228,7 +230,7 @@ void Test_Network_On_Off::on_after_a_half_way_wizard_closes_the_port_and_links_t
     QVERIFY(at->change_reaches_adapter());
 }
 
-void Test_Network_On_Off::on_on_the_serial_road_arms_no_timer() {
+void Test_Network_On_Off::on_on_the_serial_path_arms_no_timer() {
     constexpr int longer_than_after_on = 7500;
     QVERIFY(at->open_serial());
     at->button("pushButton_OFF_Connection").click();

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/network/network_test.h"
 #include "tests/support/find_child.h"
 #include "tests/support/wait_until.h"

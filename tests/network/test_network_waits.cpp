@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/network/network_test.h"
 #include "tests/support/stated_wait.h"
 #include "tests/support/virtual_time.h"

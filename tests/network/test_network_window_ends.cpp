@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/network/network_test.h"
 #include "tests/windows/device_watch.h"
 
@@ -20,7 +22,7 @@ private slots:
     void on_the_serial_line();
     void with_a_serial_report_being_gathered();
     void with_the_network_chosen_and_a_port_standing();
-    void after_both_roads_and_several_adapter_dialogs();
+    void after_both_paths_and_several_adapter_dialogs();
 };
 
 void Test_Network_Window_Ends::before_any_method_was_chosen() {
@@ -41,8 +43,8 @@ void Test_Network_Window_Ends::after_the_wizard_was_left_half_way_data() {
 
 void Test_Network_Window_Ends::after_the_wizard_was_left_half_way() {
     QFETCH(const int, dialogs_before);
-    at->expect_network_road(dialogs_before);
-    at->robot.expect(close_dialog(network_road().at(dialogs_before)));
+    at->expect_network_path(dialogs_before);
+    at->robot.expect(close_dialog(network_path().at(dialogs_before)));
     at->open();
     at->close();
     Network_Fixture::settle();
@@ -58,7 +60,7 @@ void Test_Network_Window_Ends::while_the_first_answer_is_awaited() {
 }
 
 void Test_Network_Window_Ends::while_an_answer_is_on_its_way() {
-    at->expect_network_road();
+    at->expect_network_path();
     at->open();
     // Neither the switch nor the window has been served yet.
     at->close();
@@ -136,13 +138,13 @@ void Test_Network_Window_Ends::with_the_network_chosen_and_a_port_standing() {
     Network_Fixture::settle();
 }
 
-void Test_Network_Window_Ends::after_both_roads_and_several_adapter_dialogs() {
+void Test_Network_Window_Ends::after_both_paths_and_several_adapter_dialogs() {
     QVERIFY(at->open_network());
     at->robot.expect(choose_serial());
     at->run_wizard();
-    at->expect_network_road();
+    at->expect_network_path();
     at->run_wizard();
-    at->expect_network_road(3);
+    at->expect_network_path(3);
     at->robot.expect(close_dialog("IP_Settings_Dialog"));
     at->run_wizard();
     at->close();

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/port_list.h"
 #include "tests/network/network_test.h"
 #include "tests/support/wait_until.h"
@@ -18,7 +20,7 @@ private slots:
     void a_new_link_empties_the_terminal_and_takes_the_custom_items_out();
     void the_ports_are_listed_anew_each_time();
     void filling_the_port_list_opens_the_port_and_lets_changes_through();
-    void on_the_network_road_changes_send_nothing_before_the_answer();
+    void on_the_network_path_changes_send_nothing_before_the_answer();
 };
 
 void Test_Wizard_Again::a_dialog_closed_by_its_frame_leaves_the_network_link_in_force_data() {
@@ -33,8 +35,8 @@ void Test_Wizard_Again::a_dialog_closed_by_its_frame_leaves_the_network_link_in_
     QFETCH(const int, dialogs_before);
     QVERIFY(at->open_network());
     const QString terminal = at->terminal_text();
-    at->expect_network_road(dialogs_before);
-    at->robot.expect(close_dialog(network_road().at(dialogs_before)));
+    at->expect_network_path(dialogs_before);
+    at->robot.expect(close_dialog(network_path().at(dialogs_before)));
     at->run_wizard();
     QVERIFY2(at->robot.done(), at->robot.why());
     Network_Fixture::settle();
@@ -60,7 +62,7 @@ void Test_Wizard_Again::a_closed_method_dialog_leaves_the_serial_link_in_force()
 void Test_Wizard_Again::from_the_serial_line_to_the_network_the_port_is_closed() {
     QVERIFY(at->open_serial());
     const Device_Watch watch(at->device.device_name());
-    at->expect_network_road();
+    at->expect_network_path();
     at->run_wizard();
     QCOMPARE(watch.events(), QStringList("close"));
     QVERIFY(!at->is_connected());
@@ -94,7 +96,7 @@ void Test_Wizard_Again::there_and_back_again_one_device_stands_at_a_time() {
     const Device_Watch watch(at->device.device_name());
     int open_ports = 1;
     for (int round = 0; round < 2; ++round) {
-        at->expect_network_road();
+        at->expect_network_path();
         at->run_wizard();
         QVERIFY(at->wait_filled());
         const QStringList closing = watch.events();
@@ -138,7 +140,7 @@ void Test_Wizard_Again::a_new_link_empties_the_terminal_and_takes_the_custom_ite
     QVERIFY(at->open_network());
     QVERIFY(!at->terminal_text().isEmpty());
     at->silence_switch();
-    at->expect_network_road();
+    at->expect_network_path();
     at->run_wizard();
     QCOMPARE(at->take_commands(at->start_commands().size()), at->start_commands());
     QCOMPARE(at->terminal_text(), QString());
@@ -170,7 +172,7 @@ void Test_Wizard_Again::filling_the_port_list_opens_the_port_and_lets_changes_th
     const Device_Watch watch(at->device.device_name());
     at->robot.expect(choose_serial());
     at->open();
-    // The list's first line counts as a choice; then the road opens the port itself.
+    // The list's first line counts as a choice; then the path opens the port itself.
     QCOMPARE(watch.events(), QStringList({"open", "close", "open"}));
     QVERIFY(wait_until(
         [this] { return at->device.received_commands().endsWith(at->start_commands().last()); }));
@@ -183,7 +185,7 @@ void Test_Wizard_Again::filling_the_port_list_opens_the_port_and_lets_changes_th
     QVERIFY(!at->is_connected());
 }
 
-void Test_Wizard_Again::on_the_network_road_changes_send_nothing_before_the_answer() {
+void Test_Wizard_Again::on_the_network_path_changes_send_nothing_before_the_answer() {
     QVERIFY(at->open_silent());
     at->combo("comboBox_KM_Control").setCurrentIndex(2);
     Network_Fixture::settle();

@@ -1,5 +1,7 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/network/network_test.h"
-#include "tests/support/assistance_sight.h"
+#include "tests/support/assistance_snapshot.h"
 #include "tests/support/find_child.h"
 
 #include <QRadioButton>

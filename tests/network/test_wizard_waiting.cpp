@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/network/network_test.h"
 #include "tests/support/wait_until.h"
 #include "tests/usr/expect_box.h"
-#include "tests/usr/test_time.h"
+#include "tests/usr/fake_waiting.h"
 #include "usr/usr_searcher.h"
 
 #include <QCursor>
@@ -55,7 +57,7 @@ const QString login = "Credentials_Dialog";
 void Test_Wizard_Waiting::watch_waits() {
     windows_at_waits.clear();
     cursors_at_waits.clear();
-    test_time::while_blocked([this] {
+    fake_waiting::while_blocked([this] {
         windows_at_waits << windows_on_screen();
         cursors_at_waits << cursor_shown();
         at->network.catch_up();
@@ -63,7 +65,7 @@ void Test_Wizard_Waiting::watch_waits() {
 }
 
 void Test_Wizard_Waiting::the_dialog_that_led_there_stays_painted() {
-    at->expect_network_road();
+    at->expect_network_path();
     watch_waits();
     at->open();
     // A search; then twice a search and a login, on Continue and before the IP settings show.
@@ -76,7 +78,7 @@ void Test_Wizard_Waiting::the_dialog_that_led_there_stays_painted() {
 
 void Test_Wizard_Waiting::later_the_main_window_stays_as_well() {
     QVERIFY(at->open_network());
-    at->expect_network_road();
+    at->expect_network_path();
     watch_waits();
     at->run_wizard();
     const QString main_window = at->window().objectName() + '+';
@@ -98,7 +100,7 @@ void Test_Wizard_Waiting::nothing_stays_painted_behind_the_wizard() {
 void Test_Wizard_Waiting::the_wait_cursor_shows_while_the_search_listens() {
     USR_searcher searcher;
     QString while_listening;
-    test_time::at_clock_reading(50, [&] { while_listening = cursor_shown(); });
+    fake_waiting::at_clock_reading(50, [&] { while_listening = cursor_shown(); });
     QCOMPARE(searcher.search_USR_in_network(), 1);
     QCOMPARE(while_listening, "wait");
     QCOMPARE(cursor_shown(), "usual");
@@ -127,7 +129,7 @@ void Test_Wizard_Waiting::no_box_or_dialog_has_the_wait_cursor() {
 
     // A failure in the middle of a search.
     cursors.clear();
-    test_time::fail_at_next_block();
+    fake_waiting::fail_at_next_block();
     at->robot.expect(note_and(
         {.class_name = "QMessageBox", .text = "Search USR error", .action = press_button("OK")}));
     QCOMPARE(USR_searcher().search_USR_in_network(), -1);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/settings/kept_rights.h"
 
 #include <QLoggingCategory>

@@ -1,5 +1,7 @@
-#include "tests/settings/settings_desk.h"
-#include "tests/settings/settings_sight.h"
+// SPDX-License-Identifier: MIT
+
+#include "tests/settings/settings_fixture.h"
+#include "tests/settings/settings_snapshot.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"
 
@@ -36,7 +38,7 @@ private slots:
 private:
     [[nodiscard]] bool load(const QString& path, int first_part_errors = 0, int mode_errors = 0);
 
-    std::unique_ptr<Settings_Desk> desk;
+    std::unique_ptr<Settings_Fixture> fixture;
     Settings_Lines lines;
     /// The audio boxes as the unit's report has filled them; a file without a state leaves them.
     QString audio_before;
@@ -45,13 +47,13 @@ private:
 namespace {
 
 /// After a load in which every line is missing, beginning with a filled page.
-const Sight sight_without_lines = {{"km", "0"},       {"usb", "0"},
-                                   {"limit", "-1"},   {"roll", "0"},
-                                   {"mode", "0"},     {"parking", "0|0"},
-                                   {"names", ""},     {"resolutions", "-1 -1 -1 -1"},
-                                   {"buzzer", "off"}, {"label 1", ""},
-                                   {"label 2", ""},   {"label 3", ""},
-                                   {"label 4", ""},   {"fields", "100|100|DESK"}};
+const Snapshot snapshot_without_lines = {{"km", "0"},       {"usb", "0"},
+                                         {"limit", "-1"},   {"roll", "0"},
+                                         {"mode", "0"},     {"parking", "0|0"},
+                                         {"names", ""},     {"resolutions", "-1 -1 -1 -1"},
+                                         {"buzzer", "off"}, {"label 1", ""},
+                                         {"label 2", ""},   {"label 3", ""},
+                                         {"label 4", ""},   {"fields", "100|100|DESK"}};
 
 /// A file without labels brings an error box for each custom entry, and one at the mouse mode for
 /// the empty label.
@@ -63,77 +65,78 @@ constexpr int mode_errors_without_lines = 1;
 void Test_Settings_Load_Files::init() {
     QFETCH_GLOBAL(const Switch_Model, model);
     lines = Settings_Lines(model);
-    desk = std::make_unique<Settings_Desk>(model);
-    QVERIFY(desk->open_filled());
-    desk->robot.forget_sights();
-    desk->silence_switch();
-    audio_before = desk->checked_audio_boxes();
-    QCOMPARE(audio_before.isEmpty(), !desk->is_pro());
+    fixture = std::make_unique<Settings_Fixture>(model);
+    QVERIFY(fixture->open_filled());
+    fixture->robot.forget_snapshots();
+    fixture->silence_switch();
+    audio_before = fixture->checked_audio_boxes();
+    QCOMPARE(audio_before.isEmpty(), !fixture->is_pro());
 }
 
 void Test_Settings_Load_Files::cleanup() {
-    const bool robot_done = desk->robot.done();
-    const QByteArray why = desk->robot.why();
-    desk.reset();
+    const bool robot_done = fixture->robot.done();
+    const QByteArray why = fixture->robot.why();
+    fixture.reset();
     QVERIFY2(robot_done, why);
     QCOMPARE(windows_left(), QStringList());
 }
 
 bool Test_Settings_Load_Files::load(const QString& path, int first_part_errors, int mode_errors) {
-    return desk->load_first_part(path, first_part_errors) &&
-           desk->wait_for_second_part(0, mode_errors);
+    return fixture->load_first_part(path, first_part_errors) &&
+           fixture->wait_for_second_part(0, mode_errors);
 }
 
 void Test_Settings_Load_Files::a_file_with_windows_line_ends_loads_the_same() {
-    QVERIFY2(load(desk->write(lines.text("\r\n"))), desk->robot.why());
-    QCOMPARE(look_at(*desk), good_sight(*desk));
-    QCOMPARE(desk->fixture.commands(),
-             lines.values(first_part_labels) + desk->sent_in_second_part(lines));
+    QVERIFY2(load(fixture->write(lines.text("\r\n"))), fixture->robot.why());
+    QCOMPARE(look_at(*fixture), good_snapshot(*fixture));
+    QCOMPARE(fixture->window_fixture.commands(),
+             lines.values(first_part_labels) + fixture->sent_in_second_part(lines));
 }
 
 void Test_Settings_Load_Files::a_last_line_without_an_end_counts() {
-    QVERIFY2(load(desk->write(lines.text().chopped(1))), desk->robot.why());
-    QCOMPARE(look_at(*desk), good_sight(*desk));
-    QCOMPARE(desk->fixture.commands().constLast(), QByteArray("//km"));
+    QVERIFY2(load(fixture->write(lines.text().chopped(1))), fixture->robot.why());
+    QCOMPARE(look_at(*fixture), good_snapshot(*fixture));
+    QCOMPARE(fixture->window_fixture.commands().constLast(), QByteArray("//km"));
 }
 
 // Every value runs to the end of the file, and the switch gets all that as it stands.
 void Test_Settings_Load_Files::a_file_with_bare_carriage_returns_is_one_long_line() {
     const QByteArray text = lines.text("\r");
-    QVERIFY2(desk->load_first_part(desk->write(text)), desk->robot.why());
+    QVERIFY2(fixture->load_first_part(fixture->write(text)), fixture->robot.why());
     QByteArray sent;
     for (const QByteArray& label : first_part_labels) {
         sent += text.mid(text.indexOf(label) + label.size()) + '\r';
     }
-    QVERIFY(
-        wait_until([&] { return desk->fixture.device.received_bytes().size() >= sent.size(); }));
-    QCOMPARE(desk->fixture.device.received_bytes(), sent);
-    const Sight sight = look_at(*desk);
-    QCOMPARE(sight.value("km"), "1");
-    QCOMPARE(sight.value("resolutions"), "1 12 9 8");
-    QVERIFY(sight.value("names").startsWith("BANK\rCustommousemovementsetting2:"));
+    QVERIFY(wait_until(
+        [&] { return fixture->window_fixture.device.received_bytes().size() >= sent.size(); }));
+    QCOMPARE(fixture->window_fixture.device.received_bytes(), sent);
+    const Snapshot snapshot = look_at(*fixture);
+    QCOMPARE(snapshot.value("km"), "1");
+    QCOMPARE(snapshot.value("resolutions"), "1 12 9 8");
+    QVERIFY(snapshot.value("names").startsWith("BANK\rCustommousemovementsetting2:"));
 }
 
 void Test_Settings_Load_Files::bytes_that_are_no_utf8_go_out_as_they_stand() {
     lines["Custom mouse movement setting 2: "] = "//MM C2 101 102 \xFF\x80T\xC3";
     lines["Data from mouse movement label 2: "] = "101 102 \xFF\x80T\xC3";
     lines["Cursor Rolling: "] = "//o1\xE2\x82";
-    QVERIFY2(load(desk->write(lines.text())), desk->robot.why());
-    QCOMPARE(desk->fixture.commands(),
-             lines.values(first_part_labels) + desk->sent_in_second_part(lines));
+    QVERIFY2(load(fixture->write(lines.text())), fixture->robot.why());
+    QCOMPARE(fixture->window_fixture.commands(),
+             lines.values(first_part_labels) + fixture->sent_in_second_part(lines));
     const QString replaced = QString("%1%1T%1").arg(QChar(QChar::ReplacementCharacter));
-    QCOMPARE(look_at(*desk), good_sight(*desk, {{"names", "BANK " + replaced + " LAMP SOFA"},
-                                                {"label 2", "101 102 " + replaced},
-                                                {"roll", "0"}}));
+    QCOMPARE(look_at(*fixture),
+             good_snapshot(*fixture, {{"names", "BANK " + replaced + " LAMP SOFA"},
+                                      {"label 2", "101 102 " + replaced},
+                                      {"roll", "0"}}));
 }
 
 void Test_Settings_Load_Files::a_nul_byte_goes_out_as_it_stands() {
     lines["KM Control: "] = QByteArray("//c3\0//F", 8);
     lines["USB Control: "] = QByteArray("\0//u2", 5);
-    QVERIFY2(load(desk->write(lines.text())), desk->robot.why());
-    QCOMPARE(desk->fixture.commands(),
-             lines.values(first_part_labels) + desk->sent_in_second_part(lines));
-    QCOMPARE(look_at(*desk), good_sight(*desk, {{"km", "2"}, {"usb", "1"}}));
+    QVERIFY2(load(fixture->write(lines.text())), fixture->robot.why());
+    QCOMPARE(fixture->window_fixture.commands(),
+             lines.values(first_part_labels) + fixture->sent_in_second_part(lines));
+    QCOMPARE(look_at(*fixture), good_snapshot(*fixture, {{"km", "2"}, {"usb", "1"}}));
 }
 
 void Test_Settings_Load_Files::a_file_without_a_single_label_data() {
@@ -152,14 +155,14 @@ void Test_Settings_Load_Files::a_file_without_a_single_label_data() {
 
 void Test_Settings_Load_Files::a_file_without_a_single_label() {
     QFETCH(const QByteArray, content);
-    QVERIFY2(load(desk->write(content), first_errors_without_lines, mode_errors_without_lines),
-             desk->robot.why());
-    QCOMPARE(desk->fixture.commands(), QByteArrayList(desk->sent_count()));
-    Sight sight = look_at(*desk);
-    QCOMPARE(sight.take("audio"), audio_before);
+    QVERIFY2(load(fixture->write(content), first_errors_without_lines, mode_errors_without_lines),
+             fixture->robot.why());
+    QCOMPARE(fixture->window_fixture.commands(), QByteArrayList(fixture->sent_count()));
+    Snapshot snapshot = look_at(*fixture);
+    QCOMPARE(snapshot.take("audio"), audio_before);
     // All four stand on the first cell, and both gray channels have marked the one tile there.
-    QCOMPARE(sight.take("tiles"), "[Channel 4\nINACTIVE\nINACTIVE #a0a0a4].../..../..../....");
-    QCOMPARE(sight, sight_without_lines);
+    QCOMPARE(snapshot.take("tiles"), "[Channel 4\nINACTIVE\nINACTIVE #a0a0a4].../..../..../....");
+    QCOMPARE(snapshot, snapshot_without_lines);
 }
 
 void Test_Settings_Load_Files::labels_without_values_are_missing_lines() {
@@ -167,13 +170,14 @@ void Test_Settings_Load_Files::labels_without_values_are_missing_lines() {
     for (const QByteArray& line : lines.text().split('\n')) {
         labels_alone += line.left(line.indexOf(": ") + 2) + '\n';
     }
-    QVERIFY2(load(desk->write(labels_alone), first_errors_without_lines, mode_errors_without_lines),
-             desk->robot.why());
-    QCOMPARE(desk->fixture.commands(), QByteArrayList(desk->sent_count()));
-    Sight sight = look_at(*desk);
-    QCOMPARE(sight.take("audio"), audio_before);
-    QVERIFY(sight.take("tiles").startsWith("[Channel 4"));
-    QCOMPARE(sight, sight_without_lines);
+    QVERIFY2(
+        load(fixture->write(labels_alone), first_errors_without_lines, mode_errors_without_lines),
+        fixture->robot.why());
+    QCOMPARE(fixture->window_fixture.commands(), QByteArrayList(fixture->sent_count()));
+    Snapshot snapshot = look_at(*fixture);
+    QCOMPARE(snapshot.take("audio"), audio_before);
+    QVERIFY(snapshot.take("tiles").startsWith("[Channel 4"));
+    QCOMPARE(snapshot, snapshot_without_lines);
 }
 
 void Test_Settings_Load_Files::a_path_with_nothing_to_read_is_a_file_without_labels_data() {
@@ -193,44 +197,44 @@ void Test_Settings_Load_Files::a_path_with_nothing_to_read_is_a_file_without_lab
 
 void Test_Settings_Load_Files::a_path_with_nothing_to_read_is_a_file_without_labels() {
     QFETCH(const QString, path);
-    QCOMPARE(mkfifo(desk->path("pipe").toUtf8(), 0600), 0);
-    QVERIFY(QFile::link(desk->path("pipe"), desk->path("link")));
-    QVERIFY2(load(QDir(desk->path("")).filePath(path), first_errors_without_lines,
+    QCOMPARE(mkfifo(fixture->path("pipe").toUtf8(), 0600), 0);
+    QVERIFY(QFile::link(fixture->path("pipe"), fixture->path("link")));
+    QVERIFY2(load(QDir(fixture->path("")).filePath(path), first_errors_without_lines,
                   mode_errors_without_lines),
-             desk->robot.why());
-    QCOMPARE(desk->fixture.commands(), QByteArrayList(desk->sent_count()));
+             fixture->robot.why());
+    QCOMPARE(fixture->window_fixture.commands(), QByteArrayList(fixture->sent_count()));
 }
 
 void Test_Settings_Load_Files::a_folder_is_entered_and_not_loaded() {
     QVERIFY(QDir(QDir::homePath()).mkdir("folder"));
-    desk->expect_file_dialog("Select file", choose_file(desk->path("folder")));
+    fixture->expect_file_dialog("Select file", choose_file(fixture->path("folder")));
     // It stands on, in the folder.
-    desk->expect_file_dialog("Select file", press_key(Qt::Key_Escape));
-    desk->fixture.button("pushButton_Load_Settings_File").click();
-    QVERIFY2(desk->robot.done(), desk->robot.why());
-    QCOMPARE(desk->fixture.commands(), desk->start_commands());
+    fixture->expect_file_dialog("Select file", press_key(Qt::Key_Escape));
+    fixture->window_fixture.button("pushButton_Load_Settings_File").click();
+    QVERIFY2(fixture->robot.done(), fixture->robot.why());
+    QCOMPARE(fixture->window_fixture.commands(), fixture->start_commands());
 }
 
 void Test_Settings_Load_Files::a_file_that_vanishes_between_the_parts_is_loaded_whole() {
-    const QString path = desk->write(lines.text());
-    QVERIFY2(desk->load_first_part(path), desk->robot.why());
+    const QString path = fixture->write(lines.text());
+    QVERIFY2(fixture->load_first_part(path), fixture->robot.why());
     QVERIFY(QFile::remove(path));
-    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
-    QCOMPARE(look_at(*desk), good_sight(*desk));
+    QVERIFY2(fixture->wait_for_second_part(), fixture->robot.why());
+    QCOMPARE(look_at(*fixture), good_snapshot(*fixture));
 }
 
 void Test_Settings_Load_Files::a_file_that_changes_between_the_parts_is_loaded_as_it_was() {
-    const QString path = desk->write(lines.text());
-    QVERIFY2(desk->load_first_part(path), desk->robot.why());
-    desk->write("USB Control: //u4\n");
-    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
-    QCOMPARE(look_at(*desk), good_sight(*desk));
+    const QString path = fixture->write(lines.text());
+    QVERIFY2(fixture->load_first_part(path), fixture->robot.why());
+    fixture->write("USB Control: //u4\n");
+    QVERIFY2(fixture->wait_for_second_part(), fixture->robot.why());
+    QCOMPARE(look_at(*fixture), good_snapshot(*fixture));
 }
 
 void Test_Settings_Load_Files::a_path_beyond_ascii_is_read() {
     const QString name = QString::fromUtf8("Größe 東京 🖥.txt");
-    QVERIFY2(load(desk->write(lines.text(), name)), desk->robot.why());
-    QCOMPARE(look_at(*desk), good_sight(*desk));
+    QVERIFY2(load(fixture->write(lines.text(), name)), fixture->robot.why());
+    QCOMPARE(look_at(*fixture), good_snapshot(*fixture));
 }
 
 QTEST_MAIN(Test_Settings_Load_Files)

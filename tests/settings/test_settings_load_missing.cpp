@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/event_log.h"
 #include "tests/app/log_folder.h"
-#include "tests/settings/settings_desk.h"
-#include "tests/settings/settings_sight.h"
+#include "tests/settings/settings_fixture.h"
+#include "tests/settings/settings_snapshot.h"
 #include "tests/support/model_fixture.h"
 
 #include <QTest>
@@ -28,7 +30,7 @@ private:
     [[nodiscard]] bool load(int first_part_errors, int second_part_errors, int mode_errors = 0);
 
     std::unique_ptr<Log_Folder> log;
-    std::unique_ptr<Settings_Desk> desk;
+    std::unique_ptr<Settings_Fixture> fixture;
     Settings_Lines lines;
 };
 
@@ -36,26 +38,26 @@ void Test_Settings_Load_Missing::init() {
     QFETCH_GLOBAL(const Switch_Model, model);
     log = std::make_unique<Log_Folder>();
     lines = Settings_Lines(model);
-    desk = std::make_unique<Settings_Desk>(model);
-    if (desk->is_lite()) {
+    fixture = std::make_unique<Settings_Fixture>(model);
+    if (fixture->is_lite()) {
         // The others open it themselves.
         QCOMPARE(open_log(), 1);
     }
-    QVERIFY(desk->open_filled());
-    desk->robot.forget_sights();
-    desk->silence_switch();
+    QVERIFY(fixture->open_filled());
+    fixture->robot.forget_snapshots();
+    fixture->silence_switch();
     // So that a line which is not applied leaves something other than what its absence means.
-    desk->fixture.combo("comboBox_KM_Control").setCurrentIndex(3);
-    desk->fixture.combo("comboBox_USB_Control").setCurrentIndex(3);
-    desk->fixture.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
-    desk->fixture.combo("comboBox_Select_Display_Mode").setCurrentIndex(1);
-    (void)desk->fixture.commands();
+    fixture->window_fixture.combo("comboBox_KM_Control").setCurrentIndex(3);
+    fixture->window_fixture.combo("comboBox_USB_Control").setCurrentIndex(3);
+    fixture->window_fixture.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
+    fixture->window_fixture.combo("comboBox_Select_Display_Mode").setCurrentIndex(1);
+    (void)fixture->window_fixture.commands();
 }
 
 void Test_Settings_Load_Missing::cleanup() {
-    const bool robot_done = desk->robot.done();
-    const QByteArray why = desk->robot.why();
-    desk.reset();
+    const bool robot_done = fixture->robot.done();
+    const QByteArray why = fixture->robot.why();
+    fixture.reset();
     close_log();
     log.reset();
     QVERIFY2(robot_done, why);
@@ -64,8 +66,8 @@ void Test_Settings_Load_Missing::cleanup() {
 
 bool Test_Settings_Load_Missing::load(int first_part_errors, int second_part_errors,
                                       int mode_errors) {
-    return desk->load_first_part(desk->write(lines.text()), first_part_errors) &&
-           desk->wait_for_second_part(second_part_errors, mode_errors);
+    return fixture->load_first_part(fixture->write(lines.text()), first_part_errors) &&
+           fixture->wait_for_second_part(second_part_errors, mode_errors);
 }
 
 void Test_Settings_Load_Missing::a_missing_line_data() {
@@ -73,8 +75,8 @@ void Test_Settings_Load_Missing::a_missing_line_data() {
     QTest::addColumn<int>("first_part_errors");
     QTest::addColumn<int>("second_part_errors");
     QTest::addColumn<int>("mode_errors");
-    QTest::addColumn<Sight>("changed");
-    const auto row = [](const char* label, int first, int second, const Sight& changed,
+    QTest::addColumn<Snapshot>("changed");
+    const auto row = [](const char* label, int first, int second, const Snapshot& changed,
                         int mode = 0) {
         QTest::addRow("%s", label) << QByteArray(label) << first << second << mode << changed;
     };
@@ -113,13 +115,13 @@ void Test_Settings_Load_Missing::a_missing_line() {
     QFETCH(const int, first_part_errors);
     QFETCH(const int, second_part_errors);
     QFETCH(const int, mode_errors);
-    QFETCH(const Sight, changed);
+    QFETCH(const Snapshot, changed);
     lines.remove(label);
-    QVERIFY2(load(first_part_errors, second_part_errors, mode_errors), desk->robot.why());
-    QCOMPARE(look_at(*desk), good_sight(*desk, changed));
+    QVERIFY2(load(first_part_errors, second_part_errors, mode_errors), fixture->robot.why());
+    QCOMPARE(look_at(*fixture), good_snapshot(*fixture, changed));
     // The place of a command that is missing is taken by a lone carriage return.
-    QCOMPARE(desk->fixture.commands(),
-             lines.values(first_part_labels) + desk->sent_in_second_part(lines));
+    QCOMPARE(fixture->window_fixture.commands(),
+             lines.values(first_part_labels) + fixture->sent_in_second_part(lines));
 }
 
 void Test_Settings_Load_Missing::a_resolution_of_a_missing_custom_line_is_no_selection() {
@@ -128,44 +130,45 @@ void Test_Settings_Load_Missing::a_resolution_of_a_missing_custom_line_is_no_sel
         lines[QByteArray("Resolution channel ") + digit + ": "] =
             QByteArray("//CE ") + digit + " 1" + static_cast<char>(digit - 1);
     }
-    QVERIFY2(load(4, 0), desk->robot.why());
-    QCOMPARE(look_at(*desk).value("names"), "");
-    QCOMPARE(look_at(*desk).value("resolutions"), "-1 -1 -1 -1");
-    QCOMPARE(desk->fixture.commands().mid(5, 4),
+    QVERIFY2(load(4, 0), fixture->robot.why());
+    QCOMPARE(look_at(*fixture).value("names"), "");
+    QCOMPARE(look_at(*fixture).value("resolutions"), "-1 -1 -1 -1");
+    QCOMPARE(fixture->window_fixture.commands().mid(5, 4),
              (QByteArrayList{"//CE 1 10", "//CE 2 11", "//CE 3 12", "//CE 4 13"}));
 }
 
 void Test_Settings_Load_Missing::a_missing_grid_line_sends_an_empty_command_and_moves_the_tiles() {
     lines.remove("Grid settings: ");
-    QVERIFY2(load(0, 0), desk->robot.why());
-    QCOMPARE(look_at(*desk).value("tiles"), "..../.12./.3d./....");
-    QCOMPARE(desk->fixture.commands().value(13), QByteArray());
+    QVERIFY2(load(0, 0), fixture->robot.why());
+    QCOMPARE(look_at(*fixture).value("tiles"), "..../.12./.3d./....");
+    QCOMPARE(fixture->window_fixture.commands().value(13), QByteArray());
 }
 
 void Test_Settings_Load_Missing::an_error_is_logged_before_its_box() {
     lines.remove("Custom mouse movement setting 2: ");
     QStringList entries_at_box;
-    desk->expect_file_dialog("Select file", choose_file(desk->write(lines.text())));
-    desk->robot.expect({.text = "Error in setting the interface", .action = [&](QWidget& box) {
-                            entries_at_box = log->entries();
-                            return press_key(Qt::Key_Return)(box);
-                        }});
-    desk->fixture.button("pushButton_Load_Settings_File").click();
+    fixture->expect_file_dialog("Select file", choose_file(fixture->write(lines.text())));
+    fixture->robot.expect({.text = "Error in setting the interface", .action = [&](QWidget& box) {
+                               entries_at_box = log->entries();
+                               return press_key(Qt::Key_Return)(box);
+                           }});
+    fixture->window_fixture.button("pushButton_Load_Settings_File").click();
     QCOMPARE(entries_at_box, QStringList{"Error in setting the interface"});
 }
 
 void Test_Settings_Load_Missing::the_flags_are_down_while_an_error_box_stands() {
     lines.remove("Custom mouse movement setting 1: ");
-    desk->expect_file_dialog("Select file", choose_file(desk->write(lines.text())));
-    desk->robot.expect({.text = "Error in setting the interface", .action = [&](QWidget& box) {
-                            desk->fixture.combo("comboBox_USB_Control").setCurrentIndex(0);
-                            desk->fixture.button("pushButton_Soft_Reset").click();
-                            return press_key(Qt::Key_Return)(box);
-                        }});
-    desk->fixture.button("pushButton_Load_Settings_File").click();
-    QCOMPARE(desk->fixture.combo("comboBox_USB_Control").currentIndex(), 0);
+    fixture->expect_file_dialog("Select file", choose_file(fixture->write(lines.text())));
+    fixture->robot.expect(
+        {.text = "Error in setting the interface", .action = [&](QWidget& box) {
+             fixture->window_fixture.combo("comboBox_USB_Control").setCurrentIndex(0);
+             fixture->window_fixture.button("pushButton_Soft_Reset").click();
+             return press_key(Qt::Key_Return)(box);
+         }});
+    fixture->window_fixture.button("pushButton_Load_Settings_File").click();
+    QCOMPARE(fixture->window_fixture.combo("comboBox_USB_Control").currentIndex(), 0);
     // Neither the choice nor the reset is among the commands.
-    QCOMPARE(desk->fixture.commands(), lines.values(first_part_labels));
+    QCOMPARE(fixture->window_fixture.commands(), lines.values(first_part_labels));
 }
 
 QTEST_MAIN(Test_Settings_Load_Missing)

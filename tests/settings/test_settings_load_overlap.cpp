@@ -1,4 +1,6 @@
-#include "tests/settings/settings_desk.h"
+// SPDX-License-Identifier: MIT
+
+#include "tests/settings/settings_fixture.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
@@ -24,7 +26,7 @@ private slots:
     void a_second_part_without_a_load_does_nothing();
 
 private:
-    std::unique_ptr<Settings_Desk> desk;
+    std::unique_ptr<Settings_Fixture> fixture;
     Settings_Lines first;
     Settings_Lines second;
 };
@@ -41,95 +43,96 @@ void Test_Settings_Load_Overlap::init() {
     second = Settings_Lines(model);
     second["KM Control: "] = "//c4";
     second["USB Control: "] = "//u4";
-    desk = std::make_unique<Settings_Desk>(model);
-    QVERIFY(desk->open_filled());
-    desk->robot.forget_sights();
-    desk->silence_switch();
+    fixture = std::make_unique<Settings_Fixture>(model);
+    QVERIFY(fixture->open_filled());
+    fixture->robot.forget_snapshots();
+    fixture->silence_switch();
 }
 
 void Test_Settings_Load_Overlap::cleanup() {
-    const bool robot_done = desk->robot.done();
-    const QByteArray why = desk->robot.why();
-    desk.reset();
+    const bool robot_done = fixture->robot.done();
+    const QByteArray why = fixture->robot.why();
+    fixture.reset();
     QVERIFY2(robot_done, why);
     QCOMPARE(windows_left(), QStringList());
 }
 
 void Test_Settings_Load_Overlap::
     a_second_file_gets_the_first_ones_second_part_early_and_its_own_later() {
-    const QString first_path = desk->write(first.text(), "first.txt");
-    const QString second_path = desk->write(second.text(), "second.txt");
-    QVERIFY2(desk->load_first_part(first_path), desk->robot.why());
+    const QString first_path = fixture->write(first.text(), "first.txt");
+    const QString second_path = fixture->write(second.text(), "second.txt");
+    QVERIFY2(fixture->load_first_part(first_path), fixture->robot.why());
     virtual_time::pass(std::chrono::seconds(1));
-    QVERIFY2(desk->load_first_part(second_path), desk->robot.why());
-    QCOMPARE(desk->fixture.commands(),
+    QVERIFY2(fixture->load_first_part(second_path), fixture->robot.why());
+    QCOMPARE(fixture->window_fixture.commands(),
              first.values(first_part_labels) + second.values(first_part_labels));
     // Both timers find a first part applied, and both apply the file that was read last.
-    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
-    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
-    QCOMPARE(desk->fixture.commands(),
-             desk->sent_in_second_part(second) + desk->sent_in_second_part(second));
+    QVERIFY2(fixture->wait_for_second_part(), fixture->robot.why());
+    QVERIFY2(fixture->wait_for_second_part(), fixture->robot.why());
+    QCOMPARE(fixture->window_fixture.commands(),
+             fixture->sent_in_second_part(second) + fixture->sent_in_second_part(second));
 }
 
 void Test_Settings_Load_Overlap::
     a_dialog_that_stands_over_the_2000_ms_keeps_the_second_part_from_coming() {
-    QVERIFY2(desk->load_first_part(desk->write(first.text())), desk->robot.why());
-    (void)desk->fixture.commands();
-    const QString second_path = desk->write(second.text(), "second.txt");
+    QVERIFY2(fixture->load_first_part(fixture->write(first.text())), fixture->robot.why());
+    (void)fixture->window_fixture.commands();
+    const QString second_path = fixture->write(second.text(), "second.txt");
     QByteArrayList meanwhile = {"not looked at"};
-    desk->expect_file_dialog("Select file", [&](QWidget& modal) {
+    fixture->expect_file_dialog("Select file", [&](QWidget& modal) {
         // The first timer fires in this time, and only it could send anything.
-        (void)wait_until([&] { return !desk->fixture.device.received_commands().isEmpty(); },
-                         second_part_wait + 500);
-        meanwhile = desk->fixture.device.received_commands();
+        (void)wait_until(
+            [&] { return !fixture->window_fixture.device.received_commands().isEmpty(); },
+            second_part_wait + 500);
+        meanwhile = fixture->window_fixture.device.received_commands();
         return choose_file(second_path)(modal);
     });
-    desk->fixture.button("pushButton_Load_Settings_File").click();
-    QVERIFY2(desk->robot.done(), desk->robot.why());
+    fixture->window_fixture.button("pushButton_Load_Settings_File").click();
+    QVERIFY2(fixture->robot.done(), fixture->robot.why());
     QCOMPARE(meanwhile, QByteArrayList());
-    QCOMPARE(desk->fixture.commands(), second.values(first_part_labels));
-    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
-    QCOMPARE(desk->fixture.commands(), desk->sent_in_second_part(second));
+    QCOMPARE(fixture->window_fixture.commands(), second.values(first_part_labels));
+    QVERIFY2(fixture->wait_for_second_part(), fixture->robot.why());
+    QCOMPARE(fixture->window_fixture.commands(), fixture->sent_in_second_part(second));
 }
 
 void Test_Settings_Load_Overlap::
     a_second_dialog_that_is_cancelled_keeps_the_second_part_from_coming() {
-    QVERIFY2(desk->load_first_part(desk->write(first.text())), desk->robot.why());
-    (void)desk->fixture.commands();
-    desk->expect_file_dialog("Select file", press_key(Qt::Key_Escape));
-    desk->fixture.button("pushButton_Load_Settings_File").click();
-    QCOMPARE(desk->fixture.commands(), desk->start_commands());
-    const auto boxes = desk->robot.sights().size();
-    QVERIFY(
-        !wait_until([&] { return desk->robot.sights().size() > boxes; }, second_part_wait + 500));
-    QCOMPARE(desk->fixture.commands(), QByteArrayList());
+    QVERIFY2(fixture->load_first_part(fixture->write(first.text())), fixture->robot.why());
+    (void)fixture->window_fixture.commands();
+    fixture->expect_file_dialog("Select file", press_key(Qt::Key_Escape));
+    fixture->window_fixture.button("pushButton_Load_Settings_File").click();
+    QCOMPARE(fixture->window_fixture.commands(), fixture->start_commands());
+    const auto boxes = fixture->robot.snapshots().size();
+    QVERIFY(!wait_until([&] { return fixture->robot.snapshots().size() > boxes; },
+                        second_part_wait + 500));
+    QCOMPARE(fixture->window_fixture.commands(), QByteArrayList());
 }
 
 void Test_Settings_Load_Overlap::off_between_the_parts_applies_the_second_and_sends_nothing() {
-    QVERIFY2(desk->load_first_part(desk->write(first.text())), desk->robot.why());
-    (void)desk->fixture.commands();
-    desk->fixture.button("pushButton_OFF_Connection").click();
-    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
-    QCOMPARE(desk->fixture.combo("comboBox_USB_Control").currentIndex(), 2);
-    QCOMPARE(desk->fixture.label("label_Custom_4").text(), "500 499 SOFA");
+    QVERIFY2(fixture->load_first_part(fixture->write(first.text())), fixture->robot.why());
+    (void)fixture->window_fixture.commands();
+    fixture->window_fixture.button("pushButton_OFF_Connection").click();
+    QVERIFY2(fixture->wait_for_second_part(), fixture->robot.why());
+    QCOMPARE(fixture->window_fixture.combo("comboBox_USB_Control").currentIndex(), 2);
+    QCOMPARE(fixture->window_fixture.label("label_Custom_4").text(), "500 499 SOFA");
     // What the switch hears next is the greeting of the next connection.
-    desk->fixture.button("pushButton_ON_Connection").click();
-    QCOMPARE(desk->fixture.commands(), desk->start_commands());
+    fixture->window_fixture.button("pushButton_ON_Connection").click();
+    QCOMPARE(fixture->window_fixture.commands(), fixture->start_commands());
 }
 
 void Test_Settings_Load_Overlap::the_window_may_close_between_the_parts() {
-    QVERIFY2(desk->load_first_part(desk->write(first.text())), desk->robot.why());
-    const auto boxes = desk->robot.sights().size();
-    desk->fixture.close();
-    QVERIFY(
-        !wait_until([&] { return desk->robot.sights().size() > boxes; }, second_part_wait + 500));
+    QVERIFY2(fixture->load_first_part(fixture->write(first.text())), fixture->robot.why());
+    const auto boxes = fixture->robot.snapshots().size();
+    fixture->window_fixture.close();
+    QVERIFY(!wait_until([&] { return fixture->robot.snapshots().size() > boxes; },
+                        second_part_wait + 500));
 }
 
 void Test_Settings_Load_Overlap::a_second_part_without_a_load_does_nothing() {
-    QVERIFY(desk->fixture.run_slot("load_second_part_of_settings"));
-    QCOMPARE(desk->robot.sights().size(), 0);
-    QCOMPARE(desk->fixture.commands(), QByteArrayList());
-    QCOMPARE(desk->fixture.combo("comboBox_USB_Control").currentIndex(), 0);
+    QVERIFY(fixture->window_fixture.run_slot("load_second_part_of_settings"));
+    QCOMPARE(fixture->robot.snapshots().size(), 0);
+    QCOMPARE(fixture->window_fixture.commands(), QByteArrayList());
+    QCOMPARE(fixture->window_fixture.combo("comboBox_USB_Control").currentIndex(), 0);
 }
 
 QTEST_MAIN(Test_Settings_Load_Overlap)

@@ -1,5 +1,7 @@
-#include "tests/settings/settings_desk.h"
-#include "tests/settings/settings_sight.h"
+// SPDX-License-Identifier: MIT
+
+#include "tests/settings/settings_fixture.h"
+#include "tests/settings/settings_snapshot.h"
 #include "tests/support/wait_until.h"
 
 #include <QTest>
@@ -33,7 +35,7 @@ private slots:
 private:
     void tell_time(const char* part, const Processor_Time& since) const;
 
-    std::unique_ptr<Settings_Desk> desk;
+    std::unique_ptr<Settings_Fixture> fixture;
     Settings_Lines lines;
 };
 
@@ -41,21 +43,21 @@ namespace {
 
 constexpr int megabyte = 1'000'000;
 /// Far above what is needed, far below what a user would take for a crash.
-constexpr int longest_part = 120'000;
+constexpr int max_part = 120'000;
 
 } // namespace
 
 void Test_Settings_Load_Size::init() {
     lines = Settings_Lines();
-    desk = std::make_unique<Settings_Desk>();
-    QVERIFY(desk->open_filled());
-    desk->silence_switch();
+    fixture = std::make_unique<Settings_Fixture>();
+    QVERIFY(fixture->open_filled());
+    fixture->silence_switch();
 }
 
 void Test_Settings_Load_Size::cleanup() {
-    const bool robot_done = desk->robot.done();
-    const QByteArray why = desk->robot.why();
-    desk.reset();
+    const bool robot_done = fixture->robot.done();
+    const QByteArray why = fixture->robot.why();
+    fixture.reset();
     QVERIFY2(robot_done, why);
     QCOMPARE(windows_left(), QStringList());
 }
@@ -67,19 +69,19 @@ void Test_Settings_Load_Size::tell_time(const char* part, const Processor_Time& 
 
 void Test_Settings_Load_Size::a_file_of_100_mb_loads() {
     const QByteArray noise = QByteArray("No label stands in this line, just words.\r\n");
-    const QString path =
-        desk->write(noise.repeated(100 * megabyte / static_cast<int>(noise.size())) + lines.text());
+    const QString path = fixture->write(
+        noise.repeated(100 * megabyte / static_cast<int>(noise.size())) + lines.text());
     Processor_Time time;
-    QVERIFY2(desk->load_first_part(path), desk->robot.why());
+    QVERIFY2(fixture->load_first_part(path), fixture->robot.why());
     tell_time("first part", time);
-    QVERIFY(time.elapsed() < longest_part);
+    QVERIFY(time.elapsed() < max_part);
     time = {};
-    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
+    QVERIFY2(fixture->wait_for_second_part(), fixture->robot.why());
     tell_time("second part", time);
-    QVERIFY(time.elapsed() < longest_part);
-    QCOMPARE(look_at(*desk), good_sight(*desk));
-    QCOMPARE(desk->fixture.commands(),
-             lines.values(first_part_labels) + desk->sent_in_second_part(lines));
+    QVERIFY(time.elapsed() < max_part);
+    QCOMPARE(look_at(*fixture), good_snapshot(*fixture));
+    QCOMPARE(fixture->window_fixture.commands(),
+             lines.values(first_part_labels) + fixture->sent_in_second_part(lines));
 }
 
 void Test_Settings_Load_Size::a_line_of_10_mb_loads_data() {
@@ -93,21 +95,21 @@ void Test_Settings_Load_Size::a_line_of_10_mb_loads_data() {
 void Test_Settings_Load_Size::a_line_of_10_mb_loads() {
     QFETCH(const QByteArray, label);
     lines[label] += QByteArray(10 * megabyte, 'W');
-    const QString path = desk->write(lines.text());
+    const QString path = fixture->write(lines.text());
     Processor_Time time;
-    QVERIFY2(desk->load_first_part(path), desk->robot.why());
+    QVERIFY2(fixture->load_first_part(path), fixture->robot.why());
     tell_time("first part", time);
-    QVERIFY(time.elapsed() < longest_part);
+    QVERIFY(time.elapsed() < max_part);
     time = {};
-    QVERIFY2(desk->wait_for_second_part(), desk->robot.why());
+    QVERIFY2(fixture->wait_for_second_part(), fixture->robot.why());
     tell_time("second part", time);
-    QVERIFY(time.elapsed() < longest_part);
+    QVERIFY(time.elapsed() < max_part);
     // The page that shows the text has to be drawn, too.
     time = {};
-    desk->fixture.button("pushButton_Mouse_Speed_Settings").click();
-    desk->fixture.window().grab();
+    fixture->window_fixture.button("pushButton_Mouse_Speed_Settings").click();
+    fixture->window_fixture.window().grab();
     tell_time("drawing", time);
-    QVERIFY(time.elapsed() < longest_part);
+    QVERIFY(time.elapsed() < max_part);
 }
 
 QTEST_MAIN(Test_Settings_Load_Size)

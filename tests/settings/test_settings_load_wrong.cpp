@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/event_log.h"
 #include "tests/app/log_folder.h"
-#include "tests/settings/settings_desk.h"
-#include "tests/settings/settings_sight.h"
+#include "tests/settings/settings_fixture.h"
+#include "tests/settings/settings_snapshot.h"
 
 #include <QTest>
 
@@ -29,7 +31,7 @@ private:
     [[nodiscard]] bool load(int first_part_errors, int second_part_errors, int mode_errors = 0);
 
     std::unique_ptr<Log_Folder> log;
-    std::unique_ptr<Settings_Desk> desk;
+    std::unique_ptr<Settings_Fixture> fixture;
     Settings_Lines lines;
 };
 
@@ -44,26 +46,26 @@ void Test_Settings_Load_Wrong::init() {
     QFETCH_GLOBAL(const Switch_Model, model);
     log = std::make_unique<Log_Folder>();
     lines = Settings_Lines(model);
-    desk = std::make_unique<Settings_Desk>(model);
-    if (desk->is_lite()) {
+    fixture = std::make_unique<Settings_Fixture>(model);
+    if (fixture->is_lite()) {
         // The others open it themselves.
         QCOMPARE(open_log(), 1);
     }
-    QVERIFY(desk->open_filled());
-    desk->robot.forget_sights();
-    desk->silence_switch();
+    QVERIFY(fixture->open_filled());
+    fixture->robot.forget_snapshots();
+    fixture->silence_switch();
     // So that a line which is not applied leaves something other than what its absence means.
-    desk->fixture.combo("comboBox_KM_Control").setCurrentIndex(3);
-    desk->fixture.combo("comboBox_USB_Control").setCurrentIndex(3);
-    desk->fixture.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
-    desk->fixture.combo("comboBox_Select_Display_Mode").setCurrentIndex(1);
-    (void)desk->fixture.commands();
+    fixture->window_fixture.combo("comboBox_KM_Control").setCurrentIndex(3);
+    fixture->window_fixture.combo("comboBox_USB_Control").setCurrentIndex(3);
+    fixture->window_fixture.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
+    fixture->window_fixture.combo("comboBox_Select_Display_Mode").setCurrentIndex(1);
+    (void)fixture->window_fixture.commands();
 }
 
 void Test_Settings_Load_Wrong::cleanup() {
-    const bool robot_done = desk->robot.done();
-    const QByteArray why = desk->robot.why();
-    desk.reset();
+    const bool robot_done = fixture->robot.done();
+    const QByteArray why = fixture->robot.why();
+    fixture.reset();
     close_log();
     log.reset();
     QVERIFY2(robot_done, why);
@@ -72,8 +74,8 @@ void Test_Settings_Load_Wrong::cleanup() {
 
 bool Test_Settings_Load_Wrong::load(int first_part_errors, int second_part_errors,
                                     int mode_errors) {
-    return desk->load_first_part(desk->write(lines.text()), first_part_errors) &&
-           desk->wait_for_second_part(second_part_errors, mode_errors);
+    return fixture->load_first_part(fixture->write(lines.text()), first_part_errors) &&
+           fixture->wait_for_second_part(second_part_errors, mode_errors);
 }
 
 void Test_Settings_Load_Wrong::a_wrong_value_data() {
@@ -82,9 +84,9 @@ void Test_Settings_Load_Wrong::a_wrong_value_data() {
     QTest::addColumn<int>("first_part_errors");
     QTest::addColumn<int>("second_part_errors");
     QTest::addColumn<int>("mode_errors");
-    QTest::addColumn<Sight>("changed");
+    QTest::addColumn<Snapshot>("changed");
     const auto row = [](const char* label, const char* value, int first, int second,
-                        const Sight& changed, int mode = 0) {
+                        const Snapshot& changed, int mode = 0) {
         QTest::addRow("%s%s", label, value)
             << QByteArray(label) << QByteArray(value) << first << second << mode << changed;
     };
@@ -130,34 +132,35 @@ void Test_Settings_Load_Wrong::a_wrong_value() {
     QFETCH(const int, first_part_errors);
     QFETCH(const int, second_part_errors);
     QFETCH(const int, mode_errors);
-    QFETCH(const Sight, changed);
+    QFETCH(const Snapshot, changed);
     lines[label] = value;
-    QVERIFY2(load(first_part_errors, second_part_errors, mode_errors), desk->robot.why());
-    QCOMPARE(look_at(*desk), good_sight(*desk, changed));
-    QCOMPARE(desk->fixture.commands(),
-             lines.values(first_part_labels) + desk->sent_in_second_part(lines));
+    QVERIFY2(load(first_part_errors, second_part_errors, mode_errors), fixture->robot.why());
+    QCOMPARE(look_at(*fixture), good_snapshot(*fixture, changed));
+    QCOMPARE(fixture->window_fixture.commands(),
+             lines.values(first_part_labels) + fixture->sent_in_second_part(lines));
 }
 
 void Test_Settings_Load_Wrong::a_number_that_is_none_is_logged_only_data() {
     QTest::addColumn<QByteArray>("label");
     QTest::addColumn<QByteArray>("value");
-    QTest::addColumn<Sight>("changed");
-    QTest::addRow("KM") << QByteArray("KM Control: ") << QByteArray("//cx") << Sight{{"km", "3"}};
+    QTest::addColumn<Snapshot>("changed");
+    QTest::addRow("KM") << QByteArray("KM Control: ") << QByteArray("//cx")
+                        << Snapshot{{"km", "3"}};
     QTest::addRow("USB") << QByteArray("USB Control: ") << QByteArray("//u ")
-                         << Sight{{"usb", "3"}};
+                         << Snapshot{{"usb", "3"}};
     QTest::addRow("resolution, too large")
         << QByteArray("Resolution channel 4: ") << QByteArray("//CE 4 99999999999")
-        << Sight{{"resolutions", "1 12 9 0"}};
+        << Snapshot{{"resolutions", "1 12 9 0"}};
 }
 
 void Test_Settings_Load_Wrong::a_number_that_is_none_is_logged_only() {
     QFETCH(const QByteArray, label);
     QFETCH(const QByteArray, value);
-    QFETCH(const Sight, changed);
+    QFETCH(const Snapshot, changed);
     lines[label] = value;
-    QVERIFY2(load(0, 0), desk->robot.why());
+    QVERIFY2(load(0, 0), fixture->robot.why());
     QCOMPARE(log->entries().size(), 1);
-    QCOMPARE(look_at(*desk), good_sight(*desk, changed));
+    QCOMPARE(look_at(*fixture), good_snapshot(*fixture, changed));
 }
 
 void Test_Settings_Load_Wrong::a_custom_line_is_read_from_its_sixteenth_character_data() {
@@ -180,10 +183,10 @@ void Test_Settings_Load_Wrong::a_custom_line_is_read_from_its_sixteenth_characte
     QFETCH(const int, errors);
     QFETCH(const QString, names);
     lines["Custom mouse movement setting 2: "] = value;
-    QVERIFY2(load(errors, 0), desk->robot.why());
-    QCOMPARE(look_at(*desk).value("names"), names);
+    QVERIFY2(load(errors, 0), fixture->robot.why());
+    QCOMPARE(look_at(*fixture).value("names"), names);
     // The command goes out whole.
-    QCOMPARE(desk->fixture.commands().value(2), value);
+    QCOMPARE(fixture->window_fixture.commands().value(2), value);
 }
 
 void Test_Settings_Load_Wrong::
@@ -191,20 +194,20 @@ void Test_Settings_Load_Wrong::
     lines["Limit Ports: "] = "//D4";
     for (const char* place : {"4 0", "0 4", "-1 0", "0 -1", "999 999"}) {
         lines["Coordinates channel 3: "] = place;
-        QVERIFY2(load(0, 0), desk->robot.why());
-        QCOMPARE(look_at(*desk).value("tiles"), "1234/..../..../....");
-        QCOMPARE(look_at(*desk).value("buzzer"), "off");
-        QCOMPARE(desk->fixture.commands(),
-                 lines.values(first_part_labels) + desk->sent_in_second_part(lines));
+        QVERIFY2(load(0, 0), fixture->robot.why());
+        QCOMPARE(look_at(*fixture).value("tiles"), "1234/..../..../....");
+        QCOMPARE(look_at(*fixture).value("buzzer"), "off");
+        QCOMPARE(fixture->window_fixture.commands(),
+                 lines.values(first_part_labels) + fixture->sent_in_second_part(lines));
     }
 }
 
 void Test_Settings_Load_Wrong::coordinates_that_are_no_numbers_leave_the_marks_of_one_port_more() {
     lines["Coordinates channel 1: "] = "x y";
     lines["Limit Ports: "] = "//D2";
-    QVERIFY2(load(0, 1), desk->robot.why());
-    QCOMPARE(look_at(*desk).value("limit"), "0");
-    QCOMPARE(look_at(*desk).value("tiles"), "123d/..../..../....");
+    QVERIFY2(load(0, 1), fixture->robot.why());
+    QCOMPARE(look_at(*fixture).value("limit"), "0");
+    QCOMPARE(look_at(*fixture).value("tiles"), "123d/..../..../....");
 }
 
 QTEST_MAIN(Test_Settings_Load_Wrong)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/settings/untimed_window.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"

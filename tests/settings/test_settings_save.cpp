@@ -1,4 +1,6 @@
-#include "tests/settings/settings_desk.h"
+// SPDX-License-Identifier: MIT
+
+#include "tests/settings/settings_fixture.h"
 #include "tests/support/model_fixture.h"
 
 #include <QFile>
@@ -31,7 +33,7 @@ private:
     /// The value of a line of the file that is saved now.
     QByteArrayList saved_lines();
 
-    std::unique_ptr<Settings_Desk> desk;
+    std::unique_ptr<Settings_Fixture> fixture;
 };
 
 namespace {
@@ -114,40 +116,41 @@ const QByteArray empty_audio = "Audio settings: //a x\n"
 
 void Test_Settings_Save::init() {
     QFETCH_GLOBAL(const Switch_Model, model);
-    desk = std::make_unique<Settings_Desk>(model);
+    fixture = std::make_unique<Settings_Fixture>(model);
 }
 
 void Test_Settings_Save::cleanup() {
-    const bool robot_done = desk->robot.done();
-    const QByteArray why = desk->robot.why();
-    desk.reset();
+    const bool robot_done = fixture->robot.done();
+    const QByteArray why = fixture->robot.why();
+    fixture.reset();
     QVERIFY2(robot_done, why);
     QCOMPARE(windows_left(), QStringList());
 }
 
 QByteArrayList Test_Settings_Save::saved_lines() {
-    const QString path = desk->path("lines.txt");
+    const QString path = fixture->path("lines.txt");
     QFile::remove(path);
-    return desk->save(path) ? Settings_Desk::read(path).split('\n') : QByteArrayList();
+    return fixture->save(path) ? Settings_Fixture::read(path).split('\n') : QByteArrayList();
 }
 
 void Test_Settings_Save::a_whole_file_byte_for_byte() {
-    desk->fixture.device.unit().set_state(example_state());
-    QVERIFY(desk->open_filled());
-    QVERIFY2(desk->save(desk->path()), desk->robot.why());
-    QCOMPARE(Settings_Desk::read(desk->path()),
-             example_file + (desk->is_pro() ? example_audio : ""));
+    fixture->window_fixture.device.unit().set_state(example_state());
+    QVERIFY(fixture->open_filled());
+    QVERIFY2(fixture->save(fixture->path()), fixture->robot.why());
+    QCOMPARE(Settings_Fixture::read(fixture->path()),
+             example_file + (fixture->is_pro() ? example_audio : ""));
 }
 
 void Test_Settings_Save::a_silent_switch_gives_a_file_of_start_values_and_empty_lines() {
-    desk->silence_switch();
-    desk->fixture.open();
-    desk->expect_file_dialog("Save Settings File", choose_file(desk->path()));
-    desk->expect_saved_box();
+    fixture->silence_switch();
+    fixture->window_fixture.open();
+    fixture->expect_file_dialog("Save Settings File", choose_file(fixture->path()));
+    fixture->expect_saved_box();
     // The button is out of reach as long as no switch has answered.
-    QVERIFY(!desk->fixture.button("pushButton_Create_Settings_File").isEnabled());
-    QVERIFY(desk->fixture.run_slot("on_pushButton_Create_Settings_File_clicked"));
-    QCOMPARE(Settings_Desk::read(desk->path()), empty_file + (desk->is_pro() ? empty_audio : ""));
+    QVERIFY(!fixture->window_fixture.button("pushButton_Create_Settings_File").isEnabled());
+    QVERIFY(fixture->window_fixture.run_slot("on_pushButton_Create_Settings_File_clicked"));
+    QCOMPARE(Settings_Fixture::read(fixture->path()),
+             empty_file + (fixture->is_pro() ? empty_audio : ""));
 }
 
 void Test_Settings_Save::gray_channels_come_out_as_digit_3_and_keep_their_coordinates_data() {
@@ -164,8 +167,8 @@ void Test_Settings_Save::gray_channels_come_out_as_digit_3_and_keep_their_coordi
     Switch_State state;
     state.port_limit = port_limit;
     state.layout_positions = {14, 10, 6, 2};
-    desk->fixture.device.unit().set_state(state);
-    QVERIFY(desk->open_filled());
+    fixture->window_fixture.device.unit().set_state(state);
+    QVERIFY(fixture->open_filled());
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(2), "Limit Ports: //D" + QByteArray::number(port_limit));
     QCOMPARE(lines.mid(17, 5),
@@ -194,18 +197,19 @@ void Test_Settings_Save::the_mouse_mode_follows_the_km_channel_on_a_lite_and_the
     Switch_State state;
     state.km_channel = km_channel;
     state.relative_mouse = relative;
-    desk->fixture.device.unit().set_state(state);
-    QVERIFY(desk->open_filled());
-    QCOMPARE(desk->fixture.combo("comboBox_Select_Display_Mode").currentIndex(), relative ? 1 : 0);
-    QCOMPARE(saved_lines().value(23), desk->is_lite() ? lite_line : line);
+    fixture->window_fixture.device.unit().set_state(state);
+    QVERIFY(fixture->open_filled());
+    QCOMPARE(fixture->window_fixture.combo("comboBox_Select_Display_Mode").currentIndex(),
+             relative ? 1 : 0);
+    QCOMPARE(saved_lines().value(23), fixture->is_lite() ? lite_line : line);
 }
 
 void Test_Settings_Save::a_name_with_blanks_keeps_them_in_the_data_line_only() {
     Switch_State state;
     state.custom_entries[1] = {101, 102, "MY  BIG DESK"};
     state.custom_entries[2] = {103, 104, ""};
-    desk->fixture.device.unit().set_state(state);
-    QVERIFY(desk->open_filled());
+    fixture->window_fixture.device.unit().set_state(state);
+    QVERIFY(fixture->open_filled());
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(10), "Custom mouse movement setting 2: //MM C2 101 102 MYBIGDESK");
     QCOMPARE(lines.value(14), "Data from mouse movement label 2: 101 102 MY  BIG DESK");
@@ -215,11 +219,11 @@ void Test_Settings_Save::a_name_with_blanks_keeps_them_in_the_data_line_only() {
 }
 
 void Test_Settings_Save::custom_figures_come_from_the_report_and_the_name_from_the_list() {
-    QVERIFY(desk->open_filled());
-    desk->custom_field("Name").setText("two  words ");
-    desk->custom_field("X").setText("7");
-    desk->custom_field("Y").setText("8");
-    desk->custom_submit().click();
+    QVERIFY(fixture->open_filled());
+    fixture->custom_field("Name").setText("two  words ");
+    fixture->custom_field("X").setText("7");
+    fixture->custom_field("Y").setText("8");
+    fixture->custom_submit().click();
     // The switch has not been asked again yet.
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(9), "Custom mouse movement setting 1: //MM C1 100 100 two words ");
@@ -229,8 +233,8 @@ void Test_Settings_Save::custom_figures_come_from_the_report_and_the_name_from_t
 void Test_Settings_Save::a_custom_line_is_cut_at_49_bytes() {
     Switch_State state;
     state.custom_entries[3] = {1, 2, QByteArray(60, 'N')};
-    desk->fixture.device.unit().set_state(state);
-    QVERIFY(desk->open_filled());
+    fixture->window_fixture.device.unit().set_state(state);
+    QVERIFY(fixture->open_filled());
     const QByteArray line = saved_lines().value(12);
     QCOMPARE(line, "Custom mouse movement setting 4: //MM C4 001 002 " + QByteArray(33, 'N'));
 }
@@ -238,8 +242,8 @@ void Test_Settings_Save::a_custom_line_is_cut_at_49_bytes() {
 void Test_Settings_Save::a_custom_line_is_cut_between_characters() {
     Switch_State state;
     state.custom_entries[3] = {1, 2, QByteArray(31, 'N') + "東京"};
-    desk->fixture.device.unit().set_state(state);
-    QVERIFY(desk->open_filled());
+    fixture->window_fixture.device.unit().set_state(state);
+    QVERIFY(fixture->open_filled());
     QCOMPARE(saved_lines().value(12),
              "Custom mouse movement setting 4: //MM C4 001 002 " + QByteArray(31, 'N'));
 }
@@ -247,23 +251,23 @@ void Test_Settings_Save::a_custom_line_is_cut_between_characters() {
 void Test_Settings_Save::texts_beyond_ascii_are_written_as_utf8() {
     Switch_State state;
     state.custom_entries[0] = {1, 2, "Büro東京"};
-    desk->fixture.device.unit().set_state(state);
-    QVERIFY(desk->open_filled());
+    fixture->window_fixture.device.unit().set_state(state);
+    QVERIFY(fixture->open_filled());
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(9), "Custom mouse movement setting 1: //MM C1 001 002 Büro東京");
     QCOMPARE(lines.value(13), "Data from mouse movement label 1: 001 002 Büro東京");
 }
 
 void Test_Settings_Save::the_file_holds_what_the_widgets_show() {
-    QVERIFY(desk->open_filled());
-    desk->fixture.combo("comboBox_KM_Control").setCurrentIndex(3);
-    desk->fixture.combo("comboBox_USB_Control").setCurrentIndex(2);
-    desk->fixture.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
-    desk->fixture.button("pushButton_OFF_Beep").click();
-    desk->fixture.resolution(2).setCurrentIndex(12);
+    QVERIFY(fixture->open_filled());
+    fixture->window_fixture.combo("comboBox_KM_Control").setCurrentIndex(3);
+    fixture->window_fixture.combo("comboBox_USB_Control").setCurrentIndex(2);
+    fixture->window_fixture.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
+    fixture->window_fixture.button("pushButton_OFF_Beep").click();
+    fixture->window_fixture.resolution(2).setCurrentIndex(12);
     // Typed, and not applied.
-    desk->fixture.line_edit("lineEdit_MouseParking_x").setText("7");
-    desk->fixture.line_edit("lineEdit_MouseParking_y").setText("99");
+    fixture->window_fixture.line_edit("lineEdit_MouseParking_x").setText("7");
+    fixture->window_fixture.line_edit("lineEdit_MouseParking_y").setText("99");
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(0), "KM Control: //c4");
     QCOMPARE(lines.value(1), "USB Control: //u3");
@@ -274,12 +278,12 @@ void Test_Settings_Save::the_file_holds_what_the_widgets_show() {
 }
 
 void Test_Settings_Save::with_nothing_chosen_the_commands_say_so() {
-    QVERIFY(desk->open_filled());
+    QVERIFY(fixture->open_filled());
     for (const char* name :
          {"comboBox_KM_Control", "comboBox_USB_Control", "comboBox_Select_active_port",
           "comboBox_Enable_or_Disable_Cursor_Roll",
           "comboBox_mouse_movement_resolution_setting_1"}) {
-        desk->fixture.combo(name).setCurrentIndex(-1);
+        fixture->window_fixture.combo(name).setCurrentIndex(-1);
     }
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(0), "KM Control: //c0");

@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/event_log.h"
 #include "tests/app/log_folder.h"
-#include "tests/settings/settings_desk.h"
+#include "tests/settings/settings_fixture.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"
 
@@ -39,11 +41,11 @@ private:
     /// How a file of a new unit ends.
     QByteArray last_lines() const {
         return QByteArray("\nMouse Mode: //ks\n") +
-               (desk->is_pro() ? "Audio settings: //a 0\nAudio chacked state: ALL\n" : "");
+               (fixture->is_pro() ? "Audio settings: //a 0\nAudio chacked state: ALL\n" : "");
     }
-    QByteArray content() const { return Settings_Desk::read(desk->path()); }
+    QByteArray content() const { return Settings_Fixture::read(fixture->path()); }
 
-    std::unique_ptr<Settings_Desk> desk;
+    std::unique_ptr<Settings_Fixture> fixture;
 };
 
 namespace {
@@ -54,15 +56,15 @@ const QByteArray first_line = "KM Control: //c1\n";
 
 void Test_Settings_Save_Dialog::init() {
     QFETCH_GLOBAL(const Switch_Model, model);
-    desk = std::make_unique<Settings_Desk>(model);
-    QVERIFY(desk->open_filled());
-    desk->robot.forget_sights();
+    fixture = std::make_unique<Settings_Fixture>(model);
+    QVERIFY(fixture->open_filled());
+    fixture->robot.forget_snapshots();
 }
 
 void Test_Settings_Save_Dialog::cleanup() {
-    const bool robot_done = desk->robot.done();
-    const QByteArray why = desk->robot.why();
-    desk.reset();
+    const bool robot_done = fixture->robot.done();
+    const QByteArray why = fixture->robot.why();
+    fixture.reset();
     QVERIFY2(robot_done, why);
     QCOMPARE(windows_left(), QStringList());
 }
@@ -71,8 +73,8 @@ void Test_Settings_Save_Dialog::the_dialog_begins_in_the_users_home_and_shows_te
     QString directory;
     QStringList filters;
     auto accept_mode = QFileDialog::AcceptOpen;
-    const QWidget* parent = &desk->fixture.window();
-    desk->expect_file_dialog("Save Settings File", [&](QWidget& modal) {
+    const QWidget* parent = &fixture->window_fixture.window();
+    fixture->expect_file_dialog("Save Settings File", [&](QWidget& modal) {
         const auto& dialog = static_cast<QFileDialog&>(modal);
         directory = dialog.directory().path();
         filters = dialog.nameFilters();
@@ -80,9 +82,9 @@ void Test_Settings_Save_Dialog::the_dialog_begins_in_the_users_home_and_shows_te
         parent = dialog.parentWidget();
         return press_key(Qt::Key_Escape)(modal);
     });
-    desk->fixture.button("pushButton_Create_Settings_File").click();
+    fixture->window_fixture.button("pushButton_Create_Settings_File").click();
     QCOMPARE(directory, QDir::homePath());
-    QCOMPARE(directory, QFileInfo(desk->path()).path());
+    QCOMPARE(directory, QFileInfo(fixture->path()).path());
     QCOMPARE(filters, QStringList{"Text files (*.txt)"});
     QCOMPARE(accept_mode, QFileDialog::AcceptSave);
     QVERIFY(parent == nullptr);
@@ -90,75 +92,77 @@ void Test_Settings_Save_Dialog::the_dialog_begins_in_the_users_home_and_shows_te
 
 void Test_Settings_Save_Dialog::the_status_is_asked_for_before_the_dialog_opens() {
     QByteArrayList before_choice;
-    desk->expect_file_dialog("Save Settings File", [&](QWidget& modal) {
-        before_choice = desk->fixture.commands();
-        return choose_file(desk->path())(modal);
+    fixture->expect_file_dialog("Save Settings File", [&](QWidget& modal) {
+        before_choice = fixture->window_fixture.commands();
+        return choose_file(fixture->path())(modal);
     });
-    desk->expect_saved_box();
-    desk->fixture.button("pushButton_Create_Settings_File").click();
+    fixture->expect_saved_box();
+    fixture->window_fixture.button("pushButton_Create_Settings_File").click();
     QCOMPARE(before_choice, QByteArrayList{"//rl"});
-    QCOMPARE(desk->fixture.commands(), QByteArrayList());
+    QCOMPARE(fixture->window_fixture.commands(), QByteArrayList());
 }
 
 void Test_Settings_Save_Dialog::a_cancelled_dialog_writes_nothing_and_says_nothing() {
-    desk->expect_file_dialog("Save Settings File", press_button("Cancel"));
-    desk->fixture.button("pushButton_Create_Settings_File").click();
-    QCOMPARE(desk->robot.sights().size(), 1);
-    QCOMPARE(desk->fixture.commands(), QByteArrayList{"//rl"});
+    fixture->expect_file_dialog("Save Settings File", press_button("Cancel"));
+    fixture->window_fixture.button("pushButton_Create_Settings_File").click();
+    QCOMPARE(fixture->robot.snapshots().size(), 1);
+    QCOMPARE(fixture->window_fixture.commands(), QByteArrayList{"//rl"});
     QCOMPARE(QDir(QDir::homePath()).entryList(QDir::Files), QStringList());
 }
 
 void Test_Settings_Save_Dialog::a_save_after_a_cancelled_one_works() {
-    desk->expect_file_dialog("Save Settings File", press_key(Qt::Key_Escape));
-    desk->fixture.button("pushButton_Create_Settings_File").click();
-    QVERIFY2(desk->save(desk->path()), desk->robot.why());
+    fixture->expect_file_dialog("Save Settings File", press_key(Qt::Key_Escape));
+    fixture->window_fixture.button("pushButton_Create_Settings_File").click();
+    QVERIFY2(fixture->save(fixture->path()), fixture->robot.why());
     QVERIFY(content().startsWith(first_line));
     QVERIFY(content().endsWith(last_lines()));
 }
 
 void Test_Settings_Save_Dialog::the_answer_to_the_question_is_served_while_the_dialog_is_open() {
-    desk->expect_file_dialog("Save Settings File", [&](QWidget& modal) {
+    fixture->expect_file_dialog("Save Settings File", [&](QWidget& modal) {
         // The unit changes its channel meanwhile, and the widgets with it.
-        desk->fixture.device.press_hotkey(4);
-        const bool followed = wait_until(
-            [&] { return desk->fixture.combo("comboBox_KM_Control").currentIndex() == 3; });
-        return followed ? choose_file(desk->path())(modal) : "the notice was not served";
+        fixture->window_fixture.device.press_hotkey(4);
+        const bool followed = wait_until([&] {
+            return fixture->window_fixture.combo("comboBox_KM_Control").currentIndex() == 3;
+        });
+        return followed ? choose_file(fixture->path())(modal) : "the notice was not served";
     });
-    desk->expect_saved_box();
-    desk->fixture.button("pushButton_Create_Settings_File").click();
+    fixture->expect_saved_box();
+    fixture->window_fixture.button("pushButton_Create_Settings_File").click();
     QVERIFY2(content().startsWith("KM Control: //c4\nUSB Control: //u4\n"), content());
 }
 
 void Test_Settings_Save_Dialog::a_save_keeps_the_reply_buffer_until_the_next_report() {
-    QVERIFY2(desk->save(desk->path()), desk->robot.why());
-    QVERIFY(wait_until([&] { return desk->fixture.terminal_text().endsWith("Buzzer: on\n"); }));
-    QVERIFY(desk->fixture.say("**C 3\n"));
-    QVERIFY(desk->fixture.say("**C 2\n"));
+    QVERIFY2(fixture->save(fixture->path()), fixture->robot.why());
+    QVERIFY(wait_until(
+        [&] { return fixture->window_fixture.terminal_text().endsWith("Buzzer: on\n"); }));
+    QVERIFY(fixture->window_fixture.say("**C 3\n"));
+    QVERIFY(fixture->window_fixture.say("**C 2\n"));
     // No report follows the question, so the first notice stays and is the one that is found.
-    QCOMPARE(desk->fixture.combo("comboBox_KM_Control").currentIndex(), 2);
-    QVERIFY(desk->fixture.run_slot("refresh_UI"));
-    QVERIFY(desk->fixture.wait_filled());
-    QVERIFY(desk->fixture.say("**C 3\n"));
-    QVERIFY(desk->fixture.say("**C 2\n"));
-    QCOMPARE(desk->fixture.combo("comboBox_KM_Control").currentIndex(), 1);
+    QCOMPARE(fixture->window_fixture.combo("comboBox_KM_Control").currentIndex(), 2);
+    QVERIFY(fixture->window_fixture.run_slot("refresh_UI"));
+    QVERIFY(fixture->window_fixture.wait_filled());
+    QVERIFY(fixture->window_fixture.say("**C 3\n"));
+    QVERIFY(fixture->window_fixture.say("**C 2\n"));
+    QCOMPARE(fixture->window_fixture.combo("comboBox_KM_Control").currentIndex(), 1);
 }
 
 void Test_Settings_Save_Dialog::an_existing_file_is_replaced_whole() {
-    desk->write(QByteArray(100'000, 'x'));
-    desk->expect_file_dialog("Save Settings File", choose_file(desk->path()));
-    desk->robot.expect({.class_name = "QMessageBox", .action = press_button("Yes")});
-    desk->expect_saved_box();
-    desk->fixture.button("pushButton_Create_Settings_File").click();
+    fixture->write(QByteArray(100'000, 'x'));
+    fixture->expect_file_dialog("Save Settings File", choose_file(fixture->path()));
+    fixture->robot.expect({.class_name = "QMessageBox", .action = press_button("Yes")});
+    fixture->expect_saved_box();
+    fixture->window_fixture.button("pushButton_Create_Settings_File").click();
     QVERIFY(content().startsWith(first_line));
     QVERIFY(!content().contains('x'));
 }
 
 void Test_Settings_Save_Dialog::an_existing_file_stays_if_the_user_does_not_want_it_replaced() {
-    desk->write("precious");
-    desk->expect_file_dialog("Save Settings File", choose_file(desk->path()));
-    desk->robot.expect({.class_name = "QMessageBox", .action = press_button("No")});
-    desk->expect_file_dialog("Save Settings File", press_key(Qt::Key_Escape));
-    desk->fixture.button("pushButton_Create_Settings_File").click();
+    fixture->write("precious");
+    fixture->expect_file_dialog("Save Settings File", choose_file(fixture->path()));
+    fixture->robot.expect({.class_name = "QMessageBox", .action = press_button("No")});
+    fixture->expect_file_dialog("Save Settings File", press_key(Qt::Key_Escape));
+    fixture->window_fixture.button("pushButton_Create_Settings_File").click();
     QCOMPARE(content(), QByteArray("precious"));
 }
 
@@ -171,51 +175,51 @@ void Test_Settings_Save_Dialog::a_file_that_cant_be_written_is_saved_as_far_as_t
 
 void Test_Settings_Save_Dialog::a_file_that_cant_be_written_is_saved_as_far_as_the_box_says() {
     QFETCH(const QString, path);
-    QVERIFY2(desk->save(path), desk->robot.why());
+    QVERIFY2(fixture->save(path), fixture->robot.why());
     QVERIFY(!QFile::exists(path));
 }
 
 void Test_Settings_Save_Dialog::a_save_after_one_that_failed_works() {
-    QVERIFY2(desk->save("/nowhere/to/be/found/settings.txt"), desk->robot.why());
-    QVERIFY2(desk->save(desk->path()), desk->robot.why());
+    QVERIFY2(fixture->save("/nowhere/to/be/found/settings.txt"), fixture->robot.why());
+    QVERIFY2(fixture->save(fixture->path()), fixture->robot.why());
     QVERIFY(content().startsWith(first_line));
     QVERIFY(content().endsWith(last_lines()));
 }
 
 void Test_Settings_Save_Dialog::a_path_beyond_ascii_is_written() {
-    const QString path = desk->path(QString::fromUtf8("Größe 東京 🖥.txt"));
-    QVERIFY2(desk->save(path), desk->robot.why());
-    QVERIFY(Settings_Desk::read(path).startsWith(first_line));
+    const QString path = fixture->path(QString::fromUtf8("Größe 東京 🖥.txt"));
+    QVERIFY2(fixture->save(path), fixture->robot.why());
+    QVERIFY(Settings_Fixture::read(path).startsWith(first_line));
 }
 
 void Test_Settings_Save_Dialog::no_ending_is_added_to_the_name() {
-    QVERIFY2(desk->save(desk->path("plain")), desk->robot.why());
+    QVERIFY2(fixture->save(fixture->path("plain")), fixture->robot.why());
     QCOMPARE(QDir(QDir::homePath()).entryList(QDir::Files), QStringList{"plain"});
 }
 
 void Test_Settings_Save_Dialog::the_next_dialog_begins_in_the_home_again() {
     QVERIFY(QDir(QDir::homePath()).mkdir("below"));
-    QVERIFY2(desk->save(desk->path("below/settings.txt")), desk->robot.why());
+    QVERIFY2(fixture->save(fixture->path("below/settings.txt")), fixture->robot.why());
     QString directory;
-    desk->expect_file_dialog("Save Settings File", [&](QWidget& modal) {
+    fixture->expect_file_dialog("Save Settings File", [&](QWidget& modal) {
         directory = static_cast<QFileDialog&>(modal).directory().path();
         return press_key(Qt::Key_Escape)(modal);
     });
-    desk->fixture.button("pushButton_Create_Settings_File").click();
+    fixture->window_fixture.button("pushButton_Create_Settings_File").click();
     QCOMPARE(directory, QDir::homePath());
 }
 
 void Test_Settings_Save_Dialog::the_look_up_of_coordinates_is_logged_on_the_lite_only() {
     const Log_Folder log;
     QCOMPARE(open_log(), 1);
-    QVERIFY2(desk->save(desk->path()), desk->robot.why());
+    QVERIFY2(fixture->save(fixture->path()), fixture->robot.why());
     QStringList expected;
     for (int sought = 1; sought <= 4; ++sought) {
         for (int passed = 1; passed <= sought; ++passed) {
             expected.append(QString("Channel %1       Channel %2").arg(passed).arg(sought));
         }
     }
-    QCOMPARE(log.entries(), desk->is_lite() ? expected : QStringList());
+    QCOMPARE(log.entries(), fixture->is_lite() ? expected : QStringList());
     close_log();
 }
 

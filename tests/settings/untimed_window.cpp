@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/settings/untimed_window.h"
 
 #include "pages/model_traits.h"

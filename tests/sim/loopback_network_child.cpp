@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include <arpa/inet.h>
 #include <array>
 #include <cerrno>
@@ -24,13 +26,13 @@ std::string text_of(const sockaddr_in& place) {
     return std::string(address.data()) + ':' + std::to_string(ntohs(place.sin_port));
 }
 
-void tell(const std::string& line) {
+void report(const std::string& line) {
     std::puts(line.c_str());
     std::fflush(stdout);
 }
 
 int fail(const char* what) {
-    tell(std::string(what) + ": " + std::strerror(errno));
+    report(std::string(what) + ": " + std::strerror(errno));
     return 1;
 }
 
@@ -51,10 +53,10 @@ int listen_at(int socket, const sockaddr_in& place) {
     sockaddr_in own{};
     socklen_t length = sizeof own;
     getsockname(socket, reinterpret_cast<sockaddr*>(&own), &length);
-    tell("listening at port " + std::to_string(ntohs(own.sin_port)));
+    report("listening at port " + std::to_string(ntohs(own.sin_port)));
     std::string text;
     const sockaddr_in sender = receive(socket, text);
-    tell("heard " + text);
+    report("heard " + text);
     sendto(socket, "answer", 6, 0, reinterpret_cast<const sockaddr*>(&sender), sizeof sender);
     return 0;
 }
@@ -67,7 +69,7 @@ int ask(int socket, const sockaddr_in& place, const std::string& text, int answe
     for (int number = 0; number < answers; ++number) {
         std::string answer;
         const sockaddr_in sender = receive(socket, answer);
-        tell(answer + " from " + text_of(sender));
+        report(answer + " from " + text_of(sender));
     }
     return 0;
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/fault_plan.h"
 #include "sim/switch_report.h"
 
@@ -67,13 +69,13 @@ void Test_Fault_Plan::an_answer_is_cut_into_pieces_of_the_given_size() {
 void Test_Fault_Plan::crlf_ends_every_line_in_two_bytes() {
     Fault_Plan plan;
     plan.crlf = true;
-    QCOMPARE(spoil_text(plan, "one\ntwo\n"), "one\r\ntwo\r\n");
+    QCOMPARE(corrupt_text(plan, "one\ntwo\n"), "one\r\ntwo\r\n");
 }
 
 void Test_Fault_Plan::a_nul_byte_stands_inside_the_answer() {
     Fault_Plan plan;
     plan.nul = true;
-    const QByteArray text = spoil_text(plan, "Done.\n");
+    const QByteArray text = corrupt_text(plan, "Done.\n");
     QCOMPARE(text.count('\0'), 1);
     QVERIFY(text.indexOf('\0') > 0);
     QCOMPARE(QByteArray(text).replace('\0', ""), "Done.\n");
@@ -82,7 +84,7 @@ void Test_Fault_Plan::a_nul_byte_stands_inside_the_answer() {
 void Test_Fault_Plan::invalid_utf8_comes_out_as_replacement_characters() {
     Fault_Plan plan;
     plan.invalid_utf8 = true;
-    const QString text = QString::fromUtf8(spoil_text(plan, "one\ntwo\n"));
+    const QString text = QString::fromUtf8(corrupt_text(plan, "one\ntwo\n"));
     QVERIFY(text.startsWith("one\uFFFD"));
     QVERIFY(text.endsWith("\ntwo\n"));
 }
@@ -91,7 +93,7 @@ void Test_Fault_Plan::a_missing_key_takes_its_line_away() {
     Fault_Plan plan;
     plan.missing_key = "Buzzer: ";
     const QByteArray report = status_report(Switch_State());
-    const QByteArray text = spoil_text(plan, report);
+    const QByteArray text = corrupt_text(plan, report);
     QVERIFY(!text.contains("Buzzer"));
     QCOMPARE(text.count('\n'), report.count('\n') - 1);
     QVERIFY(text.contains("C4\t"));
@@ -101,7 +103,7 @@ void Test_Fault_Plan::an_oversize_answer_has_more_than_1000_characters_and_keeps
     Fault_Plan plan;
     plan.oversize = true;
     const QByteArray report = status_report(Switch_State());
-    const QByteArray text = spoil_text(plan, report);
+    const QByteArray text = corrupt_text(plan, report);
     QVERIFY(text.startsWith(report));
     const QByteArray filling = text.mid(report.size());
     QVERIFY(filling.size() > 1000);
@@ -113,17 +115,17 @@ void Test_Fault_Plan::markup_is_put_around_the_hotkey_and_the_custom_names_only(
     Fault_Plan plan;
     plan.markup = true;
     const Switch_State state;
-    QCOMPARE(spoil_text(plan, information_report(state)).count('<'), 3);
-    QCOMPARE(spoil_text(plan, status_report(state)).count('<'), 3 * 4);
-    QCOMPARE(spoil_text(plan, layout_report(state)), layout_report(state));
-    QVERIFY(spoil_text(plan, information_report(state))
+    QCOMPARE(corrupt_text(plan, information_report(state)).count('<'), 3);
+    QCOMPARE(corrupt_text(plan, status_report(state)).count('<'), 3 * 4);
+    QCOMPARE(corrupt_text(plan, layout_report(state)), layout_report(state));
+    QVERIFY(corrupt_text(plan, information_report(state))
                 .startsWith("Current Hotkey Trigger: <b>Left Ctrl</b>"));
 }
 
 void Test_Fault_Plan::markup_keeps_the_columns_of_a_custom_entry() {
     Fault_Plan plan;
     plan.markup = true;
-    QVERIFY(spoil_text(plan, status_report(Switch_State())).contains("C2\t100 100 <b>WALL</b>"));
+    QVERIFY(corrupt_text(plan, status_report(Switch_State())).contains("C2\t100 100 <b>WALL</b>"));
 }
 
 void Test_Fault_Plan::silence_and_disappearance_send_nothing() {

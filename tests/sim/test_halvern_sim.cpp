@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/program_run.h"
 #include "tests/support/wait_until.h"
 

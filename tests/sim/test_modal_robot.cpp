@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
 
@@ -84,8 +86,8 @@ void Test_Modal_Robot::a_fitting_message_box_is_answered_by_its_button() {
                   .action = press_button("Cancel")});
     QCOMPARE(show_box("Done"), QMessageBox::Cancel);
     QVERIFY2(robot.done(), robot.why());
-    QCOMPARE(robot.sights().size(), 1);
-    QCOMPARE(robot.sights().first().text, "Done");
+    QCOMPARE(robot.snapshots().size(), 1);
+    QCOMPARE(robot.snapshots().first().text, "Done");
 }
 
 void Test_Modal_Robot::each_wrong_property_is_a_failure_data() {

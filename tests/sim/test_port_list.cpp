@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/port_list.h"
 
 #include <QCoreApplication>

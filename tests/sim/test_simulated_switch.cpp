@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/port_list.h"
 #include "sim/simulated_switch.h"
 #include "sim/switch_report.h"

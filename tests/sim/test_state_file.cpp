@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/state_file.h"
 #include "sim/switch_report.h"
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/find_child.h"
 #include "tests/support/program_run.h"
 #include "tests/support/virtual_display.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/switch_report.h"
 
 #include <QTest>

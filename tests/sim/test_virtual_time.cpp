@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/simulated_switch.h"
 #include "tests/support/stated_wait.h"
 #include "tests/support/virtual_time.h"

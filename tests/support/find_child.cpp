@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/find_child.h"
 
 QStringList named_children(const QObject& parent) {

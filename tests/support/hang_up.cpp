@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/hang_up.h"
 
 #include <QSerialPort>

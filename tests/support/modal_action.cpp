@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/modal_action.h"
 
 #include "tests/support/find_child.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/modal_robot.h"
 
 #include <QAbstractButton>
@@ -10,50 +12,51 @@ namespace {
 
 constexpr std::chrono::milliseconds look_interval{5};
 
-Modal_Sight look_at(const QWidget& modal) {
-    Modal_Sight sight;
-    sight.class_name = modal.metaObject()->className();
-    sight.object_name = modal.objectName();
-    sight.title = modal.windowTitle();
+Modal_Snapshot look_at(const QWidget& modal) {
+    Modal_Snapshot snapshot;
+    snapshot.class_name = modal.metaObject()->className();
+    snapshot.object_name = modal.objectName();
+    snapshot.title = modal.windowTitle();
     for (const QLabel* label : modal.findChildren<QLabel*>()) {
         if (label->isVisible() && !label->text().isEmpty()) {
-            sight.label_texts.append(label->text());
+            snapshot.label_texts.append(label->text());
         }
     }
-    sight.text = sight.label_texts.join('\n');
+    snapshot.text = snapshot.label_texts.join('\n');
     if (const auto* box = qobject_cast<const QMessageBox*>(&modal)) {
-        sight.text = box->text();
-        sight.icon = box->icon();
-        sight.text_format = box->textFormat();
+        snapshot.text = box->text();
+        snapshot.icon = box->icon();
+        snapshot.text_format = box->textFormat();
     }
     for (const QAbstractButton* button : modal.findChildren<QAbstractButton*>()) {
         if (button->isVisible()) {
-            sight.buttons.append(button->text().remove('&'));
+            snapshot.buttons.append(button->text().remove('&'));
         }
     }
-    return sight;
+    return snapshot;
 }
 
 /// Nothing if the widget fits, otherwise each point in which it does not.
-QStringList differences(const Modal_Expectation& wanted, const Modal_Sight& sight,
+QStringList differences(const Modal_Expectation& wanted, const Modal_Snapshot& snapshot,
                         const QWidget& modal) {
     QStringList points;
     if (!wanted.class_name.isEmpty() && !modal.inherits(wanted.class_name.toLatin1())) {
         points.append("class is not " + wanted.class_name);
     }
-    if (wanted.object_name && *wanted.object_name != sight.object_name) {
+    if (wanted.object_name && *wanted.object_name != snapshot.object_name) {
         points.append("object name is not " + *wanted.object_name);
     }
-    if (wanted.title && *wanted.title != sight.title) {
+    if (wanted.title && *wanted.title != snapshot.title) {
         points.append("title is not \"" + *wanted.title + '"');
     }
-    if (wanted.text && *wanted.text != sight.text && !sight.label_texts.contains(*wanted.text)) {
+    if (wanted.text && *wanted.text != snapshot.text &&
+        !snapshot.label_texts.contains(*wanted.text)) {
         points.append("text is not \"" + *wanted.text + '"');
     }
-    if (wanted.icon && wanted.icon != sight.icon) {
+    if (wanted.icon && wanted.icon != snapshot.icon) {
         points.append(QString("icon is not %1").arg(*wanted.icon));
     }
-    if (wanted.buttons && *wanted.buttons != sight.buttons) {
+    if (wanted.buttons && *wanted.buttons != snapshot.buttons) {
         points.append("buttons are not " + wanted.buttons->join(", "));
     }
     return points;
@@ -61,7 +64,7 @@ QStringList differences(const Modal_Expectation& wanted, const Modal_Sight& sigh
 
 } // namespace
 
-QString Modal_Sight::to_string() const {
+QString Modal_Snapshot::to_string() const {
     return QString("%1 %2, title \"%3\", text \"%4\", icon %5, buttons %6")
         .arg(class_name, object_name, title, text, icon ? QString::number(*icon) : QString("none"),
              buttons.join(", "));
@@ -108,41 +111,41 @@ void Modal_Robot::meet(QWidget& modal) {
     modal.installEventFilter(this);
     waited = std::chrono::milliseconds(0);
 
-    const Modal_Sight sight = look_at(modal);
-    all_sights.append(sight);
+    const Modal_Snapshot snapshot = look_at(modal);
+    all_snapshots.append(snapshot);
     if (expectations.empty()) {
-        dismiss(modal, "not expected: " + sight.to_string());
+        dismiss(modal, "not expected: " + snapshot.to_string());
         return;
     }
     const Modal_Expectation wanted = expectations.front();
     expectations.pop_front();
-    const QStringList points = differences(wanted, sight, modal);
+    const QStringList points = differences(wanted, snapshot, modal);
     if (points.isEmpty()) {
         act(modal, wanted.action, [this] { report_gone(); });
     } else {
-        dismiss(modal, points.join(", ") + ": " + sight.to_string());
+        dismiss(modal, points.join(", ") + ": " + snapshot.to_string());
     }
 }
 
 void Modal_Robot::meet_again(QWidget& modal) {
-    const Modal_Sight sight = look_at(modal);
-    if (!expectations.empty() && differences(expectations.front(), sight, modal).isEmpty()) {
+    const Modal_Snapshot snapshot = look_at(modal);
+    if (!expectations.empty() && differences(expectations.front(), snapshot, modal).isEmpty()) {
         const Modal_Expectation wanted = expectations.front();
         expectations.pop_front();
-        all_sights.append(sight);
+        all_snapshots.append(snapshot);
         waited = std::chrono::milliseconds(0);
         // It may be on its way out: between the end of a box above it and its own. Then the
         // expectation is for the next widget.
         act(modal, wanted.action, [this, wanted] {
             expectations.push_front(wanted);
-            all_sights.removeLast();
+            all_snapshots.removeLast();
         });
         return;
     }
     waited += look_interval;
     if (waited >= patience) {
         waited = std::chrono::milliseconds(0);
-        dismiss(modal, "left open: " + sight.to_string());
+        dismiss(modal, "left open: " + snapshot.to_string());
     }
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "tests/support/modal_action.h"
@@ -15,7 +17,7 @@
 #include <optional>
 
 /// What a modal widget looked like when the robot met it.
-struct Modal_Sight {
+struct Modal_Snapshot {
     QString class_name;
     QString object_name;
     QString title;
@@ -71,9 +73,9 @@ public:
     const char* why() const;
 
     /// Everything met, in order, fitting or not.
-    const QList<Modal_Sight>& sights() const { return all_sights; }
+    const QList<Modal_Snapshot>& snapshots() const { return all_snapshots; }
     /// For tests that meet hundreds.
-    void forget_sights() { all_sights = {}; }
+    void forget_snapshots() { all_snapshots = {}; }
 
     const QStringList& failures() const { return failure_texts; }
 
@@ -89,7 +91,7 @@ private:
 
     QTimer timer;
     std::deque<Modal_Expectation> expectations;
-    QList<Modal_Sight> all_sights;
+    QList<Modal_Snapshot> all_snapshots;
     QStringList failure_texts;
     /// Widgets met and not hidden since, the newest last.
     QList<QPointer<QWidget>> known;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/model_fixture.h"
 
 #include "tests/support/lite_fixture.h"

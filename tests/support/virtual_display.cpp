@@ -1,14 +1,16 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/virtual_display.h"
 
 Virtual_Display::Virtual_Display(const QString& screen) {
-    constexpr int longest_start = 20'000;
+    constexpr int max_start = 20'000;
     // The server writes its display number to the given file, here its output, once it is ready.
     // Without -noreset it starts anew whenever its last client leaves, and a client that comes just
     // then may wait for ever.
     server.start("Xvfb",
                  {"-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp", "-noreset"});
     QByteArray number;
-    while (!number.endsWith('\n') && server.waitForReadyRead(longest_start)) {
+    while (!number.endsWith('\n') && server.waitForReadyRead(max_start)) {
         number += server.readAllStandardOutput();
     }
     if (number.endsWith('\n')) {
@@ -17,9 +19,9 @@ Virtual_Display::Virtual_Display(const QString& screen) {
 }
 
 Virtual_Display::~Virtual_Display() {
-    constexpr int longest_end = 5'000;
+    constexpr int max_end = 5'000;
     server.terminate();
-    if (!server.waitForFinished(longest_end)) {
+    if (!server.waitForFinished(max_end)) {
         server.kill();
         server.waitForFinished();
     }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/virtual_time.h"
 
 #include <QCoreApplication>
@@ -26,7 +28,7 @@ namespace {
 // comes to its end.
 constexpr nanoseconds look_length = 10us;
 // A sleep gives way to others really, but not for long.
-constexpr nanoseconds longest_real_sleep = 1ms;
+constexpr nanoseconds max_real_sleep = 1ms;
 
 constexpr int processor_bits = 64;
 
@@ -162,7 +164,7 @@ int poll_in_time(pollfd* files, nfds_t count, const timespec* timeout, const sig
 }
 
 void sleep_in_time(const timespec& length) {
-    const timespec real = timespec_of(std::min(length_of(length), longest_real_sleep));
+    const timespec real = timespec_of(std::min(length_of(length), max_real_sleep));
     syscall(SYS_clock_nanosleep, CLOCK_MONOTONIC, 0, &real, nullptr);
     the_clock.virtual_now += length_of(length);
 }

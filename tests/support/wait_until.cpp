@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/wait_until.h"
 
 #include <QCoreApplication>
@@ -6,10 +8,10 @@
 #include <QTimer>
 
 bool wait_until(const std::function<bool()>& condition, int milliseconds) {
-    constexpr std::chrono::milliseconds longest_round{10};
+    constexpr std::chrono::milliseconds max_round{10};
     const QDeadlineTimer deadline(milliseconds);
     QTimer waker;
-    waker.start(longest_round);
+    waker.start(max_round);
     while (!condition()) {
         if (deadline.hasExpired()) {
             return false;

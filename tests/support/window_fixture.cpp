@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/window_fixture.h"
 
 #include "sim/port_list.h"

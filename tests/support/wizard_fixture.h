@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "tests/support/modal_robot.h"
@@ -7,7 +9,7 @@
 /// line.
 Modal_Expectation serial_method();
 
-/// A Plus or Pro window whose wizard has taken the serial road to a simulated switch.
+/// A Plus or Pro window whose wizard has taken the serial path to a simulated switch.
 template <class Window>
 class Wizard_Fixture : public Window_Fixture {
 public:

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/tour/loaded_code.h"
 #include "tests/tour/step_failed.h"
 

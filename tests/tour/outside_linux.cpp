@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/tour/outside.h"
 #include "tests/tour/step_failed.h"
 
@@ -16,10 +18,10 @@ constexpr int units_descriptor = STDIN_FILENO;
 } // namespace
 
 void outside::xdotool(const QStringList& arguments) {
-    constexpr int longest_ms = 30'000;
+    constexpr int max_ms = 30'000;
     QProcess process;
     process.start("xdotool", arguments);
-    if (!process.waitForFinished(longest_ms) || process.exitStatus() != QProcess::NormalExit ||
+    if (!process.waitForFinished(max_ms) || process.exitStatus() != QProcess::NormalExit ||
         process.exitCode() != 0) {
         throw Step_Failed("xdotool " + arguments.join(' ') + ": " +
                           QString::fromLocal8Bit(process.readAllStandardError()));

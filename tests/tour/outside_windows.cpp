@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/tour/outside.h"
 #include "tests/tour/step_failed.h"
 

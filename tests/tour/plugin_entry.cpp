@@ -1,4 +1,6 @@
-#include "tests/tour/guide.h"
+// SPDX-License-Identifier: MIT
+
+#include "tests/tour/tour_thread.h"
 
 #include <QCoreApplication>
 #include <QGenericPlugin>

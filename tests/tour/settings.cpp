@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/tour/settings.h"
 
 #include "tests/tour/pages.h"
@@ -15,11 +17,11 @@ const char line_end[] = "\n";
 
 } // namespace
 
-void save_settings(Visitor& visitor, const QString& path, int line_count) {
-    visitor.click("pushButton_Create_Settings_File");
-    visitor.take_picture("save");
-    visitor.choose_file(path, "Save");
-    visitor.answer_box("File saved");
+void save_settings(Tour_Driver& driver, const QString& path, int line_count) {
+    driver.click("pushButton_Create_Settings_File");
+    driver.take_picture("save");
+    driver.choose_file(path, "Save");
+    driver.answer_box("File saved");
 
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -31,31 +33,31 @@ void save_settings(Visitor& visitor, const QString& path, int line_count) {
         lines.first() != "KM Control: //c2") {
         throw Step_Failed("the file is: " + QString::fromUtf8(text));
     }
-    visitor.tell(
+    driver.report_step(
         QString("settings saved, %1 lines; the first: %2").arg(lines.size()).arg(lines.first()));
 }
 
-void load_settings(Visitor& visitor, const QString& path) {
-    visitor.click("pushButton_Load_Settings_File");
-    visitor.choose_file(path, "Open");
-    visitor.see_received(2, "//c2");
-    visitor.see_received(2, "//MM C1 150 300 STUDIO");
-    visitor.see_received(2, "//FF01B01FF02B02FF03B03FF04B07");
-    visitor.answer_box("Settings file applied");
+void load_settings(Tour_Driver& driver, const QString& path) {
+    driver.click("pushButton_Load_Settings_File");
+    driver.choose_file(path, "Open");
+    driver.see_received(2, "//c2");
+    driver.see_received(2, "//MM C1 150 300 STUDIO");
+    driver.see_received(2, "//FF01B01FF02B02FF03B03FF04B07");
+    driver.answer_box("Settings file applied");
     // A loaded file leaves the blank between the two numbers in the second field.
-    visitor.see_shown("lineEdit_MouseParking_x", "20");
-    visitor.see_shown("lineEdit_MouseParking_y", " 80");
-    visitor.tell("settings file loaded: the second unit received its commands");
+    driver.see_shown("lineEdit_MouseParking_x", "20");
+    driver.see_shown("lineEdit_MouseParking_y", " 80");
+    driver.report_step("settings file loaded: the second unit received its commands");
 }
 
-void refresh(Visitor& visitor) {
-    visitor.click("pushButton_Refresh");
-    visitor.see_received(2, "//BP");
+void refresh(Tour_Driver& driver) {
+    driver.click("pushButton_Refresh");
+    driver.see_received(2, "//BP");
 }
 
-void load_and_compare(Visitor& visitor, const QString& path) {
-    load_settings(visitor, path);
-    refresh(visitor);
-    see_changed_settings(visitor);
-    visitor.take_picture("loaded");
+void load_and_compare(Tour_Driver& driver, const QString& path) {
+    load_settings(driver, path);
+    refresh(driver);
+    see_changed_settings(driver);
+    driver.take_picture("loaded");
 }

@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "tests/tour/visitor.h"
+#include "tests/tour/tour_driver.h"
 
 #include <QString>
 
@@ -11,12 +13,12 @@ inline constexpr int stage_column = 13;
 /// its window, beside two units of the model.
 ///
 /// @param settings_file to be made on the way.
-void take_lite_tour(Visitor& visitor, const QString& settings_file);
-void take_plus_serial_tour(Visitor& visitor, const QString& settings_file);
-void take_pro_serial_tour(Visitor& visitor, const QString& settings_file);
-void take_plus_adapter_tour(Visitor& visitor, const QString& settings_file);
-void take_pro_adapter_tour(Visitor& visitor, const QString& settings_file);
+void take_lite_tour(Tour_Driver& driver, const QString& settings_file);
+void take_plus_serial_tour(Tour_Driver& driver, const QString& settings_file);
+void take_pro_serial_tour(Tour_Driver& driver, const QString& settings_file);
+void take_plus_adapter_tour(Tour_Driver& driver, const QString& settings_file);
+void take_pro_adapter_tour(Tour_Driver& driver, const QString& settings_file);
 
 /// The shortest way through a program that was installed: the Lite up to its filled page, and a
 /// look at where the program, its libraries and its logo come from.
-void take_installed_tour(Visitor& visitor, const QString& settings_file);
+void take_installed_tour(Tour_Driver& driver, const QString& settings_file);

@@ -1,44 +1,46 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/tour/start.h"
 
-void pick_model(Visitor& visitor, const QString& radio_button) {
-    visitor.click(radio_button);
-    visitor.see_shown(radio_button, "checked");
-    visitor.take_picture("model");
-    visitor.tell("model picked: " + radio_button.section('_', 1));
-    visitor.click("pushButton_Continue");
+void pick_model(Tour_Driver& driver, const QString& radio_button) {
+    driver.click(radio_button);
+    driver.see_shown(radio_button, "checked");
+    driver.take_picture("model");
+    driver.report_step("model picked: " + radio_button.section('_', 1));
+    driver.click("pushButton_Continue");
 }
 
-void take_serial_road(Visitor& visitor) {
-    visitor.click("radioButton_RS232");
-    visitor.see_shown("radioButton_RS232", "checked");
-    visitor.take_picture("method");
-    visitor.tell("connection method picked: RS232");
-    visitor.click("pushButton_continue");
+void take_serial_path(Tour_Driver& driver) {
+    driver.click("radioButton_RS232");
+    driver.see_shown("radioButton_RS232", "checked");
+    driver.take_picture("method");
+    driver.report_step("connection method picked: RS232");
+    driver.click("pushButton_continue");
 }
 
-void take_network_road(Visitor& visitor, const QString& address) {
-    visitor.click("radioButton_TCP_IP");
-    visitor.click("pushButton_continue");
+void take_network_path(Tour_Driver& driver, const QString& address) {
+    driver.click("radioButton_TCP_IP");
+    driver.click("pushButton_continue");
 
-    visitor.choose("comboBox", address + "   ADAPTER");
-    visitor.take_picture("hardware");
-    visitor.tell("adapters found by broadcast, picked: " + visitor.shown("comboBox"));
-    visitor.click("pushButton_Continue");
+    driver.choose("comboBox", address + "   ADAPTER");
+    driver.take_picture("hardware");
+    driver.report_step("adapters found by broadcast, picked: " + driver.shown("comboBox"));
+    driver.click("pushButton_Continue");
 
-    visitor.see_shown("label_current_ip", address);
-    visitor.type("lineEdit_username", "admin");
-    visitor.type("lineEdit_password", "admin");
-    visitor.take_picture("login");
-    visitor.click("pushButton_ip_allocation");
+    driver.see_shown("label_current_ip", address);
+    driver.type("lineEdit_username", "admin");
+    driver.type("lineEdit_password", "admin");
+    driver.take_picture("login");
+    driver.click("pushButton_ip_allocation");
 
-    visitor.see_shown("label_IP", address);
-    visitor.see_shown("radioButton_DHCP", "checked");
-    visitor.see_shown("lineEdit_IPv4_Address", address);
-    visitor.take_picture("ip-settings");
-    visitor.tell("logged in, the adapter's settings read: address " +
-                 visitor.shown("lineEdit_IPv4_Address") + ", mask " +
-                 visitor.shown("lineEdit_Subnet_Mask"));
-    visitor.click("pushButton_Connect");
-    visitor.see_shown("label_current_Ip", "  IP: " + address);
-    visitor.see_shown("label_name_of_USR", "  Name: ADAPTER");
+    driver.see_shown("label_IP", address);
+    driver.see_shown("radioButton_DHCP", "checked");
+    driver.see_shown("lineEdit_IPv4_Address", address);
+    driver.take_picture("ip-settings");
+    driver.report_step("logged in, the adapter's settings read: address " +
+                       driver.shown("lineEdit_IPv4_Address") + ", mask " +
+                       driver.shown("lineEdit_Subnet_Mask"));
+    driver.click("pushButton_Connect");
+    driver.see_shown("label_current_Ip", "  IP: " + address);
+    driver.see_shown("label_name_of_USR", "  Name: ADAPTER");
 }

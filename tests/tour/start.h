@@ -1,15 +1,17 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "tests/tour/visitor.h"
+#include "tests/tour/tour_driver.h"
 
 #include <QString>
 
 /// Names the model in the dialog that the program begins with.
-void pick_model(Visitor& visitor, const QString& radio_button);
+void pick_model(Tour_Driver& driver, const QString& radio_button);
 
 /// The wizard's way to the serial line.
-void take_serial_road(Visitor& visitor);
+void take_serial_path(Tour_Driver& driver);
 
 /// The wizard's way through an adapter of the network, from the method dialog on.
 /// @param address of the adapter.
-void take_network_road(Visitor& visitor, const QString& address);
+void take_network_path(Tour_Driver& driver, const QString& address);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/tour/unit_line.h"
 
 #include "tests/tour/outside.h"

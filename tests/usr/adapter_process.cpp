@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/usr/adapter_process.h"
 
 namespace {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/usr/datagram_flood.h"
 
 #include "tests/usr/raw_sender.h"

@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/usr/fast_network.h"
 
+#include "tests/usr/fake_waiting.h"
 #include "tests/usr/raw_sender.h"
-#include "tests/usr/test_time.h"
 
 #include <stdexcept>
 
@@ -11,11 +13,11 @@ Fast_Network::Fast_Network() {
     }
     connect(this, &Adapter_Network::frame_received, this,
             [this](const QByteArray& frame) { all_frames << frame.toHex(); });
-    test_time::reset();
-    test_time::while_blocked([this] { catch_up(); });
+    fake_waiting::reset();
+    fake_waiting::while_blocked([this] { catch_up(); });
 }
 
-Fast_Network::~Fast_Network() { test_time::reset(); }
+Fast_Network::~Fast_Network() { fake_waiting::reset(); }
 
 Simulated_Adapter& Fast_Network::add_adapter() {
     Adapter_State first;
@@ -55,7 +57,7 @@ void Fast_Network::catch_up() {
 
 void spoil_coming_search() {
     constexpr int readings_until_the_reply_is_taken = 50;
-    test_time::while_blocked([] { Raw_Sender().send("abc"); });
-    test_time::at_clock_reading(readings_until_the_reply_is_taken,
-                                [] { throw std::runtime_error("no clock now"); });
+    fake_waiting::while_blocked([] { Raw_Sender().send("abc"); });
+    fake_waiting::at_clock_reading(readings_until_the_reply_is_taken,
+                                   [] { throw std::runtime_error("no clock now"); });
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "sim/adapter_network.h"
@@ -7,7 +9,7 @@
 
 /// Simulated adapters in the test's own thread: they are served while the tool blocks that thread,
 /// so that a search takes no real time and its outcome does not hang on a race. For programs linked
-/// with test_time. Time is virtual as long as it stands.
+/// with fake_waiting. Time is virtual as long as it stands.
 class Fast_Network : public Adapter_Network {
 public:
     Fast_Network();

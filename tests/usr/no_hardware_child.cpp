@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/find_child.h"
 #include "tests/support/modal_robot.h"
 #include "tests/usr/fast_network.h"
@@ -50,7 +52,7 @@ int main(int argc, char** argv) {
         const Talkative_Window window;
         Modal_Robot robot;
         robot.expect({.action = in_order({[&](QWidget&) {
-                                              say(robot.sights().last().to_string());
+                                              say(robot.snapshots().last().to_string());
                                               return QString();
                                           },
                                           press_button("OK")})});

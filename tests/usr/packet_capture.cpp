@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/usr/packet_capture.h"
 
 #include <QHostAddress>

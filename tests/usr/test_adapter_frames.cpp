@@ -1,5 +1,7 @@
-#include "usr/adapter_answers.h"
+// SPDX-License-Identifier: MIT
+
 #include "usr/adapter_frames.h"
+#include "usr/adapter_replies.h"
 
 #include <QTest>
 

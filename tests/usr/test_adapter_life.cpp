@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/wait_until.h"
 #include "tests/usr/adapter_process.h"
 #include "tests/usr/expect_box.h"

@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/find_child.h"
 #include "tests/usr/expect_box.h"
+#include "tests/usr/fake_waiting.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/private_network.h"
-#include "tests/usr/test_time.h"
 #include "usr/credentials_dialog.h"
 
 #include <QApplication>
@@ -164,7 +166,7 @@ void Test_Credentials_Dialog::the_dialog_stands_while_it_logs_in() {
     network.add_adapter();
     Credentials_Dialog dialog(adapter_ip, {});
     QList<bool> visible_meanwhile;
-    test_time::while_blocked([&] {
+    fake_waiting::while_blocked([&] {
         network.catch_up();
         visible_meanwhile << dialog.isVisible();
     });

@@ -1,10 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/modal_robot.h"
 #include "tests/usr/datagram_flood.h"
+#include "tests/usr/fake_waiting.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/private_network.h"
 #include "tests/usr/raw_sender.h"
-#include "tests/usr/test_time.h"
-#include "usr/adapter_answers.h"
+#include "usr/adapter_replies.h"
 #include "usr/usr_configurator.h"
 
 #include <QApplication>
@@ -35,7 +37,7 @@ private:
 
 namespace {
 
-constexpr double most_growth_mb = 200;
+constexpr double max_growth_mb = 200;
 
 /// The datagrams of a flood that ends, and of those how many come while the tool is blocked once.
 constexpr int whole_flood = 2000;
@@ -58,7 +60,7 @@ QList<int> sizes() {
     return all << 519 << 520 << 521 << 1472 << 1473 << 4096 << 32768 << 65506 << 65507;
 }
 
-QByteArray right_reply() { return Adapter_Unit().search_reply(); }
+QByteArray right_reply() { return Adapter_Logic().search_reply(); }
 
 } // namespace
 
@@ -66,7 +68,7 @@ void Test_Hostile_Datagrams::init() { memory_before = peak_memory_mb(); }
 
 void Test_Hostile_Datagrams::cleanup() {
     const double growth = peak_memory_mb() - memory_before;
-    QVERIFY2(growth < most_growth_mb, qPrintable(QString("memory grew by %1 MB").arg(growth)));
+    QVERIFY2(growth < max_growth_mb, qPrintable(QString("memory grew by %1 MB").arg(growth)));
     QCOMPARE(windows_left(), QStringList());
 }
 
@@ -76,7 +78,7 @@ void Test_Hostile_Datagrams::a_search_survives_a_datagram_of_every_size() {
     USR_searcher searcher;
     for (const int size : sizes()) {
         bool sent = false;
-        test_time::while_blocked([&] {
+        fake_waiting::while_blocked([&] {
             if (!sent) {
                 sent = sender.send(random_bytes(size));
             }
@@ -95,7 +97,7 @@ void Test_Hostile_Datagrams::a_search_survives_mixed_random_datagrams() {
     USR_configurator configurator("127.0.0.2", "admin", "admin");
     for (int round = 0; round < 100; ++round) {
         bool is_first = true;
-        test_time::while_blocked([&] {
+        fake_waiting::while_blocked([&] {
             for (int i = 0; is_first && i < 20; ++i) {
                 sender.send(random_bytes(QRandomGenerator::global()->bounded(80)));
             }
@@ -156,7 +158,7 @@ void Test_Hostile_Datagrams::a_search_ends_in_a_flood_of_right_replies() {
     // The flood goes on for as long as the search: only the search itself can end.
     USR_searcher searcher;
     const Datagram_Flood flood(right_reply(), search_port, Datagram_Flood::endless);
-    test_time::while_blocked([&] { flood.wait_for_more(some); });
+    fake_waiting::while_blocked([&] { flood.wait_for_more(some); });
     QCOMPARE(searcher.search_USR_in_network(), 1);
     QCOMPARE_GT(searcher.get_USR_replies().size(), 100);
     QCOMPARE_LE(searcher.get_USR_replies().size(), 10'000);
@@ -176,7 +178,7 @@ void Test_Hostile_Datagrams::a_search_ends_when_a_flood_of_wrong_sizes_ends() {
     network.add_adapter();
     USR_searcher searcher;
     std::unique_ptr<Datagram_Flood> flood;
-    test_time::while_blocked([&] {
+    fake_waiting::while_blocked([&] {
         // Not before the search's socket stands, and before the right reply.
         if (!flood) {
             flood =
@@ -186,7 +188,7 @@ void Test_Hostile_Datagrams::a_search_ends_when_a_flood_of_wrong_sizes_ends() {
         network.catch_up();
     });
     QCOMPARE(searcher.search_USR_in_network(), 1);
-    QCOMPARE_GT(test_time::block_count(), 1);
+    QCOMPARE_GT(fake_waiting::block_count(), 1);
     // Behind a right reply in one pass the flood's datagrams take on its size.
     const QStringList replies = searcher.get_USR_replies();
     QVERIFY(replies.contains(QString(network.adapters().front()->unit().search_reply().toHex())));
@@ -210,7 +212,7 @@ void Test_Hostile_Datagrams::a_login_goes_through_when_a_flood_ends() {
                         std::make_unique<Datagram_Flood>(QByteArray(size, 'f'), port, whole_flood);
                 }
             });
-    test_time::while_blocked([&] {
+    fake_waiting::while_blocked([&] {
         network.catch_up();
         if (flood) {
             flood->wait_for_more(some);

@@ -1,11 +1,13 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/stated_wait.h"
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
 #include "tests/usr/expect_box.h"
+#include "tests/usr/fake_waiting.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/ip_dialog_widgets.h"
 #include "tests/usr/private_network.h"
-#include "tests/usr/test_time.h"
 
 #include <QPointer>
 #include <QTest>
@@ -40,7 +42,7 @@ namespace {
 constexpr const char* class_name = "IP_Settings_Dialog";
 constexpr const char* adapter_ip = "127.0.0.2";
 constexpr const char* new_ip = "127.0.0.77";
-constexpr int longest_wait_ms = 20'000;
+constexpr int max_wait_ms = 20'000;
 
 const char* const success = "The IP was applied successfully";
 
@@ -118,7 +120,7 @@ void Test_IP_Change::a_static_address_is_looked_for_after_3500_ms() {
     expect_information(robot, success);
     const First_Frame first_frame(network);
     widgets.apply.click();
-    QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, longest_wait_ms), robot.why());
+    QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, max_wait_ms), robot.why());
     QVERIFY2(robot.done(), robot.why());
     QCOMPARE(wrong_wait(first_frame.after(), 50ms), QByteArray());
     QCOMPARE(wrong_wait(pause.length(), 3500ms), QByteArray());
@@ -153,7 +155,7 @@ void Test_IP_Change::dhcp_sends_the_fields_text_and_is_looked_for_after_6000_ms(
     expect_information(robot, success);
     const First_Frame first_frame(network);
     widgets.apply.click();
-    QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, longest_wait_ms), robot.why());
+    QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, max_wait_ms), robot.why());
     QVERIFY2(robot.done(), robot.why());
     QCOMPARE(wrong_wait(first_frame.after(), 50ms), QByteArray());
     QCOMPARE(wrong_wait(pause.length(), 6000ms), QByteArray());
@@ -181,7 +183,7 @@ void Test_IP_Change::an_adapter_that_does_not_come_back_is_asked_400_times_and_s
     expect_warning(robot, "Get gateway error");
     expect_information(robot, success);
     widgets.apply.click();
-    QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, longest_wait_ms), robot.why());
+    QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, max_wait_ms), robot.why());
     QVERIFY2(robot.done(), robot.why());
     QCOMPARE(network.frames_of("03").size() - logins_before, 4 * 100);
     QCOMPARE(widgets.label.text(), QString());
@@ -201,7 +203,7 @@ void Test_IP_Change::an_adapter_that_turns_up_during_the_logins_is_read() {
     widgets.address.setText(new_ip);
     const qsizetype logins_before = network.frames_of("03").size();
     bool is_back = false;
-    test_time::while_blocked([&] {
+    fake_waiting::while_blocked([&] {
         if (network.frames_of("03").size() == logins_before + 5 && !adapter.is_online()) {
             is_back = adapter.go_online();
         }
@@ -211,7 +213,7 @@ void Test_IP_Change::an_adapter_that_turns_up_during_the_logins_is_read() {
     Modal_Robot robot;
     expect_information(robot, success);
     widgets.apply.click();
-    QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, longest_wait_ms), robot.why());
+    QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, max_wait_ms), robot.why());
     QVERIFY2(robot.done(), robot.why());
     QVERIFY(is_back);
     QCOMPARE(widgets.label.text(), QString());
@@ -229,7 +231,7 @@ void Test_IP_Change::closed_during_the_wait_the_dialog_still_finishes() {
     // Once the settings are on their way.
     robot.expect({.class_name = class_name, .action = [&](QWidget& modal) {
                       const bool is_sent = wait_until(
-                          [&] { return !network.frames_of("04").isEmpty(); }, longest_wait_ms);
+                          [&] { return !network.frames_of("04").isEmpty(); }, max_wait_ms);
                       return is_sent ? close_by_frame()(modal) : QString("nothing was sent");
                   }});
     expect_information(robot, success);
@@ -237,7 +239,7 @@ void Test_IP_Change::closed_during_the_wait_the_dialog_still_finishes() {
     QVERIFY(dialog->is_closed_by_user());
     QCOMPARE(dialog->get_current_ip(), QString(adapter_ip));
     QCOMPARE(text_of_box(waiting_box()), QString("Please wait for changes to be made"));
-    QVERIFY2(wait_until([&] { return robot.done(); }, longest_wait_ms), robot.why());
+    QVERIFY2(wait_until([&] { return robot.done(); }, max_wait_ms), robot.why());
     QVERIFY(wait_until([] { return QApplication::activeModalWidget() == nullptr; }));
     QCOMPARE(dialog->get_current_ip(), QString(new_ip));
     QVERIFY(dialog->is_closed_by_user());

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/usr/private_network.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/stated_wait.h"
 #include "tests/support/virtual_time.h"
 #include "tests/usr/adapter_process.h"
@@ -30,7 +32,7 @@ namespace {
 
 constexpr qint64 fixed_ms = 1500;
 constexpr qint64 listening_ms = 1000;
-constexpr qint64 most_beyond_ms = 1000;
+constexpr qint64 max_beyond_ms = 1000;
 
 /// Processor time of this thread, so that the load of the machine does not count.
 qint64 thread_ms() {
@@ -97,7 +99,7 @@ void Test_Search_Measures::all_adapters_that_answer_at_once_are_listed_in_time()
           beyond_ms);
     QCOMPARE(addresses.size(), count);
     QCOMPARE(searcher.get_USR_replies().size(), count);
-    QCOMPARE_LE(thread_ms() - thread_start, listening_ms + most_beyond_ms);
+    QCOMPARE_LE(thread_ms() - thread_start, listening_ms + max_beyond_ms);
 }
 
 int main(int argc, char** argv) {

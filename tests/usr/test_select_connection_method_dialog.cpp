@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/event_log.h"
 #include "tests/support/find_child.h"
 #include "tests/usr/expect_box.h"

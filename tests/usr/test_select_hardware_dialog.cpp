@@ -1,10 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/find_child.h"
 #include "tests/usr/expect_box.h"
+#include "tests/usr/fake_waiting.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/port_taker.h"
 #include "tests/usr/private_network.h"
 #include "tests/usr/raw_sender.h"
-#include "tests/usr/test_time.h"
 #include "usr/select_hardware_dialog.h"
 
 #include <QApplication>
@@ -69,11 +71,11 @@ QString run(Select_hardware_Dialog& dialog, const Modal_Action& action) {
 
 /// Sends these adapters' replies in this order, as one search meets them.
 void answer_with(const QList<Adapter_State>& states) {
-    test_time::while_blocked([states] {
+    fake_waiting::while_blocked([states] {
         for (const Adapter_State& state : states) {
             QUdpSocket adapter;
             adapter.bind(state.address, 0);
-            adapter.writeDatagram(Adapter_Unit(state).search_reply(), QHostAddress::LocalHost,
+            adapter.writeDatagram(Adapter_Logic(state).search_reply(), QHostAddress::LocalHost,
                                   search_port);
         }
     });
@@ -209,7 +211,7 @@ void Test_Select_Hardware_Dialog::the_buttons_are_disabled_during_a_refresh() {
     network.add_adapter();
     const Select_hardware_Dialog dialog;
     QList<bool> enabled_meanwhile;
-    test_time::while_blocked([&] {
+    fake_waiting::while_blocked([&] {
         network.catch_up();
         enabled_meanwhile << button_of(dialog, "pushButton_Refresh").isEnabled()
                           << button_of(dialog, "pushButton_Continue").isEnabled();

@@ -1,5 +1,7 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/adapter_network.h"
-#include "sim/switch_unit.h"
+#include "sim/switch_logic.h"
 #include "tests/support/wait_until.h"
 #include "tests/usr/adapter_process.h"
 #include "tests/usr/private_network.h"
@@ -100,7 +102,7 @@ QByteArray echo(const QByteArray& command) { return "[" + command + "]"; }
 } // namespace
 
 void Test_Simulated_Adapter::good_frames_are_taken() {
-    Adapter_Unit unit;
+    Adapter_Logic unit;
     QCOMPARE(unit.take(QByteArray::fromHex("ff010102")).answers.value(0).size(), 36);
     QCOMPARE(unit.take(login()).answers.value(0).size(), 260);
     QCOMPARE(unit.take(config()).note, QString("configuration, waits for its apply"));
@@ -150,7 +152,7 @@ void Test_Simulated_Adapter::wrong_frames_are_turned_down_with_the_reason_data()
 void Test_Simulated_Adapter::wrong_frames_are_turned_down_with_the_reason() {
     QFETCH(const QByteArray, frame);
     QFETCH(const QString, note);
-    Adapter_Unit unit;
+    Adapter_Logic unit;
     const Adapter_Reaction reaction = unit.take(frame);
     QCOMPARE(reaction.note, note);
     QCOMPARE(reaction.answers.size(), note.startsWith("login, refused") ? 1 : 0);
@@ -161,7 +163,7 @@ void Test_Simulated_Adapter::wrong_frames_are_turned_down_with_the_reason() {
 }
 
 void Test_Simulated_Adapter::frames_for_another_mac_address_are_ignored() {
-    Adapter_Unit unit;
+    Adapter_Logic unit;
     for (const QByteArray& frame : {login(), apply(), config()}) {
         const Adapter_Reaction reaction = unit.take(changed(frame.chopped(1), 8, 0x55));
         QCOMPARE(reaction.verdict, Adapter_Reaction::Verdict::not_for_us);
@@ -170,7 +172,7 @@ void Test_Simulated_Adapter::frames_for_another_mac_address_are_ignored() {
 }
 
 void Test_Simulated_Adapter::an_apply_needs_a_configuration_right_before_it() {
-    Adapter_Unit unit;
+    Adapter_Logic unit;
     QCOMPARE(unit.take(apply()).note, QString("rejected: apply: no configuration before it"));
     unit.take(config());
     QVERIFY(unit.take(apply()).restarts);
@@ -221,7 +223,7 @@ void Test_Simulated_Adapter::the_program_prints_what_it_takes() {
 void Test_Simulated_Adapter::the_program_has_a_switch_of_each_model_behind_port_23() {
     for (const bool is_pro : {false, true}) {
         Adapter_Process adapter({"--switch", is_pro ? "pro" : "plus"});
-        Switch_Unit unit(is_pro ? Switch_Model::pro : Switch_Model::plus);
+        Switch_Logic unit(is_pro ? Switch_Model::pro : Switch_Model::plus);
         Switch_Talk talk;
         QCOMPARE(talk.ask({"//rl", "//QA"}, 1),
                  QByteArrayList{unit.answer("//rl") + unit.answer("//QA")});
@@ -243,7 +245,7 @@ void Test_Simulated_Adapter::the_program_explains_itself() {
 
 void Test_Simulated_Adapter::the_program_turns_wrong_arguments_down_data() {
     QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("complaint");
+    QTest::addColumn<QString>("error");
     QTest::newRow("no number") << QStringList({"--count", "many"})
                                << "--count wants a number from 1 to 1000";
     QTest::newRow("no address") << QStringList({"--address", "here"})
@@ -258,12 +260,12 @@ void Test_Simulated_Adapter::the_program_turns_wrong_arguments_down_data() {
 
 void Test_Simulated_Adapter::the_program_turns_wrong_arguments_down() {
     QFETCH(const QStringList, arguments);
-    QFETCH(const QString, complaint);
+    QFETCH(const QString, error);
     QProcess program;
     program.start(HALVERN_SIM_ADAPTER, arguments);
     QVERIFY(program.waitForFinished(patience_ms));
     QCOMPARE(program.exitCode(), 1);
-    QCOMPARE(QString::fromUtf8(program.readAllStandardError()).trimmed(), complaint);
+    QCOMPARE(QString::fromUtf8(program.readAllStandardError()).trimmed(), error);
 }
 
 void Test_Simulated_Adapter::the_program_binds_nothing_beside_a_real_interface() {

@@ -1,9 +1,11 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/message_box.h"
 #include "tests/usr/debug_lines.h"
 #include "tests/usr/expect_box.h"
+#include "tests/usr/fake_waiting.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/private_network.h"
-#include "tests/usr/test_time.h"
 #include "usr/usr_configurator.h"
 #include "usr/usr_log.h"
 
@@ -113,7 +115,7 @@ void Test_USR_Diagnostics::a_failure_is_told_in_the_words_of_its_exception() {
         [](QtMsgType, const QMessageLogContext&, const QString& text) { told_lines() << text; });
     Modal_Robot robot;
     expect_warning(robot, "Search USR error");
-    test_time::fail_at_next_block();
+    fake_waiting::fail_at_next_block();
     USR_searcher().search_USR_in_network();
     expect_warning(robot, "no exception");
     report_failure("no exception");

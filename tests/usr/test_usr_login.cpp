@@ -1,9 +1,11 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/app/open_log.h"
 #include "tests/usr/expect_box.h"
+#include "tests/usr/fake_waiting.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/private_network.h"
 #include "tests/usr/raw_sender.h"
-#include "tests/usr/test_time.h"
 #include "usr/usr_configurator.h"
 
 #include <QApplication>
@@ -66,8 +68,8 @@ void Test_USR_Login::a_login_is_a_search_a_frame_and_a_wait() {
     QCOMPARE(network.frames().first(), QByteArray("ff010102"));
     QCOMPARE(network.notes(),
              QStringList({"127.0.0.2: search, answered", "127.0.0.2: login, answered"}));
-    QCOMPARE(test_time::block_count(), 2);
-    QCOMPARE(test_time::blocked_milliseconds(), 1000u);
+    QCOMPARE(fake_waiting::block_count(), 2);
+    QCOMPARE(fake_waiting::blocked_milliseconds(), 1000u);
 }
 
 void Test_USR_Login::the_login_frame_on_the_wire_is_the_known_one() {
@@ -182,7 +184,7 @@ void Test_USR_Login::a_silent_adapter_is_asked_a_hundred_times_and_the_login_sti
     QCOMPARE(configurator.login_to_USR(), QString("1"));
     QCOMPARE(logins(network), 100);
     QCOMPARE(network.frames_of("01").size(), 100);
-    QCOMPARE(test_time::blocked_milliseconds(), 100u * (500 + 500));
+    QCOMPARE(fake_waiting::blocked_milliseconds(), 100u * (500 + 500));
 }
 
 void Test_USR_Login::after_a_hundred_unanswered_attempts_the_allocation_is_static() {
@@ -289,9 +291,9 @@ void Test_USR_Login::the_last_reply_of_the_target_address_counts() {
     Adapter_State namesake;
     namesake.mac = QByteArray::fromHex("aabbccddeeff");
     namesake.name = "SECOND";
-    const QByteArray second_reply = Adapter_Unit(namesake).search_reply();
+    const QByteArray second_reply = Adapter_Logic(namesake).search_reply();
     Raw_Sender sender;
-    test_time::while_blocked([&] {
+    fake_waiting::while_blocked([&] {
         network.catch_up();
         if (logins(network) == 0) {
             sender.send(second_reply);

@@ -1,11 +1,13 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/app/open_log.h"
 #include "tests/support/modal_robot.h"
 #include "tests/usr/debug_lines.h"
+#include "tests/usr/fake_waiting.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/port_taker.h"
 #include "tests/usr/private_network.h"
 #include "tests/usr/raw_sender.h"
-#include "tests/usr/test_time.h"
 #include "usr/search_stopwatch.h"
 #include "usr/usr_searcher.h"
 #include "usr/waiting.h"
@@ -106,8 +108,8 @@ void Test_USR_Searcher::the_search_listens_for_a_whole_second_even_after_an_answ
     QCOMPARE_GE(listened, 1'000'000'000);
     // The clock goes on by 10 ms at each reading.
     QCOMPARE_LE(listened, 1'050'000'000);
-    QCOMPARE(test_time::block_count(), 1);
-    QCOMPARE(test_time::blocked_milliseconds(), 500u);
+    QCOMPARE(fake_waiting::block_count(), 1);
+    QCOMPARE(fake_waiting::blocked_milliseconds(), 500u);
 }
 
 void Test_USR_Searcher::a_reply_is_kept_as_hex_beside_its_sender() {
@@ -145,7 +147,7 @@ void Test_USR_Searcher::a_reply_during_the_listening_is_taken() {
     Raw_Sender sender;
     USR_searcher searcher;
     bool sent = false;
-    test_time::at_clock_reading(50, [&] { sent = sender.send(counted_bytes(36)); });
+    fake_waiting::at_clock_reading(50, [&] { sent = sender.send(counted_bytes(36)); });
     QCOMPARE(searcher.search_USR_in_network(), 1);
     QVERIFY(sent);
     QCOMPARE(searcher.get_USR_replies(), QStringList(counted_bytes(36).toHex()));
@@ -192,7 +194,7 @@ void Test_USR_Searcher::each_reply_of_wrong_length_starts_the_search_over() {
     const Simulated_Adapter& adapter = network.add_adapter();
     Raw_Sender sender;
     int sent = 0;
-    test_time::while_blocked([&] {
+    fake_waiting::while_blocked([&] {
         if (sent < times && sender.send(QByteArray(size, 'x'))) {
             ++sent;
         }
@@ -240,7 +242,7 @@ void Test_USR_Searcher::a_taken_port_fails_at_once_and_leaves_the_lists() {
     QTest::ignoreMessage(QtDebugMsg, QRegularExpression("^Error binding to port: \"\\S.*\"$"));
     QCOMPARE(searcher.search_USR_in_network(), -1);
     QCOMPARE(entries_of(searcher), before);
-    QCOMPARE(test_time::block_count(), 1);
+    QCOMPARE(fake_waiting::block_count(), 1);
     QCOMPARE(network.serve(), 0);
     QCOMPARE(network.frames_of("01").size(), 1);
 
@@ -274,7 +276,8 @@ void Test_USR_Searcher::within_one_pass_the_buffer_keeps_the_first_size() {
     const Fast_Network network;
     Raw_Sender sender;
     bool sent = false;
-    test_time::while_blocked([&] { sent = sender.send(counted_bytes(36)) && sender.send(second); });
+    fake_waiting::while_blocked(
+        [&] { sent = sender.send(counted_bytes(36)) && sender.send(second); });
     USR_searcher searcher;
     QCOMPARE(searcher.search_USR_in_network(), 1);
     QVERIFY(sent);
@@ -298,7 +301,7 @@ void Test_USR_Searcher::a_failure_is_logged_and_shown_and_frees_the_port() {
                                       },
                                       press_button("OK")})});
     USR_searcher searcher;
-    test_time::fail_at_next_block();
+    fake_waiting::fail_at_next_block();
     QCOMPARE(searcher.search_USR_in_network(), -1);
     QVERIFY2(robot.done(), robot.why());
     QCOMPARE(log_behind_the_box, QStringList("Search USR error"));
@@ -309,9 +312,9 @@ void Test_USR_Searcher::a_failure_is_logged_and_shown_and_frees_the_port() {
 void Test_USR_Searcher::a_failure_of_the_repetition_is_shown_once() {
     Fast_Network network;
     network.add_adapter().unit().set_faults({.search_reply_bytes = 20});
-    test_time::while_blocked([&] {
+    fake_waiting::while_blocked([&] {
         network.catch_up();
-        test_time::fail_at_next_block();
+        fake_waiting::fail_at_next_block();
     });
     Modal_Robot robot;
     robot.expect({.text = "Search USR error", .icon = QMessageBox::Warning});
@@ -323,7 +326,7 @@ void Test_USR_Searcher::a_failure_of_the_repetition_is_shown_once() {
 
 void Test_USR_Searcher::the_stopwatch_measures_from_start_to_stop_or_now() {
     // The clock goes on by 10 ms at each reading.
-    test_time::reset();
+    fake_waiting::reset();
     Search_stopwatch stopwatch;
     QCOMPARE(stopwatch.elapsed_milliseconds(), 0.0);
     stopwatch.start();

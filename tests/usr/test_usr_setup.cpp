@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/app/open_log.h"
 #include "tests/usr/expect_box.h"
+#include "tests/usr/fake_waiting.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/private_network.h"
-#include "tests/usr/test_time.h"
 #include "usr/usr_configurator.h"
 
 #include <QApplication>
@@ -97,7 +99,7 @@ void Test_USR_Setup::a_setup_is_a_search_the_configuration_and_the_apply() {
     QCOMPARE(network.frames().size(), 3);
     QCOMPARE(network.frames_of("05").first().size(), 2 * 89);
     QCOMPARE(network.frames_of("04").first().size(), 2 * 22);
-    QCOMPARE(test_time::block_count(), 1);
+    QCOMPARE(fake_waiting::block_count(), 1);
 }
 
 void Test_USR_Setup::the_adapter_takes_the_settings_over() {
@@ -227,7 +229,7 @@ void Test_USR_Setup::values_that_are_too_long_are_turned_down_at_once() {
     Writing_Configurator configurator;
     QCOMPARE(configurator.change_credentials_and_name(username, password, name), -1);
     QCOMPARE(network.serve(), 0);
-    QCOMPARE(test_time::block_count(), 0);
+    QCOMPARE(fake_waiting::block_count(), 0);
     QVERIFY(!configurator.make_apply_frame().contains("31323334353637"));
 }
 

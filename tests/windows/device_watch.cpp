@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/windows/device_watch.h"
 
 #include <QFile>

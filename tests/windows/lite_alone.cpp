@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/modal_robot.h"
 #include "windows/halvern_velmoran_lite.h"
 
@@ -25,7 +27,7 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     Modal_Robot robot;
     robot.expect({.class_name = "QMessageBox", .action = [&robot](QWidget& box) {
-                      std::cout << robot.sights().first().to_string().toStdString() << '\n'
+                      std::cout << robot.snapshots().first().to_string().toStdString() << '\n'
                                 << (is_main_window_visible() ? "over a window" : "alone")
                                 << std::endl;
                       return press_button("OK")(box);

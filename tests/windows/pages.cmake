@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The pages: the grid's arithmetic without a window, then each page in the Lite window.
 foreach(subject grid grid_neighbours setting_values)
   halvern_test(test_${subject} SOURCES test_${subject}.cpp LINK halvern_pages_core)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
@@ -241,7 +243,7 @@ void Test_Configuration::a_parking_value_outside_0_to_100_raises_the_box_on_leav
         // The next field must not raise it for this one.
         type_and_leave(field, "1");
     }
-    QCOMPARE(robot->sights().size(), 6);
+    QCOMPARE(robot->snapshots().size(), 6);
     QCOMPARE(lite->commands(), QByteArrayList());
 }
 
@@ -249,7 +251,7 @@ void Test_Configuration::a_parking_value_in_range_or_no_number_raises_no_box() {
     for (const char* field : {"lineEdit_MouseParking_x", "lineEdit_MouseParking_y"}) {
         for (const char* value : {"0", "100", " 7 ", "", "abc", "1.5", "99999999999999999999"}) {
             type_and_leave(field, value);
-            QCOMPARE(robot->sights().size(), 0);
+            QCOMPARE(robot->snapshots().size(), 0);
             QCOMPARE(lite->line_edit(field).text(), value);
         }
     }

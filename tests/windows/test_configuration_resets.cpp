@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
@@ -148,7 +150,7 @@ void Test_Configuration_Resets::a_soft_reset_is_sent_at_once_and_followed_by_not
     changed.hotkey_trigger = "Num Lock";
     lite->device.unit().set_state(changed);
     QTest::mouseClick(&lite->button("pushButton_Soft_Reset"), Qt::LeftButton);
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
     QCOMPARE(lite->commands(), QByteArrayList{"//R"});
     QTest::qWait(past_any_refresh_ms);
     QVERIFY(lite->is_filled());

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "pages/grid.h"
 #include "pages/setting_values.h"
 

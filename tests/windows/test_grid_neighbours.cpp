@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "pages/grid.h"
 
 #include <QTest>
@@ -98,7 +100,7 @@ std::vector<Shape> placements(const Shape& shape) {
     return all;
 }
 
-/// Walks from one tile over common edges and sees whether it meets them all.
+/// Goes from one tile over common edges and sees whether it meets them all.
 bool all_within_reach(const Shape& shape) {
     std::vector<Cell> reached = {*shape.begin()};
     for (std::size_t next = 0; next < reached.size(); ++next) {

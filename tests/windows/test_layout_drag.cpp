@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
 #include "tests/windows/test_layout_drag_display.h"

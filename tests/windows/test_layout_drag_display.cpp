@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/windows/test_layout_drag_display.h"
 
 #include "tests/support/virtual_display.h"
@@ -9,7 +11,7 @@
 namespace {
 
 constexpr char mark[] = "HALVERN_TEST_OWN_DISPLAY";
-constexpr int longest_start = 20'000;
+constexpr int max_start = 20'000;
 
 QProcessEnvironment environment_on(const QString& display) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -26,7 +28,7 @@ bool start_manager(QProcess& manager, const QProcessEnvironment& environment) {
     manager.setProcessEnvironment(environment);
     manager.setStandardErrorFile(QProcess::nullDevice());
     manager.start("openbox", {"--sm-disable", "--startup", "echo yes"});
-    return manager.waitForReadyRead(longest_start);
+    return manager.waitForReadyRead(max_start);
 }
 
 void end(QProcess& manager) {

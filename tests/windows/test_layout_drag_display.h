@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// Whether this process already runs on the display that run_on_own_display() has made.

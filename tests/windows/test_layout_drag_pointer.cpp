@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/windows/test_layout_drag_pointer.h"
 
 #include "tests/support/wait_until.h"
@@ -10,8 +12,8 @@
 namespace {
 
 constexpr std::chrono::milliseconds look_interval{5};
-constexpr int longest_step = 15'000;
-constexpr int longest_run = 90'000;
+constexpr int max_step = 15'000;
+constexpr int max_run = 90'000;
 /// A drag begins with the second movement that the view sees.
 constexpr int stops = 4;
 
@@ -44,7 +46,7 @@ void Pointer::move(int row, int column) {
 }
 
 void Pointer::leave_to(const QPoint& spot_in_window) {
-    // Over the edge in sight of the table, so that the drag has begun before.
+    // Over the edge in snapshot of the table, so that the drag has begun before.
     move(3, 0);
     add("leave the table", move_command(view.window()->mapToGlobal(spot_in_window)),
         [this] { return seen.leaving; });
@@ -81,7 +83,7 @@ bool Pointer::run() {
     failure.clear();
     timer.start(look_interval);
     // The condition is looked at from here only, so not before a drag's own loop has ended.
-    const bool all_done = wait_until([this] { return steps.empty(); }, longest_run);
+    const bool all_done = wait_until([this] { return steps.empty(); }, max_run);
     timer.stop();
     if (!all_done && failure.isEmpty()) {
         failure = "the drag did not end";
@@ -145,7 +147,7 @@ void Pointer::go_on() {
     } else if (steps.front().is_done()) {
         steps.pop_front();
         step_time.invalidate();
-    } else if (step_time.hasExpired(longest_step)) {
+    } else if (step_time.hasExpired(max_step)) {
         give_up("the table did not see this: " + steps.front().name);
     }
 }

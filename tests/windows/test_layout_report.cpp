@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/event_log.h"
 #include "tests/app/log_folder.h"
 #include "tests/support/modal_robot.h"
@@ -131,7 +133,7 @@ void Test_Layout_Report::two_channels_on_one_cell_are_both_kept_and_the_later_co
     QCOMPARE(table->picture(), "13../.4../..../....");
     QCOMPARE(submitted_command(), QByteArray("//FF01B01FF02B02FF03B02FF04B06"));
     // 1 beside 3; 2 and 3 each beside 1 and 4; 4 below 3.
-    QCOMPARE(robot->sights().constLast().text, "Display topology has been updated");
+    QCOMPARE(robot->snapshots().constLast().text, "Display topology has been updated");
 }
 
 void Test_Layout_Report::a_position_outside_the_grid_leaves_the_layout_and_one_log_entry_data() {
@@ -146,7 +148,7 @@ void Test_Layout_Report::a_position_outside_the_grid_leaves_the_layout_and_one_l
     QVERIFY(open_with(layout_text));
     QCOMPARE(table->picture(), "1234/..../..../....");
     QCOMPARE(log->entries().size(), 1);
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
     QCOMPARE(submitted_command(), QByteArray("//FF01B01FF02B02FF03B03FF04B04"));
 }
 
@@ -252,7 +254,7 @@ void Test_Layout_Report::
     QVERIFY(wait_until([&] { return table->is_disarmed(); }));
     QCOMPARE(table->picture(), "1234/..../..../....");
     QCOMPARE(log->entries().size(), 1);
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
 }
 
 void Test_Layout_Report::a_submit_ends_with_the_switchs_own_view() {

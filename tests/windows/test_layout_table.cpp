@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/windows/test_layout_table.h"
 
 #include "tests/support/find_child.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
@@ -242,7 +244,7 @@ void Test_Mouse_Speed_Page::an_entry_without_a_report_clears_the_fields() {
     lite->line_edit("lineEdit_Mouse_Movement_Name").setText("left over");
     entry().setCurrentIndex(2);
     QCOMPARE(fields(), (QStringList{"", "", ""}));
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
 }
 
 void Test_Mouse_Speed_Page::a_line_of_just_its_columns_shows_an_empty_name() {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
@@ -221,7 +223,7 @@ void Test_Notices::text_that_is_no_number_changes_nothing_and_shows_no_box() {
         QCOMPARE(usb().currentIndex(), 2);
     }
     QCOMPARE(lite->commands(), QByteArrayList());
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
 }
 
 void Test_Notices::numbers_outside_the_channels_leave_no_channel_chosen() {

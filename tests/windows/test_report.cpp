@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/switch_report.h"
 #include "tests/support/another_state.h"
 #include "tests/support/lite_fixture.h"
@@ -257,7 +259,7 @@ void Test_Report::a_channel_that_is_no_number_leaves_the_box_without_a_box() {
     QCOMPARE(index_of("comboBox_KM_Control"), 0);
     QCOMPARE(index_of("comboBox_USB_Control"), 0);
     QCOMPARE(hotkey(), "Left Ctrl");
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
 }
 
 void Test_Report::markup_in_a_report_is_shown_as_its_characters() {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/switch_report.h"
 #include "tests/support/another_state.h"
 #include "tests/support/lite_fixture.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/switch_report.h"
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
@@ -128,7 +130,7 @@ void Test_Report_Timing::a_switch_that_takes_longer_than_the_wait_raises_the_box
     QVERIFY(lite->is_connected());
     QVERIFY(wait_until([&] { return lite->terminal_text().endsWith("FF04B04\n"); }));
     // What comes late is no report any more.
-    QCOMPARE(robot->sights().size(), 1);
+    QCOMPARE(robot->snapshots().size(), 1);
 }
 
 void Test_Report_Timing::a_switch_that_answers_too_much_raises_the_box() {
@@ -187,7 +189,7 @@ void Test_Report_Timing::bytes_that_are_no_text_do_no_harm() {
     QVERIFY(lite->wait_filled());
     QVERIFY(lite->terminal_text().startsWith("//RL\ufffd\ufffd\n"));
     QVERIFY(hotkey().startsWith("Left Ctrl\ufffd"));
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
 }
 
 void Test_Report_Timing::refresh_during_the_wait_drops_what_has_come() {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
@@ -93,7 +95,7 @@ void Test_Serial_Link_Loss::a_lost_port_shows_nothing() {
     QVERIFY(lite->button("pushButton_Refresh").isEnabled());
     QVERIFY(lite->combo("comboBox_KM_Control").isEnabled());
     QCOMPARE(lite->terminal_text(), text);
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
 }
 
 void Test_Serial_Link_Loss::a_lost_port_lets_the_program_rest() {
@@ -117,7 +119,7 @@ void Test_Serial_Link_Loss::commands_to_a_lost_port_are_dropped_in_silence() {
     lite->window().writeData("past the guard");
     serve_events_for(100);
     QVERIFY(lite->is_connected());
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
     QCOMPARE(lite->device.received_commands(), QByteArrayList());
 }
 
@@ -170,7 +172,7 @@ void Test_Serial_Link_Loss::the_window_closes_after_a_loss() {
     lite->device.vanish();
     QVERIFY(lite->window().close());
     lite->close();
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
 }
 
 QTEST_MAIN(Test_Serial_Link_Loss)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "sim/port_list.h"
 #include "sim/switch_report.h"
 #include "tests/support/lite_fixture.h"
@@ -189,7 +191,7 @@ void Test_Serial_Link_Opening::every_chunk_on_the_first_port_is_handled_twice() 
     QVERIFY(lite->say(report_of_995_characters()));
     robot->expect({.class_name = "QMessageBox", .text = "Setting data from TQL error"});
     QVERIFY(lite->say("the end..\n"));
-    QVERIFY(wait_until([&] { return robot->done() && robot->sights().size() == 1; }));
+    QVERIFY(wait_until([&] { return robot->done() && robot->snapshots().size() == 1; }));
     QVERIFY(!lite->is_filled());
     QCOMPARE(lite->label("label_Current_Hotkey_Trigger_Data").text(), "");
 }

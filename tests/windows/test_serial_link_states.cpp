@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
 #include "tests/windows/device_watch.h"
-#include "tests/windows/link_sight.h"
+#include "tests/windows/link_snapshot.h"
 
 #include <QTest>
 
@@ -193,7 +195,7 @@ void Test_Serial_Link_States::a_switch_that_never_answers_leaves_the_window_open
     // Longer than any wait of the link.
     QTest::qWait(1500);
     QCOMPARE(shown_link_state(*lite), shows_disconnected);
-    QCOMPARE(robot->sights().size(), 0);
+    QCOMPARE(robot->snapshots().size(), 0);
     QCOMPARE(lite->commands(), QByteArrayList());
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/custom_setting.h"
 #include "pages/setting_values.h"
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/windows/window_waits.h"
 
 #include "tests/support/virtual_time.h"

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+
+// The tool from its model dialog on, walked through by itself: halvern-bench-tool <model> <task>.
+// The model is "Lite", "Plus" or "Pro"; the tasks are told in tasks.h.
+
+#include "app/start_up.h"
+#include "benchmarks/programs/startup_driver.h"
+#include "benchmarks/programs/tasks.h"
+#include "windows/halvern_velmoran_lite.h"
+#include "windows/halvern_velmoran_plus.h"
+#include "windows/halvern_velmoran_pro.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QTimer>
+
+namespace {
+
+std::unique_ptr<QMainWindow> make_main_window(const std::string& km_type) {
+    if (km_type == "Lite") {
+        return std::make_unique<Halvern_Velmoran_LITE>();
+    }
+    if (km_type == "Plus") {
+        return std::make_unique<Halvern_Velmoran_PLUS>();
+    }
+    return std::make_unique<Halvern_Velmoran_PRO>();
+}
+
+bool is_filled(const QMainWindow& window) {
+    return window.findChild<QLabel*>("label_Current_Hotkey_Trigger_Data")->text() == "Left Ctrl";
+}
+
+/// Carries the task out when the switch's report has filled the pages. Nothing in the window tells
+/// when it has, so it is looked at; that ends before anything is measured.
+void await_filled_page(const QMainWindow& window, const std::function<void()>& next) {
+    constexpr std::chrono::milliseconds look_interval{20};
+    auto* timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, qApp, [timer, &window, next] {
+        if (is_filled(window)) {
+            timer->stop();
+            next();
+        }
+    });
+    timer->start(look_interval);
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const QApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    const QString model = arguments.value(1);
+    const QString task = arguments.value(2);
+    set_light_palette();
+
+    const Startup_Driver driver(model,
+                                [&task](const Startup_Driver& done, const QMainWindow& window) {
+                                    const auto carry_out = [&task, &done] {
+                                        carry_out_task(task, done.milliseconds_to_window());
+                                    };
+                                    if (task == "window") {
+                                        carry_out();
+                                    } else {
+                                        await_filled_page(window, carry_out);
+                                    }
+                                });
+    std::exception_ptr construction_failure;
+    return run_tool(make_main_window, construction_failure);
+}

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+
+#include "tests/robustness/adapter_faults.h"
+
+#include "sim/adapter_options.h"
+#include "tests/support/find_child.h"
+#include "tests/support/virtual_time.h"
+#include "tests/usr/expect_box.h"
+#include "tests/usr/fake_waiting.h"
+
+namespace {
+
+constexpr int all_attempts = 100;
+
+const QStringList unread_settings = {"Get static IP error", "Get subnet mask error",
+                                     "Get gateway error"};
+
+/// Reads the names out of the list of the dialog; two blanks and one stand before each.
+Modal_Action read_names(QStringList& names) {
+    return [&names](QWidget& dialog) {
+        const auto& list = find_child<QComboBox>(dialog, "comboBox");
+        for (int index = 0; index < list.count(); ++index) {
+            names << list.itemText(index).section("   ", 1);
+        }
+        return QString();
+    };
+}
+
+} // namespace
+
+QStringList Adapter_Fault_Case::arguments() const {
+    QStringList all = {"halvern-sim-adapter", "--" + option};
+    if (!value.isNull()) {
+        all << value;
+    }
+    return all;
+}
+
+QString Adapter_Fault_Case::title() const {
+    return value.isNull() ? option + '`' : option + " \"" + value + "\"`";
+}
+
+const std::vector<Adapter_Fault_Case>& adapter_fault_cases() {
+    const QString frozen_login = "The login is tried 100 times, the window frozen meanwhile";
+    const QString search_on = "The search begins anew, the window frozen, until every answer has "
+                              "36 bytes; then all is right.";
+    const QString unread = frozen_login + ", again for each address of the IP settings, which stay "
+                                          "unread with a box each; connecting works.";
+    static const std::vector<Adapter_Fault_Case> cases = {
+        {.option = "name-hex",
+         .value = "fffe4142",
+         .words = "Replacement characters stand in the name; all else is right.",
+         .names = {QString(2, QChar(QChar::ReplacementCharacter)) + "AB"}},
+        {.option = "name",
+         .value = "",
+         .words = "The list shows the address alone; all is right.",
+         .names = {""}},
+        {.option = "name",
+         .value = "SIXTEEN-LETTERS.",
+         .words = "A name without a zero byte behind it is shown whole; all is right.",
+         .names = {"SIXTEEN-LETTERS."}},
+        {.option = "name",
+         .value = "<b>BOLD</b>",
+         .words = "The marks are shown as they are; all is right.",
+         .names = {"<b>BOLD</b>"}},
+        {
+            .option = "split",
+            .value = "100",
+            .words =
+                "Pieces that arrive together are read as one, and all is right; for pieces that "
+                "come apart see the switch's fault chunk.",
+        },
+        {.option = "delay",
+         .value = "300",
+         .words = "All is right: search and login wait 500 ms each. Later than that, a login is "
+                  "tried again; a search listens for 1.5 s in all."},
+        {.option = "copies",
+         .value = "0",
+         .words = "The box \"No hardware online\" comes, and the program ends.",
+         .last_box = "No hardware online",
+         .dialogs_before_the_end = 1},
+        {.option = "copies",
+         .value = "3",
+         .words = frozen_login + "; then the first answer is taken. The list shows the adapter "
+                                 "once.",
+         .login_attempts = all_attempts},
+        {.option = "silent-search",
+         .words = "The box \"No hardware online\" comes, and the program ends.",
+         .last_box = "No hardware online",
+         .dialogs_before_the_end = 1},
+        {.option = "silent-login",
+         .value = "2",
+         .words = "The login is tried until it is answered, 2 seconds each; then all is right.",
+         .login_attempts = 3},
+        {.option = "silent-login",
+         .value = "-1",
+         .words = unread,
+         .warnings = unread_settings + unread_settings,
+         .login_attempts = all_attempts},
+        {.option = "never-back",
+         .words = "After Apply IP the settings stay unread with a box each, \"The IP was applied "
+                  "successfully\" comes all the same, and Connect ends the program with \"No "
+                  "connection\". Without Apply IP all is right.",
+         .warnings = unread_settings,
+         .last_box = "No connection",
+         .dialogs_before_the_end = 3,
+         .applies = true},
+        {.option = "search-bytes", .value = "35", .words = search_on, .lasts_searches = 3},
+        {.option = "login-bytes",
+         .value = "259",
+         .words = frozen_login + "; then the answer is taken as it is.",
+         .login_attempts = all_attempts},
+        {.option = "login-bytes",
+         .value = "4",
+         .words = "The box \"Bad credentials\" comes, and the login is asked for anew.",
+         .warnings = {"Bad credentials"},
+         .login_attempts = 2},
+        {.option = "login-bytes",
+         .value = "0",
+         .words = unread,
+         .warnings = unread_settings + unread_settings,
+         .login_attempts = all_attempts},
+        {.option = "foreign", .value = "20", .words = search_on, .lasts_searches = 3},
+        {.option = "foreign",
+         .value = "36",
+         .words = "It stands in the list as an adapter of its own at its sender's address.",
+         .names = {"BBBBBBBBBBBBBBBB", "ADAPTER"}},
+    };
+    return cases;
+}
+
+void set_up_as_told(Network_Fixture& at, const Adapter_Fault_Case& fault) {
+    QString error;
+    const auto options = read_adapter_options(fault.arguments(), error);
+    if (!options) {
+        qFatal("%s", qPrintable(error));
+    }
+    at.adapter.unit().set_state(options->first);
+    at.adapter.unit().set_faults(options->faults);
+    at.adapter.set_split(options->split_bytes);
+    at.adapter.set_delay(options->delay);
+    if (options->delay.count() > 0) {
+        // The tool's thread is the adapter's: its timer runs while the tool sleeps, which is 500 ms
+        // each time.
+        fake_waiting::while_blocked([&at] {
+            at.network.catch_up();
+            virtual_time::leap(std::chrono::milliseconds(500));
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        });
+    }
+    if (fault.lasts_searches > 0) {
+        fake_waiting::while_blocked([&at, searches = fault.lasts_searches] {
+            at.network.catch_up();
+            if (fake_waiting::block_count() == searches) {
+                at.adapter.unit().set_faults({});
+            }
+        });
+    }
+}
+
+void expect_path(Network_Fixture& at, const Adapter_Fault_Case& fault, QStringList& names) {
+    at.robot.set_patience(std::chrono::seconds(60));
+    at.robot.expect(choose_network());
+    if (fault.dialogs_before_the_end == 1) {
+        return;
+    }
+    at.robot.expect({.class_name = "Select_hardware_Dialog",
+                     .action = in_order({read_names(names), press_button("Continue")})});
+    at.robot.expect(log_in());
+    if (fault.applies) {
+        at.robot.expect({.class_name = "IP_Settings_Dialog",
+                         .action = in_order({press_object("radioButton_Static"),
+                                             press_object("pushButton_Apply_IP")})});
+    }
+    for (const QString& warning : fault.warnings) {
+        expect_warning(at.robot, warning);
+    }
+    if (fault.warnings == QStringList("Bad credentials")) {
+        Modal_Expectation again = log_in();
+        again.action = in_order({[&at](QWidget&) {
+                                     at.adapter.unit().set_faults({});
+                                     return QString();
+                                 },
+                                 again.action});
+        at.robot.expect(again);
+    }
+    if (fault.applies) {
+        expect_information(at.robot, "The IP was applied successfully");
+    }
+    at.robot.expect(connect_adapter());
+}

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "tests/support/window_fixture.h"
+
+#include <QMap>
+#include <QString>
+
+/// What a window shows of a unit, by short names: "km", "usb", "mode", "ports", "rolling",
+/// "parking x", "parking y", "buzzer", "hotkey", "entry 1" to "entry 4", "name 1" to "name 4",
+/// "resolution 1" to "resolution 4", "layout", and "audio" on a Pro.
+using Unit_Snapshot = QMap<QString, QString>;
+
+/// What a window shows now. A name that is not in the lists is "(none)", as is an audio box that is
+/// not there; a box without a choice shows "(none)" as well.
+Unit_Snapshot look_at_unit(const Window_Fixture& at);
+
+/// What a window shows that shows the whole unit.
+Unit_Snapshot snapshot_of(const Switch_State& state, Switch_Model model);
+
+/// The points in which a window does not show what it should, one line for each; empty if none.
+QString differences(const Unit_Snapshot& shown, const Unit_Snapshot& wanted);
+
+/// What the link's own widgets say: "connected", "not connected", or what is at odds.
+QString link_status(const Window_Fixture& at);
+
+/// A unit with every setting away from where a form starts.
+Switch_State used_unit();
+
+/// Everything a unit remembers, as it would tell it itself.
+QByteArray told_by(const Switch_Logic& unit);

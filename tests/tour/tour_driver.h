@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "tests/tour/unit_line.h"
+
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+
+/// Who takes the tour: does with mouse and keyboard what a person would, and tells what is seen.
+/// Runs in a thread of its own, so that it can go on while a dialog of the program waits.
+///
+/// Widgets go by their object names. Every action waits until it can be done, and everything looked
+/// for is waited for; what does not come ends the tour with Step_Failed.
+class Tour_Driver {
+public:
+    /// @param stage_name in front of every line and picture.
+    Tour_Driver(const QString& stage_name, const QString& picture_folder);
+
+    void click(const QString& widget);
+    /// Presses a button of the dialog that waits, by its caption.
+    void click_button(const QString& caption);
+    /// Picks an item by its text, with the keyboard.
+    void choose(const QString& combo_box, const QString& item);
+    /// Replaces what stands in a field.
+    void type(const QString& line_edit, const QString& text);
+    /// Drags a tile of the layout grid. Cells count from 1 to 16, row by row.
+    void drag_tile(int from_cell, int to_cell);
+    /// Names a file in a file dialog and accepts it.
+    void choose_file(const QString& path, const QString& button);
+    void close_window();
+
+    void see(const QString& what, const std::function<bool()>& holds);
+    void see_shown(const QString& widget, const QString& text);
+    void see_enabled(const QString& widget, bool enabled);
+    /// Waits for a message box with this text and presses its button.
+    void answer_box(const QString& text, const QString& button = "OK");
+    [[nodiscard]] QString shown(const QString& widget) const;
+
+    /// Waits until a unit has received a command.
+    /// @param unit_number 1 or 2.
+    void see_received(int unit_number, const QString& command);
+
+    /// Prints the line that ends a step.
+    void report_step(const QString& seen);
+    /// A picture of the program's windows, named after the step it belongs to.
+    void take_picture(const QString& name);
+
+    /// The units' way of naming themselves; the first and the second.
+    QString unit_names[2];
+    Unit_Line units;
+
+private:
+    void click_on(const QString& what, const std::function<QWidget*()>& find);
+
+    QString stage;
+    QString pictures;
+    int steps_told = 0;
+};

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QPoint>
+#include <QString>
+
+/// Mouse and keyboard: real input events of the X server, as a person's own come in.
+///
+/// All positions are pixels of the screen. Each function throws Step_Failed if the server can't be
+/// reached.
+namespace x11_input {
+
+void click_at(const QPoint& spot);
+
+/// Presses a key or a combination, by the names of the X server: "Return", "alt+F4".
+void press_key(const QString& key);
+
+/// Types into whatever has the focus.
+void type(const QString& text);
+
+/// Presses the left button at one spot and lets it go at another, with a stop on the way so that
+/// the program can begin and follow the drag.
+void drag(const QPoint& from, const QPoint& to);
+
+} // namespace x11_input
