@@ -4,14 +4,17 @@
 
 #include <QSocketNotifier>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <string>
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -23,21 +26,48 @@ void make_raw(int terminal) {
     tcsetattr(terminal, TCSANOW, &attributes);
 }
 
-} // namespace
-
-Pty_Port::Pty_Port(QObject* parent) : QObject(parent) {
+std::string open_terminal(int& master) {
     master = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     std::array<char, 64> name = {};
     if (master < 0 || grantpt(master) != 0 || unlockpt(master) != 0 ||
         ptsname_r(master, name.data(), name.size()) != 0) {
         qFatal("No pseudo-terminal: %s", std::strerror(errno));
     }
-    slave = ::open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    return name.data();
+}
+
+/// Whether QSerialPort's lock file of a line is there, such as /var/lock/LCK..pts_3.
+bool has_lock_file(const std::string& name) {
+    std::string line = name.substr(std::strlen("/dev/"));
+    std::replace(line.begin(), line.end(), '/', '_');
+    return access(("/var/lock/LCK.." + line).c_str(), F_OK) == 0;
+}
+
+/// A tool closes a line before it removes the lock file. In between the system may give the same
+/// name to a new line, which nobody could open then.
+std::string open_unclaimed_terminal(int& master) {
+    std::vector<int> claimed;
+    std::string name = open_terminal(master);
+    while (has_lock_file(name)) {
+        claimed.push_back(master);
+        name = open_terminal(master);
+    }
+    for (const int other : claimed) {
+        ::close(other);
+    }
+    return name;
+}
+
+} // namespace
+
+Pty_Port::Pty_Port(QObject* parent) : QObject(parent) {
+    const std::string name = open_unclaimed_terminal(master);
+    slave = ::open(name.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     if (slave < 0) {
-        qFatal("Cannot open %s: %s", name.data(), std::strerror(errno));
+        qFatal("Cannot open %s: %s", name.c_str(), std::strerror(errno));
     }
     make_raw(slave);
-    slave_name = QString::fromLocal8Bit(name.data());
+    slave_name = QString::fromLocal8Bit(name.c_str());
 
     read_notifier = new QSocketNotifier(master, QSocketNotifier::Read, this);
     connect(read_notifier, &QSocketNotifier::activated, this, &Pty_Port::read_incoming);

@@ -9,12 +9,15 @@
 #include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QFile>
+#include <QScopeGuard>
 #include <QSerialPort>
 #include <QSerialPortInfo>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
+#include <memory>
 #include <sys/ioctl.h>
 #include <termios.h>
 
@@ -41,6 +44,7 @@ private slots:
     void a_vanished_switch_hangs_up_the_line();
     void a_disappearance_takes_the_place_of_the_answer();
     void a_vanished_switch_takes_what_it_is_told_without_harm();
+    void a_line_whose_lock_file_is_still_there_is_not_taken();
     void a_megabyte_arrives_whole();
     void an_idle_switch_wakes_nobody();
     void the_record_can_be_cleared();
@@ -278,6 +282,19 @@ void Test_Simulated_Switch::a_disappearance_takes_the_place_of_the_answer() {
     QVERIFY(wait_until([&] { return !device.is_on_line(); }));
     QVERIFY(wait_until([&] { return is_hung_up(reader.port); }));
     QCOMPARE(reader.text(), "");
+}
+
+void Test_Simulated_Switch::a_line_whose_lock_file_is_still_there_is_not_taken() {
+    auto earlier = std::make_unique<Simulated_Switch>();
+    const QString name = earlier->device_name();
+    QFile lock_file("/var/lock/LCK.." + earlier->port_name().replace('/', '_'));
+    QVERIFY(lock_file.open(QIODevice::WriteOnly));
+    const auto remove_file = qScopeGuard([&] { lock_file.remove(); });
+    // The system gives the lowest number that is free.
+    earlier.reset();
+    const Simulated_Switch device;
+    QVERIFY2(device.device_name() != name, qPrintable(name));
+    QVERIFY(Reader(device).is_open);
 }
 
 void Test_Simulated_Switch::a_vanished_switch_takes_what_it_is_told_without_harm() {
