@@ -47,7 +47,7 @@ public:
     /// ON: opens the link of the chosen method and asks the switch for everything. On the network a
     /// switch has to answer in time.
     void turn_on(const QString& port_name);
-    /// OFF: closes the link of the chosen method.
+    /// OFF: closes the link; shows "disconnected" if a switch has answered before.
     void turn_off();
     /// Forgets what the switch has said and asks it for everything.
     void refresh_UI();
