@@ -159,5 +159,9 @@ bool on_screen::save_picture(const QString& path) {
         }
     }
     QScreen& screen = *QGuiApplication::primaryScreen();
-    return screen.grabWindow(0).copy(seen & screen.geometry()).save(path);
+    const QPixmap whole = screen.grabWindow(0);
+    const QRectF part = seen & screen.geometry();
+    const double scale = whole.devicePixelRatio();
+    return whole.copy(QRectF(part.topLeft() * scale, part.size() * scale).toAlignedRect())
+        .save(path);
 }

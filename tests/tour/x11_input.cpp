@@ -5,14 +5,18 @@
 #include "tests/tour/in_gui.h"
 #include "tests/tour/outside.h"
 
+#include <QGuiApplication>
 #include <QStringList>
 
 using outside::xdotool;
 
 namespace {
 
+/// The screen counts its own pixels, of which the program's may take several.
 QStringList move_to(const QPoint& spot) {
-    return {"mousemove", QString::number(spot.x()), QString::number(spot.y())};
+    const double scale = in_gui([] { return qGuiApp->devicePixelRatio(); });
+    return {"mousemove", QString::number(qRound(spot.x() * scale)),
+            QString::number(qRound(spot.y() * scale))};
 }
 
 /// A drag is followed by the program's own event loop: lets it take what has come in.
