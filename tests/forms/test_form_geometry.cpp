@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "app/message_box.h"
 #include "tests/forms/fact_file.h"
 #include "tests/forms/fixed_look.h"
 #include "tests/forms/form_gallery.h"
@@ -10,6 +11,7 @@
 #include <QImage>
 #include <QJsonArray>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTest>
@@ -116,6 +118,8 @@ private slots:
     void nothing_lies_on_another_thing();
     void no_text_is_cut_data() { add_a_row_per_form(fitting_families); }
     void no_text_is_cut();
+    void no_text_is_cut_in_a_box_data();
+    void no_text_is_cut_in_a_box();
     void a_wide_font_cuts_only_known_texts_data() { add_a_row_per_form({wide_family}); }
     void a_wide_font_cuts_only_known_texts();
     void the_colon_behind_channels_is_seen_data();
@@ -194,6 +198,30 @@ void Test_Form_Geometry::no_text_is_cut() {
     QCOMPARE(cut_texts(form_name, family).join(", "), exception);
 }
 
+void Test_Form_Geometry::no_text_is_cut_in_a_box_data() {
+    QTest::addColumn<QString>("family");
+    QTest::addColumn<QString>("text");
+    for (const QString& family : fitting_families) {
+        for (const char* text : {"Check if the device is on the same network as the PC",
+                                 "Error changing username, password and name of USR",
+                                 "Failed to update, connect all displays", "File saved"}) {
+            QTest::addRow("%s: %s", qPrintable(family), text) << family << text;
+        }
+    }
+}
+
+void Test_Form_Geometry::no_text_is_cut_in_a_box() {
+    QFETCH(QString, family);
+    QFETCH(QString, text);
+    use_family(family);
+    QMessageBox box;
+    set_message_box_look(text, QMessageBox::Warning, &box);
+    QApplication::processEvents();
+    QVERIFY(visible_leaves(box).size() >= 3);
+    QCOMPARE(leaves_with_cut_content(box), QStringList());
+    QCOMPARE(leaves_out_of_bounds(box), QStringList());
+}
+
 void Test_Form_Geometry::a_wide_font_cuts_only_known_texts() {
     QFETCH(QString, form_name);
     QFETCH(QString, family);
@@ -214,7 +242,7 @@ void Test_Form_Geometry::the_colon_behind_channels_is_seen() {
     auto* label = window.findChild<QLabel*>("label_Channels");
     QCOMPARE(label->text(), "Channels:");
     const QImage whole = label->grab().toImage();
-    QCOMPARE(whole.width(), 70);
+    QCOMPARE(label->width(), 70);
     label->setText("Channels");
     const QImage without_colon = label->grab().toImage();
     label->setText("Channels:");
