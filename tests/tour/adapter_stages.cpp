@@ -5,10 +5,23 @@
 #include "tests/tour/stages.h"
 #include "tests/tour/start.h"
 
+#include <QApplication>
+
 namespace {
 
 const char first_address[] = "127.0.0.2";
 const char second_address[] = "127.0.0.3";
+
+void look_at_admin_settings(Tour_Driver& driver) {
+    driver.click("pushButton_Admin_Settings");
+    driver.type("lineEdit_Name", "WEST WING");
+    driver.take_picture("admin-settings");
+    driver.close_window();
+    driver.see("the main window alone",
+               [] { return QApplication::activeModalWidget() == nullptr; });
+    driver.see_shown("label_name_of_USR", "  Name: ADAPTER");
+    driver.report_step("admin settings opened, and closed without a change");
+}
 
 void copy_over_adapter(Tour_Driver& driver, const QString& settings_file) {
     driver.click("pushButton_Connection_Settings");
@@ -25,6 +38,7 @@ void take_plus_adapter_tour(Tour_Driver& driver, const QString& settings_file) {
     pick_model(driver, "radioButton_PLUS");
     take_network_path(driver, first_address);
     change_everything(driver);
+    look_at_admin_settings(driver);
     save_settings(driver, settings_file, 24);
     copy_over_adapter(driver, settings_file);
 }
@@ -33,6 +47,7 @@ void take_pro_adapter_tour(Tour_Driver& driver, const QString& settings_file) {
     pick_model(driver, "radioButton_PRO");
     take_network_path(driver, first_address);
     change_everything(driver);
+    look_at_admin_settings(driver);
     change_audio(driver);
     save_settings(driver, settings_file, 26);
     copy_over_adapter(driver, settings_file);

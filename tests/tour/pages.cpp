@@ -4,6 +4,8 @@
 
 #include "tests/tour/on_screen.h"
 
+#include <QApplication>
+
 #include <array>
 
 namespace {
@@ -105,6 +107,16 @@ void change_configuration(Tour_Driver& driver) {
     driver.report_step("buzzer off: the unit received //B0, and only Beep On can be pressed now");
 }
 
+void cancel_factory_reset(Tour_Driver& driver) {
+    driver.click("pushButton_Factory_Reset");
+    driver.see_shown("label_message", "Perform factory reset?");
+    driver.take_picture("factory-reset");
+    driver.click_button("Cancel");
+    driver.see("the end of the question",
+               [] { return QApplication::activeModalWidget() == nullptr; });
+    driver.report_step("factory reset asked for and cancelled");
+}
+
 void change_mouse_speeds(Tour_Driver& driver) {
     driver.click("pushButton_Mouse_Speed_Settings");
     driver.type("lineEdit_Mouse_Movement_Name", "STUDIO");
@@ -140,6 +152,7 @@ void rearrange_displays(Tour_Driver& driver) {
 void change_everything(Tour_Driver& driver) {
     see_factory_settings(driver);
     change_configuration(driver);
+    cancel_factory_reset(driver);
     change_mouse_speeds(driver);
     rearrange_displays(driver);
 }

@@ -12,6 +12,9 @@ void see_factory_settings(Tour_Driver& driver);
 /// Each control of the first page; the unit receives each command the moment it is used.
 void change_configuration(Tour_Driver& driver);
 
+/// Asks for a factory reset and cancels it.
+void cancel_factory_reset(Tour_Driver& driver);
+
 /// A custom entry, and the resolutions of two channels.
 void change_mouse_speeds(Tour_Driver& driver);
 

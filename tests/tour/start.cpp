@@ -20,6 +20,8 @@ void take_serial_path(Tour_Driver& driver) {
 
 void take_network_path(Tour_Driver& driver, const QString& address) {
     driver.click("radioButton_TCP_IP");
+    driver.see_shown("radioButton_TCP_IP", "checked");
+    driver.take_picture("method");
     driver.click("pushButton_continue");
 
     driver.choose("comboBox", address + "   ADAPTER");
