@@ -35,8 +35,20 @@ std::string custom_setting_name(const std::string& text, std::size_t offset) {
     return name;
 }
 
+std::string find_custom_setting(std::string_view key, std::string_view status_report) {
+    const std::string_view line = find_report_value(key, status_report);
+    if (line.size() < name_offset_in_report) {
+        throw std::out_of_range("no custom entry behind " + std::string(key));
+    }
+    return std::string(line);
+}
+
 std::vector<std::string> read_channel_resolutions(std::string_view status_report) {
-    const std::string_view rest = find_rest_behind(switch_protocol::resolutions_key, status_report);
+    const std::string_view key = switch_protocol::resolutions_key;
+    const std::string_view rest = find_rest_behind(key, status_report);
+    if (rest.empty()) {
+        throw std::out_of_range("no resolutions behind " + std::string(key));
+    }
     return parse_channels_resolution(
         rest.substr(0, fields_offset + fields_length).substr(fields_offset));
 }

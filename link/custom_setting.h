@@ -32,9 +32,14 @@ Custom_Setting read_custom_setting(const QString& line);
 /// @throws std::out_of_range if the offset lies beyond the end.
 std::string custom_setting_name(const std::string& text, std::size_t offset);
 
+/// The line of one of the keys "C1\t" to "C4\t" in a status report.
+/// @throws std::out_of_range, which names the key, if the key is missing or its line is shorter
+/// than its columns.
+std::string find_custom_setting(std::string_view key, std::string_view status_report);
+
 /// The values behind "Channels resolution:" in a status report, one text for each channel in
 /// order, as a number 1 to 13: "1 C2 3" gives "1", "11", "3". A fifth field is ignored.
-/// @throws std::out_of_range if the key is missing or nothing is behind it.
+/// @throws std::out_of_range, which names the key, if it is missing or nothing is behind it.
 std::vector<std::string> read_channel_resolutions(std::string_view status_report);
 
 /// The fields of a resolution text. A digit is a fixed resolution; "C" and a digit a custom entry;

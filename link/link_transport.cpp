@@ -82,7 +82,9 @@ void Link_Transport::write_to(QIODevice* device, const QByteArray& bytes) {
         qCDebug(link_log) << "dropped, no open device:" << bytes;
         return;
     }
-    device->write(bytes);
+    if (device->write(bytes) < 0) {
+        qCDebug(link_log) << "not sent:" << device->errorString();
+    }
 }
 
 void Link_Transport::close_socket() {

@@ -65,7 +65,7 @@ void Report_Reader::apply_status_report() {
     pages.configuration.set_mouse_mode_from_value(
         get_report_value(switch_protocol::mouse_mode_key, report));
     for (const std::string_view key : switch_protocol::custom_keys) {
-        pages.mouse_speed.add_custom_setting_name(get_report_value(key, report),
+        pages.mouse_speed.add_custom_setting_name(find_custom_setting(key, report),
                                                   name_offset_in_report);
     }
     for (int number = 1; number <= channel_count; ++number) {

@@ -94,15 +94,16 @@ std::optional<Stated_End> status_end(const std::string& report) {
         return end;
     }
     for (const std::string_view key : custom_keys) {
-        if (auto end = cut_end(value_or_zero(key, report), columns)) {
-            return end;
+        if (value_behind(key, report).size() < columns) {
+            return Stated_End{&typeid(std::out_of_range),
+                              "no custom entry behind " + std::string(key)};
         }
     }
     const std::string_view resolutions = "Channels resolution:";
     const std::size_t found = report.find(resolutions);
     if (found == std::string::npos || found + resolutions.size() == report.size()) {
         return Stated_End{&typeid(std::out_of_range),
-                          "basic_string_view::substr: __pos (which is 1) > __size (which is 0)"};
+                          "no resolutions behind " + std::string(resolutions)};
     }
     // Eight bytes may be fewer characters.
     if (QString::fromStdString(value_behind(custom_keys[0], report)).size() < qsizetype{columns}) {

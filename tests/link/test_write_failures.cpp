@@ -4,6 +4,7 @@
 #include "tests/app/log_folder.h"
 #include "tests/link/failing_allocation.h"
 #include "tests/link/open_line.h"
+#include "tests/support/debug_lines.h"
 #include "tests/support/modal_robot.h"
 
 #include <QTest>
@@ -21,6 +22,7 @@ private slots:
     void a_write_that_throws_is_told_as_a_write_data_error();
     void the_port_serves_on_after_a_write_data_error();
     void a_write_that_fails_without_an_exception_is_not_noticed();
+    void a_developer_is_told_of_a_write_that_fails();
     void a_failed_hex_step_is_told_and_sends_nothing();
     void a_failed_byte_step_is_told_and_sends_nothing();
     void a_failed_layout_command_is_told_and_sends_nothing();
@@ -52,6 +54,7 @@ protected:
         case Fault::throws:
             throw std::bad_alloc();
         case Fault::fails:
+            setErrorString("the line is gone");
             return -1;
         case Fault::none:
             break;
@@ -130,6 +133,14 @@ void Test_Write_Failures::a_write_that_fails_without_an_exception_is_not_noticed
     QCOMPARE(folder->entries(), QStringList());
     QCOMPARE(robot->snapshots().size(), 0);
     QCOMPARE(line.devices.port_open_count, 1);
+}
+
+void Test_Write_Failures::a_developer_is_told_of_a_write_that_fails() {
+    Open_Line line;
+    make_faulty(line).fault = Faulty_Port::Fault::fails;
+    const Debug_Lines debug_lines;
+    QTest::ignoreMessage(QtDebugMsg, "not sent: \"the line is gone\"");
+    line.writer.writeCommand(std::string("//c3"));
 }
 
 void Test_Write_Failures::a_failed_hex_step_is_told_and_sends_nothing() {

@@ -2,6 +2,7 @@
 
 #include "app/event_log.h"
 #include "tests/app/log_folder.h"
+#include "tests/support/debug_lines.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"
@@ -43,6 +44,8 @@ private slots:
     void cleanup();
 
     void a_report_that_lacks_a_key_is_logged_then_shown_and_arms_refresh();
+    void a_developer_is_told_which_key_is_missing_data();
+    void a_developer_is_told_which_key_is_missing();
     void a_channel_that_is_no_number_is_logged_and_not_shown();
     void a_grid_that_can_not_be_read_is_logged_and_put_back();
 
@@ -116,6 +119,31 @@ void Test_Model_Report_Failures::a_report_that_lacks_a_key_is_logged_then_shown_
     fixture->combo("comboBox_USB_Control").setCurrentIndex(2);
     QCOMPARE(fixture->commands(), QByteArrayList{"//u3"});
     QCOMPARE(folder->entries(), QStringList{failure});
+}
+
+void Test_Model_Report_Failures::a_developer_is_told_which_key_is_missing_data() {
+    QTest::addColumn<QByteArray>("key");
+    QTest::addColumn<QByteArray>("words");
+    QTest::newRow("resolutions") << QByteArray("Channels resolution:")
+                                 << QByteArray("no resolutions behind Channels resolution:");
+    QTest::newRow("first entry") << QByteArray("C1\t") << QByteArray("no custom entry behind C1\t");
+    QTest::newRow("last entry") << QByteArray("C4\t") << QByteArray("no custom entry behind C4\t");
+}
+
+void Test_Model_Report_Failures::a_developer_is_told_which_key_is_missing() {
+    QFETCH(const QByteArray, key);
+    QFETCH(const QByteArray, words);
+    Fault_Plan lacking;
+    lacking.missing_key = key;
+    fixture->device.set_faults(lacking);
+    robot->expect({.class_name = "QMessageBox",
+                   .text = "Setting data from TQL error",
+                   .action = press_button("OK")});
+    const Debug_Lines debug_lines;
+    QTest::ignoreMessage(QtDebugMsg, "Setting data from TQL error because: " + words);
+    fixture->button("pushButton_Refresh").click();
+    QVERIFY(wait_until([this] { return robot->done(); }));
+    QCOMPARE(folder->entries(), QStringList{"Setting data from TQL error"});
 }
 
 void Test_Model_Report_Failures::a_channel_that_is_no_number_is_logged_and_not_shown() {

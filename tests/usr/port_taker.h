@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "tests/usr/debug_lines.h"
+#include "tests/support/debug_lines.h"
 #include "tests/usr/raw_sender.h"
 
 /// Another program that takes the search port just between a spoiled search and its repetition,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/message_box.h"
-#include "tests/usr/debug_lines.h"
+#include "tests/support/debug_lines.h"
 #include "tests/usr/expect_box.h"
 #include "tests/usr/fake_waiting.h"
 #include "tests/usr/fast_network.h"

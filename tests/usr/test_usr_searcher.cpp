@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/app/open_log.h"
+#include "tests/support/debug_lines.h"
 #include "tests/support/modal_robot.h"
-#include "tests/usr/debug_lines.h"
 #include "tests/usr/fake_waiting.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/port_taker.h"
