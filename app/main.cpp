@@ -45,6 +45,7 @@ int main(int argc, char* argv[]) {
         }
         keep_start_quiet();
         use_text_family(find_text_family());
+        keep_text_font();
         set_light_palette();
         refuse_proxies();
         exit_status = run_tool(make_main_window, construction_failure);

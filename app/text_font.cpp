@@ -3,6 +3,7 @@
 #include "app/text_font.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QFont>
 #include <QFontDatabase>
 
@@ -11,6 +12,27 @@
 namespace {
 
 constexpr int form_point_size = 9;
+
+/// Sets its font again whenever another one has taken its place.
+class Font_Keeper : public QObject {
+public:
+    Font_Keeper(const QFont& font, QObject& application) : QObject(&application), kept(font) {
+        application.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::ApplicationFontChange || watched != qApp ||
+            QApplication::font() == kept) {
+            return QObject::eventFilter(watched, event);
+        }
+        // The widgets hear of this change only.
+        QApplication::setFont(kept);
+        return true;
+    }
+
+private:
+    const QFont kept;
+};
 
 } // namespace
 
@@ -36,3 +58,5 @@ void use_text_family(const QString& family) {
         QFont::insertSubstitution(named, family);
     }
 }
+
+void keep_text_font() { new Font_Keeper(QApplication::font(), *qApp); }

@@ -18,3 +18,8 @@
 /// Makes a family the application's font, at the size of the forms. It also stands in for the
 /// families that forms and message boxes name, where these are not installed.
 void use_text_family(const QString& family);
+
+/// Keeps the application's font as it is now until the application ends. Some desktop themes
+/// (qt6ct, for one) set their own font once the event loop runs, and again whenever the user
+/// changes it.
+void keep_text_font();

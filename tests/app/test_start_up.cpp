@@ -2,11 +2,13 @@
 
 #include "app/select_km_type_dialog.h"
 #include "app/start_up.h"
+#include "app/text_font.h"
 #include "tests/app/log_folder.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QPalette>
 #include <QTest>
 #include <QTimer>
@@ -35,6 +37,7 @@ private slots:
     void a_factory_that_throws_leaves_no_dialog_and_no_event_loop();
     void a_dark_theme_gives_way_to_the_light_palette();
     void disabled_captions_can_be_read_on_the_buttons_grey();
+    void the_text_font_stays_when_a_theme_sets_another();
 };
 
 namespace {
@@ -323,6 +326,16 @@ void Test_Start_Up::disabled_captions_can_be_read_on_the_buttons_grey() {
     // A disabled caption still differs from a live one.
     QVERIFY(palette.color(QPalette::Disabled, QPalette::ButtonText) !=
             palette.color(QPalette::Active, QPalette::ButtonText));
+}
+
+void Test_Start_Up::the_text_font_stays_when_a_theme_sets_another() {
+    use_text_family("Liberation Sans");
+    keep_text_font();
+    QApplication::setFont(QFont("DejaVu Sans", 12));
+    for (const QFont& font : {QApplication::font(), QLabel().font()}) {
+        QCOMPARE(font.family(), "Liberation Sans");
+        QCOMPARE(font.pointSize(), 9);
+    }
 }
 
 QTEST_MAIN(Test_Start_Up)

@@ -39,6 +39,8 @@ void Driven_Program::close_window() { run.child().write("close\n"); }
 
 void Driven_Program::ask_for_fonts() { run.child().write("fonts\n"); }
 
+void Driven_Program::set_theme_font() { run.child().write("theme font\n"); }
+
 bool Driven_Program::wait_for(const QString& beginning) {
     const auto told = [&] {
         return std::ranges::any_of(lines(),

@@ -25,6 +25,8 @@ public:
     void choose_model(const QString& model);
     void close_window();
     void ask_for_fonts();
+    /// Sets another application font, "DejaVu Sans" at 12 points, as some desktop themes do.
+    void set_theme_font();
 
     /// Waits for a line that begins like this.
     [[nodiscard]] bool wait_for(const QString& beginning);

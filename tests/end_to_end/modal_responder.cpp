@@ -122,6 +122,8 @@ void Modal_Responder::obey(const QString& line) {
         }
     } else if (line == "fonts") {
         report(fonts_line());
+    } else if (line == "theme font") {
+        QApplication::setFont(QFont("DejaVu Sans", 12));
     } else {
         report("failed: not understood: " + line);
     }

@@ -13,6 +13,7 @@ class Test_Program_Font : public QObject {
 private slots:
     void the_best_installed_font_is_chosen_data();
     void the_best_installed_font_is_chosen();
+    void a_theme_that_sets_its_font_later_changes_nothing();
 };
 
 namespace {
@@ -73,6 +74,17 @@ void Test_Program_Font::the_best_installed_font_is_chosen() {
     program.answer("frame");
     QVERIFY(program.wait_for_end());
     QVERIFY2(program.lines().contains("fonts " + family + " 9, for Segoe UI " + family),
+             qPrintable(program.lines().join('\n')));
+}
+
+void Test_Program_Font::a_theme_that_sets_its_font_later_changes_nothing() {
+    Driven_Program program;
+    program.set_theme_font();
+    program.ask_for_fonts();
+    QVERIFY2(program.wait_for("fonts "), program.errors().constData());
+    program.answer("frame");
+    QVERIFY(program.wait_for_end());
+    QVERIFY2(program.lines().contains("fonts Liberation Sans 9, for Segoe UI Liberation Sans"),
              qPrintable(program.lines().join('\n')));
 }
 
