@@ -144,7 +144,7 @@ void rearrange_displays(Tour_Driver& driver) {
     driver.click("pushButtonSubmit");
     driver.answer_box("Display topology has been updated");
     driver.see_received(1, "//FF01B01FF02B02FF03B03FF04B07");
-    driver.see_received(1, "//BP");
+    driver.see_layout_read_back(1);
     see_grid(driver, changed_grid);
     driver.report_step("layout submitted and asked back: the unit received FF04B07, then //BP");
 }

@@ -44,6 +44,7 @@ void load_settings(Tour_Driver& driver, const QString& path) {
     driver.see_received(2, "//MM C1 150 300 STUDIO");
     driver.see_received(2, "//FF01B01FF02B02FF03B03FF04B07");
     driver.answer_box("Settings file applied");
+    driver.see_layout_read_back(2);
     // A loaded file leaves the blank between the two numbers in the second field.
     driver.see_shown("lineEdit_MouseParking_x", "20");
     driver.see_shown("lineEdit_MouseParking_y", " 80");

@@ -14,8 +14,10 @@
 #include <QElapsedTimer>
 #include <QMessageBox>
 #include <QThread>
+#include <QTimer>
 #include <QWindow>
 
+#include <memory>
 #include <optional>
 
 namespace {
@@ -166,6 +168,19 @@ QString Tour_Driver::shown(const QString& widget) const {
 
 void Tour_Driver::see_received(int unit_number, const QString& command) {
     units.await_command(unit_names[unit_number - 1], command);
+}
+
+void Tour_Driver::see_layout_read_back(int unit_number) {
+    see_received(unit_number, "//BP");
+    // On a serial line the tool reads the answer 1000 ms after it has asked. A timer that starts
+    // after the tool's own, in the same thread and for as long, ends after it.
+    const auto is_read = std::make_shared<bool>(false);
+    in_gui([is_read] {
+        QTimer::singleShot(std::chrono::milliseconds(1000), Qt::PreciseTimer, qApp,
+                           [is_read] { *is_read = true; });
+        return true;
+    });
+    see("the layout asked back", [is_read] { return *is_read; });
 }
 
 void Tour_Driver::report_step(const QString& seen) {

@@ -43,6 +43,10 @@ public:
     /// @param unit_number 1 or 2.
     void see_received(int unit_number, const QString& command);
 
+    /// Waits until a layout that a unit has confirmed was asked back and read. Until then the tool
+    /// takes whatever text it has for that layout, and a Refresh would end it.
+    void see_layout_read_back(int unit_number);
+
     /// Prints the line that ends a step.
     void report_step(const QString& seen);
     /// A picture of the program's windows, named after the step it belongs to.
