@@ -41,56 +41,58 @@ QString Adapter_Fault_Case::title() const {
 }
 
 const std::vector<Adapter_Fault_Case>& adapter_fault_cases() {
-    const QString frozen_login = "The login is tried 100 times, the window frozen meanwhile";
-    const QString search_on = "The search begins anew, the window frozen, until every answer has "
-                              "36 bytes; then all is right.";
-    const QString unread = frozen_login + ", again for each address of the IP settings, which stay "
-                                          "unread with a box each; connecting works.";
+    const QString frozen_login =
+        "The login is tried 100 times, and the window does not react meanwhile";
+    const QString search_on = "The search starts again until every answer has 36 bytes, and the "
+                              "window does not react meanwhile. Then everything is correct.";
+    const QString unread =
+        frozen_login + ", and again for each address in IP Settings. The addresses are not read, a "
+                       "message box appears for each, and connecting works.";
     static const std::vector<Adapter_Fault_Case> cases = {
         {.option = "name-hex",
          .value = "fffe4142",
-         .words = "Replacement characters stand in the name; all else is right.",
+         .words = "Replacement characters appear in the name; everything else is correct.",
          .names = {QString(2, QChar(QChar::ReplacementCharacter)) + "AB"}},
         {.option = "name",
          .value = "",
-         .words = "The list shows the address alone; all is right.",
+         .words = "The list shows only the address; everything is correct.",
          .names = {""}},
         {.option = "name",
          .value = "SIXTEEN-LETTERS.",
-         .words = "A name without a zero byte behind it is shown whole; all is right.",
+         .words = "A name without a zero byte after it is shown completely; everything is correct.",
          .names = {"SIXTEEN-LETTERS."}},
         {.option = "name",
          .value = "<b>BOLD</b>",
-         .words = "The marks are shown as they are; all is right.",
+         .words = "The markup is shown as text; everything is correct.",
          .names = {"<b>BOLD</b>"}},
         {
             .option = "split",
             .value = "100",
-            .words =
-                "Pieces that arrive together are read as one, and all is right; for pieces that "
-                "come apart see the switch's fault chunk.",
+            .words = "Pieces that arrive together are read as one, and everything is correct. For "
+                     "pieces that arrive separately, see the switch's fault chunk.",
         },
         {.option = "delay",
          .value = "300",
-         .words = "All is right: search and login wait 500 ms each. Later than that, a login is "
-                  "tried again; a search listens for 1.5 s in all."},
+         .words = "Everything is correct: search and login wait 500 ms each. With a longer delay, "
+                  "a login is tried again; a search listens for 1.5 s in total."},
         {.option = "copies",
          .value = "0",
-         .words = "The box \"No hardware online\" comes, and the program ends.",
+         .words = "The message box \"No hardware online\" appears, and the program ends.",
          .last_box = "No hardware online",
          .dialogs_before_the_end = 1},
         {.option = "copies",
          .value = "3",
-         .words = frozen_login + "; then the first answer is taken. The list shows the adapter "
-                                 "once.",
+         .words =
+             frozen_login + "; then the first answer is used. The list shows the adapter once.",
          .login_attempts = all_attempts},
         {.option = "silent-search",
-         .words = "The box \"No hardware online\" comes, and the program ends.",
+         .words = "The message box \"No hardware online\" appears, and the program ends.",
          .last_box = "No hardware online",
          .dialogs_before_the_end = 1},
         {.option = "silent-login",
          .value = "2",
-         .words = "The login is tried until it is answered, 2 seconds each; then all is right.",
+         .words = "The login is tried until it is answered; each attempt takes 2 seconds. Then "
+                  "everything is correct.",
          .login_attempts = 3},
         {.option = "silent-login",
          .value = "-1",
@@ -98,9 +100,9 @@ const std::vector<Adapter_Fault_Case>& adapter_fault_cases() {
          .warnings = unread_settings + unread_settings,
          .login_attempts = all_attempts},
         {.option = "never-back",
-         .words = "After Apply IP the settings stay unread with a box each, \"The IP was applied "
-                  "successfully\" comes all the same, and Connect ends the program with \"No "
-                  "connection\". Without Apply IP all is right.",
+         .words = "After Apply IP the addresses are not read, and a message box appears for each. "
+                  "\"The IP was applied successfully\" still appears, and Connect ends the program "
+                  "with \"No connection\". Without Apply IP everything is correct.",
          .warnings = unread_settings,
          .last_box = "No connection",
          .dialogs_before_the_end = 3,
@@ -108,11 +110,11 @@ const std::vector<Adapter_Fault_Case>& adapter_fault_cases() {
         {.option = "search-bytes", .value = "35", .words = search_on, .lasts_searches = 3},
         {.option = "login-bytes",
          .value = "259",
-         .words = frozen_login + "; then the answer is taken as it is.",
+         .words = frozen_login + "; then the answer is used as it is.",
          .login_attempts = all_attempts},
         {.option = "login-bytes",
          .value = "4",
-         .words = "The box \"Bad credentials\" comes, and the login is asked for anew.",
+         .words = "The message box \"Bad credentials\" appears, and the login dialog opens again.",
          .warnings = {"Bad credentials"},
          .login_attempts = 2},
         {.option = "login-bytes",
@@ -123,7 +125,7 @@ const std::vector<Adapter_Fault_Case>& adapter_fault_cases() {
         {.option = "foreign", .value = "20", .words = search_on, .lasts_searches = 3},
         {.option = "foreign",
          .value = "36",
-         .words = "It stands in the list as an adapter of its own at its sender's address.",
+         .words = "It is listed as a separate adapter with its sender's address.",
          .names = {"BBBBBBBBBBBBBBBB", "ADAPTER"}},
     };
     return cases;

@@ -96,11 +96,11 @@ QStringList names_in(const Unit_Snapshot& snapshot) {
     return names;
 }
 
-const QString warned = "The box \"Setting data from TQL error\" comes; ";
+const QString warned = "The message box \"Setting data from TQL error\" appears; ";
 
 std::vector<Switch_Fault_Case> timing_cases() {
-    const Outcome right{.words = "All is right."};
-    const Outcome late{.words = "All is right, so much later."};
+    const Outcome right{.words = "Everything is correct."};
+    const Outcome late{.words = "Everything is correct, with this delay."};
     const Unit_Snapshot first_answer_only =
         joined(joined(no_information, no_layout), {{"km", "3"}});
     const Unit_Snapshot cut_name =
@@ -109,43 +109,44 @@ std::vector<Switch_Fault_Case> timing_cases() {
         {"delay", "200", right, late},
         {"delay",
          "1200",
-         {.words = warned + "the pages show the first answer, 0 for hotkey and parking, and the "
-                            "start values of USB channel and layout. The KM channel comes late, "
-                            "as a notice.",
+         {.words = warned +
+                   "the pages show the first answer; hotkey and parking show 0, and USB channel "
+                   "and layout show their start values. The KM channel arrives late, as a notice.",
           .shown = first_answer_only,
           .warns = true},
          late},
         {"chunk",
          "16",
          right,
-         {.words = warned + "the first piece counts as the whole report: no choice of ports, "
-                            "rolling off, mode absolute, 0 for hotkey and parking, and the start "
-                            "values of the rest.",
+         {.words = warned + "the first piece counts as the whole report: no number of ports is "
+                            "selected, rolling is off, the mode is absolute, hotkey and parking "
+                            "show 0, and everything else shows its start value.",
           .shown = joined(joined(no_information, no_entries_from(1)),
                           {{"ports", nothing}, {"rolling", "off"}, {"mode", "absolute"}}),
           .warns = true,
           .beside = {{"gap", "150"}}}},
         {"gap",
          "150",
-         {.words = "All is right.", .beside = {{"chunk", "64"}}},
-         {.words = warned + "the first piece counts as the whole report: the mouse mode shows "
-                            "absolute, hotkey and parking 0, and what stands behind them the "
-                            "start values. The KM channel comes as a notice.",
+         {.words = "Everything is correct.", .beside = {{"chunk", "64"}}},
+         {.words = warned +
+                   "the first piece counts as the whole report: the mouse mode shows absolute, "
+                   "hotkey and parking show 0, and everything else that the piece does not "
+                   "contain shows its start value. The KM channel arrives as a notice.",
           .shown = joined(joined(no_information, no_entries_from(1)),
                           {{"km", "3"}, {"mode", "absolute"}}),
           .warns = true,
           .beside = {{"chunk", "64"}}}},
         {"gap",
          "1500",
-         {.words = warned + "the pages show what came within 1000 ms, a cut name among it, 0 for "
-                            "hotkey and parking, and the start values of the rest. The KM channel "
-                            "comes late, as a notice.",
+         {.words = warned + "the pages show what arrived within 1000 ms, including a cut name; "
+                            "hotkey and parking show 0, and everything else shows its start value. "
+                            "The KM channel arrives late, as a notice.",
           .shown = cut_name,
           .warns = true,
           .beside = {{"chunk", "100"}}},
-         {.words = warned + "the first piece counts as the whole report, a cut name among it, 0 "
-                            "for hotkey and parking, and the start values of the rest. The KM "
-                            "channel comes late, as a notice.",
+         {.words = warned + "the first piece counts as the whole report, including a cut name; "
+                            "hotkey and parking show 0, and everything else shows its start value. "
+                            "The KM channel arrives late, as a notice.",
           .shown = cut_name,
           .warns = true,
           .beside = {{"chunk", "100"}}}},
@@ -162,51 +163,59 @@ std::vector<Switch_Fault_Case> text_cases() {
                                     {"audio", as_at_start}});
     return {
         same_on_both_paths("crlf", {},
-                           {.words = "Cursor rolling, mouse mode and buzzer show off, absolute "
-                                     "and off. The CR stays in texts; all numbers are right.",
+                           {.words = "Cursor rolling shows off, the mouse mode absolute, and the "
+                                     "buzzer off. The CR stays in texts; all numbers are correct.",
                             .shown = with_carriage_returns()}),
         {"nul",
          {},
-         {.words = warned + "what stands behind the byte is lost, and what stands before it runs "
-                            "into the next answer: a wrong name is shown for the first custom "
-                            "entry, 0 for parking, and the start values of USB channel, entries, "
-                            "resolutions, buzzer, layout and audio.",
+         {.words =
+              warned +
+              "the text after the NUL byte is lost, and the text before it runs into the next "
+              "answer: the first custom entry shows a wrong name, parking shows 0, and USB "
+              "channel, entries, resolutions, buzzer, layout and audio show their start values.",
           .shown = behind_the_byte,
           .warns = true,
           .beside = {{"delay", "50"}}},
-         {.words = warned + "what stands behind the byte is lost: 0 for hotkey and parking, and "
-                            "the start values of the channels, resolutions, buzzer, layout and "
-                            "audio. On the Pro the first resolution comes through, and the buzzer "
-                            "shows off.",
+         {.words = warned +
+                   "the text after the NUL byte is lost: hotkey and parking show 0, and "
+                   "channels, resolutions, buzzer, layout and audio show their start values. "
+                   "On the Pro the first resolution arrives, and the buzzer shows off.",
           .shown = joined(joined(no_information, no_resolutions), {{"audio", as_at_start}}),
           .warns = true},
          {{"resolution 1", "2"}, {"buzzer", "off"}}},
         {"invalid-utf8",
          {},
-         {.words = "Replacement characters stand behind the hotkey and in the terminal; all else "
-                   "is right.",
+         {.words = "Replacement characters appear after the hotkey and in the terminal; everything "
+                   "else is correct.",
           .shown = {{"hotkey", "Scroll Lock" + replacement}}},
-         {.words = "Replacement characters stand in the terminal; all else is right."}},
+         {.words = "Replacement characters appear in the terminal; everything else is correct."}},
         {"oversize",
          {},
-         {.words = warned + "what is longer than 1000 characters drops itself: no choice of ports, "
-                            "rolling off, mode absolute, 0 for hotkey and parking, and the start "
-                            "values of the rest. The KM channel comes as a notice.",
+         {.words = warned +
+                   "a report of more than 1000 characters is dropped: no number of ports is "
+                   "selected, rolling is off, the mode is absolute, hotkey and parking show 0, and "
+                   "everything else shows its start value. The KM channel arrives as a notice.",
           .shown =
               joined(joined(no_information, no_entries_from(1)),
                      {{"km", "3"}, {"ports", nothing}, {"rolling", "off"}, {"mode", "absolute"}}),
           .warns = true,
           .beside = {{"chunk", "100"}}},
-         {.words = "All is right: there is no limit on this path."}},
+         {.words = "Everything is correct: the network has no limit."}},
         same_on_both_paths(
             "markup", {},
-            {"The marks are shown as they are; names lose their blanks in lists.", marked_up()}),
+            {"The markup is shown as text; the lists show names without spaces.", marked_up()}),
         same_on_both_paths(
             "silent", {},
-            {"The indicator stays red, the controls stay off, no box.", {}, false, false}),
+            {"The indicator stays red, the controls stay disabled, and no message box appears.",
+             {},
+             false,
+             false}),
         same_on_both_paths(
             "disappear", {},
-            {"The indicator stays red, the controls stay off, no box.", {}, false, false}),
+            {"The indicator stays red, the controls stay disabled, and no message box appears.",
+             {},
+             false,
+             false}),
     };
 }
 
@@ -214,8 +223,8 @@ std::vector<Switch_Fault_Case> missing_cases() {
     const QString entry_words = warned + "the names before this one are in the lists; entries, "
                                          "resolutions, buzzer and layout keep their start values.";
     return {
-        missing("//RL", {"All is right: KM marks the unit as well."}),
-        missing("KM Port Limit: ", {"No number of ports is chosen.", {{"ports", nothing}}}),
+        missing("//RL", {"Everything is correct: KM is a marker, too."}),
+        missing("KM Port Limit: ", {"No number of ports is selected.", {{"ports", nothing}}}),
         missing("KM Cursor Rolling: ", {"Cursor rolling shows off.", {{"rolling", "off"}}}),
         missing("KM tracking mode: ", {"The mouse mode shows absolute.", {{"mode", "absolute"}}}),
         missing("C1\t", {entry_words, no_entries_from(1), true}),
@@ -233,8 +242,8 @@ std::vector<Switch_Fault_Case> missing_cases() {
                 {"The USB channel keeps its start value.", {{"usb", as_at_start}}}),
         missing("Current parking location: X=",
                 {"Parking shows 0 in both fields.", {{"parking x", "0"}, {"parking y", "0"}}}),
-        missing("//FF",
-                {warned + "the layout keeps its start value; all else is right.", no_layout, true}),
+        missing("//FF", {warned + "the layout keeps its start value; everything else is correct.",
+                         no_layout, true}),
         missing("**A", {"The audio boxes keep their start values.", {{"audio", as_at_start}}}),
     };
 }
