@@ -11,36 +11,36 @@ namespace {
 constexpr int max_adapters = 1000;
 constexpr int largest_datagram = 65507;
 
-// With these words the help marks an option as a fault.
+// Marks an option as a fault in the help text.
 const QString fault_mark = "Fault:";
 
 QList<QCommandLineOption> all_options() {
     return {
-        {"count", "How many adapters, at addresses counted up from the first.", "number", "1"},
-        {"address", "Address of the first one, within 127.0.0.0/8.", "ip", "127.0.0.2"},
-        {"dhcp-address", "Address it gets when set to DHCP; its first one unless given.", "ip"},
+        {"count", "Number of adapters, at consecutive addresses.", "number", "1"},
+        {"address", "Address of the first adapter, within 127.0.0.0/8.", "ip", "127.0.0.2"},
+        {"dhcp-address", "Address after a change to DHCP; by default the first address.", "ip"},
         {"allocation", "\"dhcp\" or \"static\".", "kind", "dhcp"},
-        {"gateway", "Its default gateway.", "ip", "127.0.0.1"},
-        {"subnet-mask", "Its subnet mask.", "mask", "255.0.0.0"},
-        {"mac", "MAC address of the first one, 12 hex digits.", "digits", "d8b04c000002"},
-        {"name", "Its name, 16 bytes at most.", "text", "ADAPTER"},
-        {"name-hex", "Fault: the name's bytes, for one that is no text.", "digits"},
-        {"user", "User name, 6 bytes at most.", "text", "admin"},
-        {"password", "Password, 6 bytes at most.", "text", "admin"},
+        {"gateway", "Default gateway.", "ip", "127.0.0.1"},
+        {"subnet-mask", "Subnet mask.", "mask", "255.0.0.0"},
+        {"mac", "MAC address of the first adapter, 12 hex digits.", "digits", "d8b04c000002"},
+        {"name", "Name, at most 16 bytes.", "text", "ADAPTER"},
+        {"name-hex", "Fault: the bytes of a name that is not text.", "digits"},
+        {"user", "User name, at most 6 bytes.", "text", "admin"},
+        {"password", "Password, at most 6 bytes.", "text", "admin"},
         {"switch", "The switch behind port 23: \"plus\", \"pro\" or \"none\".", "model", "plus"},
-        {"split", "Fault: bytes of a switch's answer in one datagram; 0 for all in one.", "bytes",
-         "0"},
-        {"away", "Milliseconds between an apply and coming back.", "ms", "1000"},
+        {"split", "Fault: bytes of a switch's answer in one datagram; 0 for all.", "bytes", "0"},
+        {"away", "Milliseconds from an apply until the adapter is back.", "ms", "1000"},
         {"delay", "Fault: milliseconds before each answer.", "ms", "0"},
-        {"copies", "Fault: how often each answer is sent.", "number", "1"},
+        {"copies", "Fault: number of times that each answer is sent.", "number", "1"},
         {"silent-search", "Fault: no answer to searches."},
-        {"silent-login", "Fault: how many logins are not answered; -1 for all.", "number", "0"},
+        {"silent-login", "Fault: number of logins that are not answered; -1 for all.", "number",
+         "0"},
         {"never-back", "Fault: does not come back after an apply."},
         {"search-bytes", "Fault: size of the answer to a search.", "bytes", "36"},
         {"login-bytes", "Fault: size of the answer to a login.", "bytes", "260"},
-        {"foreign", "Fault: a foreign datagram ahead of each answer to a search.", "bytes"},
+        {"foreign", "Fault: size of a foreign datagram before each search answer.", "bytes"},
         {"switch-fault",
-         "Fault of the switch: one that halvern-sim knows, such as crlf or missing=Buzzer. Can be "
+         "Fault of the switch, as in halvern-sim, such as crlf or missing=Buzzer. Can be "
          "given several times.",
          "fault"},
     };
@@ -53,11 +53,10 @@ void describe(QCommandLineParser& parser) {
         "  unshare -Urn sh -c 'ip link set lo up;\n"
         "      ip route add 255.255.255.255 dev lo src 127.0.0.1; halvern-sim-adapter'\n"
         "\n"
-        "Each adapter answers searches, logins and configuration frames on UDP port 1901, keeps "
-        "its\n"
-        "configuration, goes away and comes back after an apply, and has a switch behind UDP port\n"
-        "23. Every frame it takes is printed with what it made of it. Outside a private network\n"
-        "nothing is bound, and the exit code is 2.");
+        "Each adapter answers searches, logins and configuration frames on UDP port 1901, stores\n"
+        "its configuration, restarts after an apply, and has a switch behind UDP port 23. Every\n"
+        "received frame is printed with the reaction to it. Outside a private network no port is\n"
+        "bound, and the exit code is 2.");
     parser.addHelpOption();
     parser.addOptions(all_options());
 }
@@ -81,7 +80,7 @@ public:
         Fault_Plan plan;
         for (const QString& text : parser.values(option)) {
             if (!set_fault(plan, text.section('=', 0, 0), text.section('=', 1))) {
-                set_error(option, "a fault as halvern-sim --help tells them");
+                set_error(option, "a fault from halvern-sim --help");
             }
         }
         return plan;
@@ -120,7 +119,7 @@ private:
 
     void set_error(const QString& option, const QString& wanted) {
         if (error.isEmpty()) {
-            error = QString("--%1 wants %2").arg(option, wanted);
+            error = QString("--%1 must be %2").arg(option, wanted);
         }
     }
 
@@ -187,7 +186,7 @@ std::optional<Adapter_Options> read_adapter_options(const QStringList& arguments
     options.switch_faults = reader.switch_faults("switch-fault");
     options.switch_model = reader.one_of("switch", {"plus", "pro", "none"});
     if (!parser.positionalArguments().isEmpty()) {
-        error = "no arguments but options are wanted";
+        error = "only options are allowed";
     }
     if (!error.isEmpty()) {
         return std::nullopt;

@@ -54,15 +54,16 @@ const std::vector<Fault_Word>& fault_names() {
     static const std::vector<Fault_Word> words = {
         {"delay", "ms", "Wait this long before each answer.", set_delay},
         {"chunk", "bytes", "Send answers in pieces of this size.", set_chunk},
-        {"gap", "ms", "Wait this long between two pieces (5 unless set).", set_gap},
-        {"crlf", "", "End lines in CR LF.", set_crlf},
-        {"nul", "", "Put a NUL byte in the middle of each answer.", set_nul},
-        {"invalid-utf8", "", "Put bytes that are no UTF-8 in each answer.", set_invalid_utf8},
-        {"missing", "key", "Leave out the lines that hold this key.", set_missing},
+        {"gap", "ms", "Wait this long between two pieces (default 5).", set_gap},
+        {"crlf", "", "End lines with CR LF.", set_crlf},
+        {"nul", "", "Put a NUL byte into the middle of each answer.", set_nul},
+        {"invalid-utf8", "", "Put bytes that are not valid UTF-8 into each answer.",
+         set_invalid_utf8},
+        {"missing", "key", "Leave out the lines that contain this key.", set_missing},
         {"oversize", "", "Make each answer longer than 1000 characters.", set_oversize},
         {"markup", "", "Write the hotkey and the custom names as HTML.", set_markup},
-        {"silent", "", "Carry out commands without answering.", set_silent},
-        {"disappear", "", "Leave the line instead of answering.", set_disappear},
+        {"silent", "", "Execute commands without answering.", set_silent},
+        {"disappear", "", "Disconnect instead of answering.", set_disappear},
     };
     return words;
 }

@@ -16,10 +16,10 @@ namespace {
 constexpr int exit_wrong_arguments = 1;
 constexpr int exit_no_private_network = 2;
 
-/// One line at once, so that whoever reads along never waits for it.
+/// Flushes each line, so that a reader at the other end of a pipe gets it at once.
 void print_line(const QString& line) { QTextStream(stdout) << line << Qt::endl; }
 
-/// A switch of its own for an adapter.
+/// The switch behind one adapter.
 struct Own_Switch {
     Own_Switch(Simulated_Adapter& adapter, const Adapter_Options& options)
         : unit(options.switch_model == "pro" ? Switch_Model::pro : Switch_Model::plus),
@@ -38,7 +38,7 @@ void print_doings(const Simulated_Adapter& adapter) {
     QObject::connect(
         &adapter, &Simulated_Adapter::frame_taken, &adapter,
         [address](const QByteArray& frame, const Adapter_Reaction& reaction) {
-            print_line(QString("%1 took %2: %3")
+            print_line(QString("%1 received %2: %3")
                            .arg(address(), QString::fromLatin1(frame.toHex()), reaction.note));
         });
     QObject::connect(
@@ -47,7 +47,7 @@ void print_doings(const Simulated_Adapter& adapter) {
             print_line(QString("%1 switch command: %2").arg(address(), QString::fromUtf8(command)));
         });
     QObject::connect(&adapter, &Simulated_Adapter::came_back, &adapter, [address, &adapter] {
-        print_line(address() + (adapter.is_online() ? " came back" : " can't be had"));
+        print_line(address() + (adapter.is_online() ? " came back" : " is not available"));
     });
 }
 
@@ -56,7 +56,7 @@ bool add_adapters(Adapter_Network& network, const Adapter_Options& options,
     for (int number = 0; number < options.count; ++number) {
         Simulated_Adapter& adapter = network.add(Adapter_Network::numbered(options.first, number));
         if (!adapter.is_online()) {
-            print_line(adapter.unit().state().address.toString() + " can't be had");
+            print_line(adapter.unit().state().address.toString() + " is not available");
             return false;
         }
         adapter.unit().set_faults(options.faults);
@@ -85,7 +85,7 @@ int main(int argc, char* argv[]) {
     Own_Switches switches;
     if (!network.start() || !add_adapters(network, *options, switches)) {
         QTextStream(stderr)
-            << "No private network with a free port 1901; --help tells how to make one."
+            << "No private network with a free port 1901; --help shows how to create one."
             << Qt::endl;
         return exit_no_private_network;
     }

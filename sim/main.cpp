@@ -18,14 +18,14 @@ constexpr int not_understood_status = 2;
 constexpr int not_started_status = 127;
 constexpr int signal_status_base = 128;
 
-/// At once: whoever reads the output through a pipe waits for the port names.
+/// Flushes each line, because a reader at the other end of a pipe waits for the port names.
 void print(const QString& line) {
     std::puts(line.toLocal8Bit().constData());
     std::fflush(stdout);
 }
 
-/// The library stands beside the program in the build folder, and in a folder of its own where the
-/// program is installed. Both are told from where the program is, so that it can be moved.
+/// The library is next to the program in the build folder, and in a separate folder in an
+/// installation. Both paths are relative to the program, so that it can be moved.
 QString find_port_list_library() {
     const QDir here(QCoreApplication::applicationDirPath());
     for (const char* place : {"", HALVERN_INSTALLED_LIBRARIES "/"}) {
@@ -38,15 +38,15 @@ QString find_port_list_library() {
 }
 
 void print_how_to_start(const Simulator_Console& console) {
-    print("Start the tool on them with:");
+    print("Start Halvern with these ports:");
     print(QString("  %1=%2 LD_PRELOAD=%3 halvern")
               .arg(port_list_variable,
                    QString::fromLocal8Bit(port_list_value(console.device_names())),
                    find_port_list_library()));
-    print("Lines of input act on the units; \"help\" lists them.");
+    print("Lines of input control the units; \"help\" lists the commands.");
 }
 
-/// Runs the program on the units; this process ends with it and with its status.
+/// Runs the program with the units. This process ends when the program ends, with its status.
 void run_program(const QStringList& command, const Simulator_Console& console, QProcess& process) {
     process.setProcessEnvironment(environment_with_ports(QProcessEnvironment::systemEnvironment(),
                                                          console.device_names(),
@@ -66,7 +66,7 @@ void run_program(const QStringList& command, const Simulator_Console& console, Q
     process.start(command.first(), command.mid(1));
 }
 
-/// Ends the program first, whose end then ends this process.
+/// Ends the program first; its end then ends this process.
 void end(QProcess& process) {
     if (process.state() == QProcess::NotRunning) {
         QCoreApplication::quit();

@@ -64,7 +64,7 @@ void Simulator_Console::set_up_unit(int number) {
                 keep_state();
             });
     connect(unit, &Simulated_Switch::vanished, this,
-            [this, number] { print_line(QString("Unit %1 has left the line.").arg(number)); });
+            [this, number] { print_line(QString("Unit %1 has disconnected.").arg(number)); });
     if (simulator_options.vanish_after) {
         // Every command starts a wait; the first to end takes the unit off the line.
         connect(unit, &Simulated_Switch::command_received, unit,
@@ -99,7 +99,7 @@ void Simulator_Console::carry_out(const QString& line) {
         text = text.section(' ', 1).trimmed();
     }
     if (number < 1 || number > static_cast<qsizetype>(units.size())) {
-        print_line("There is no such unit.");
+        print_line("This unit does not exist.");
         return;
     }
     carry_out(*units[static_cast<std::size_t>(number - 1)], text.section(' ', 0, 0),
@@ -126,7 +126,7 @@ void Simulator_Console::carry_out(Simulated_Switch& unit, const QString& verb,
     } else if (verb == "quit") {
         emit quit_wanted();
     } else {
-        print_line(QString("Not understood: %1. Try: %2").arg(verb, short_help));
+        print_line(QString("Unknown command: %1. Commands: %2").arg(verb, short_help));
     }
 }
 
@@ -155,7 +155,7 @@ void Simulator_Console::change_faults(Simulated_Switch& unit, const QString& res
             names.append(word.name +
                          (word.value_name.isEmpty() ? "" : " " + word.value_name.toUpper()));
         }
-        print_line(QString("No such fault. There are: none, %1.").arg(names.join(", ")));
+        print_line(QString("Unknown fault. Faults: none, %1.").arg(names.join(", ")));
         return;
     }
     unit.set_faults(plan);

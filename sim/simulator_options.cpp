@@ -16,33 +16,33 @@ constexpr int max_units = 32;
 
 const char description[] = R"(
 Simulates keyboard-and-mouse switches on pseudo-terminals, so that Halvern can
-be used without hardware. The first lines of the output name the ports and tell
-how to start the tool on them. From then on each command that a unit receives
-is printed with the time.
+be used without hardware. The first lines of the output list the ports and show
+how to start Halvern with them. After that, each command that a unit receives is
+printed with the time.
 
 INPUT
-  Lines on the standard input act on the first unit, or with "#N" in front on
-  unit N:
-    both N           put all on channel N, as the unit's hotkey does
-    km N, usb N      put keyboard and mouse, or USB, on channel N
+  Commands on the standard input apply to the first unit. With "#N" in front, they
+  apply to unit N:
+    both N           switch everything to channel N, as the unit's hotkey does
+    km N, usb N      switch keyboard and mouse, or USB, to channel N
     report           print what the unit would report
     send TEXT        send a line of text
     fault NAME [VALUE]   add a fault, by the name of its option
-    fault none       answer faultlessly again
-    vanish           leave the line for good
-    help             list these lines
-    quit             end
+    fault none       remove all faults
+    vanish           disconnect the unit for good
+    help             list these commands
+    quit             quit
 
 ENVIRONMENT
-  A PROGRAM behind "--" is started with
+  A PROGRAM after "--" is started with
     HALVERN_SIM_PORTS   the names of the ports, separated by colons
-    LD_PRELOAD          the library that answers for libudev with these names
-  and sees no other serial port. halvern-sim ends with it.
+    LD_PRELOAD          the library that replaces libudev and lists these ports
+  and has no other serial ports. halvern-sim ends when the program ends.
 
 EXIT STATUS
-  That of PROGRAM, 128 and the signal if a signal ended it, 127 if it cannot be
-  started. Without PROGRAM 0, on SIGINT and SIGTERM as well. 2 if the command
-  line is not understood.
+  The status of PROGRAM; 128 plus the signal number if a signal ended it; 127 if
+  it cannot be started. Without PROGRAM it is 0, also after SIGINT and SIGTERM.
+  2 if the command line is wrong.
 
 EXAMPLES
   halvern-sim --units 2 -- ./halvern
@@ -59,18 +59,18 @@ struct Simulator_Option_Parser {
             parser.addOption({word.name, word.description, word.value_name});
         }
         parser.addOptions({vanish_after, state_file, end_with_input, help});
-        parser.addPositionalArgument("program", "Program to run on the units.",
+        parser.addPositionalArgument("program", "Program to start with the units.",
                                      "[-- PROGRAM [ARGUMENT...]]");
     }
 
     QCommandLineOption model{"model", "Model of the units: lite, plus or pro.", "model", "lite"};
     QCommandLineOption units{"units", "Number of units.", "n", "1"};
-    QCommandLineOption vanish_after{"vanish-after",
-                                    "Leave the line this long after the first command.", "ms"};
+    QCommandLineOption vanish_after{"vanish-after", "Disconnect this long after the first command.",
+                                    "ms"};
     QCommandLineOption state_file{
-        "state-file", "Read the units' settings from this file, and keep them there.", "file"};
-    QCommandLineOption end_with_input{"end-with-input", "End when the standard input ends."};
-    QCommandLineOption help{QStringList{"h", "help"}, "Print this text and end."};
+        "state-file", "Read the units' settings from this file and save them there.", "file"};
+    QCommandLineOption end_with_input{"end-with-input", "Quit when the standard input ends."};
+    QCommandLineOption help{QStringList{"h", "help"}, "Print this text and quit."};
     QCommandLineParser parser;
 };
 

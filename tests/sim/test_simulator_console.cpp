@@ -99,7 +99,7 @@ void Test_Simulator_Console::lines_act_on_the_first_unit_or_on_the_numbered_one(
     QVERIFY(wait_until([&] { return bench.received == "second\n"; }));
     bench.console.carry_out("#3 send third");
     bench.console.carry_out("#0 send third");
-    QCOMPARE(bench.lines, QStringList({"There is no such unit.", "There is no such unit."}));
+    QCOMPARE(bench.lines, QStringList({"This unit does not exist.", "This unit does not exist."}));
 }
 
 void Test_Simulator_Console::channel_lines_send_their_notice_data() {
@@ -148,7 +148,7 @@ void Test_Simulator_Console::report_prints_the_unit_s_settings() {
 void Test_Simulator_Console::vanish_takes_the_unit_off_the_line() {
     Console_And_Reader bench;
     bench.console.carry_out("vanish");
-    QCOMPARE(bench.lines, QStringList("Unit 1 has left the line."));
+    QCOMPARE(bench.lines, QStringList("Unit 1 has disconnected."));
     QVERIFY(wait_until([&] { return is_hung_up(bench.port); }));
 }
 
@@ -157,7 +157,7 @@ void Test_Simulator_Console::a_unit_vanishes_by_itself_after_its_first_command()
     options.vanish_after = std::chrono::milliseconds(30);
     Console_And_Reader bench(options);
     QVERIFY(bench.answers("//c2", "**C 2\n"));
-    QVERIFY(wait_until([&] { return bench.lines.contains("Unit 1 has left the line."); }));
+    QVERIFY(wait_until([&] { return bench.lines.contains("Unit 1 has disconnected."); }));
     QVERIFY(wait_until([&] { return is_hung_up(bench.port); }));
 }
 
@@ -189,7 +189,7 @@ void Test_Simulator_Console::help_and_mistakes_are_answered_data() {
     QTest::newRow("help") << "help"
                           << "fault NAME";
     QTest::newRow("unknown") << "dance"
-                             << "Not understood: dance";
+                             << "Unknown command: dance";
     QTest::newRow("channel") << "km 5"
                              << "from 1 to 4";
     QTest::newRow("no channel") << "both"

@@ -215,7 +215,7 @@ void Test_Simulated_Adapter::the_program_prints_what_it_takes() {
     QCOMPARE(tool.writeDatagram(login(), QHostAddress::Broadcast, 1901), 22);
     QVERIFY(tool.waitForReadyRead(patience_ms));
     QCOMPARE(tool.pendingDatagramSize(), 260);
-    const QString line = "127.0.0.2 took " + login().toHex() + ": login, answered";
+    const QString line = "127.0.0.2 received " + login().toHex() + ": login, answered";
     QVERIFY(wait_until([&] { return adapters.lines().contains(line); }));
     QCOMPARE(adapters.lines(), QStringList({"2 adapter(s) from 127.0.0.2 on", line}));
 }
@@ -247,15 +247,15 @@ void Test_Simulated_Adapter::the_program_turns_wrong_arguments_down_data() {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("error");
     QTest::newRow("no number") << QStringList({"--count", "many"})
-                               << "--count wants a number from 1 to 1000";
+                               << "--count must be a number from 1 to 1000";
     QTest::newRow("no address") << QStringList({"--address", "here"})
-                                << "--address wants an IPv4 address";
+                                << "--address must be an IPv4 address";
     QTest::newRow("long name") << QStringList({"--name", "seventeen letters"})
-                               << "--name wants at most 16 bytes";
+                               << "--name must be at most 16 bytes";
     QTest::newRow("unknown model")
-        << QStringList({"--switch", "lite"}) << "--switch wants one of plus, pro, none";
+        << QStringList({"--switch", "lite"}) << "--switch must be one of plus, pro, none";
     QTest::newRow("argument without option")
-        << QStringList("please") << "no arguments but options are wanted";
+        << QStringList("please") << "only options are allowed";
 }
 
 void Test_Simulated_Adapter::the_program_turns_wrong_arguments_down() {
