@@ -6,10 +6,10 @@
 
 class QWidget;
 
-/// Runs a step that interrupts the user, such as showing a box. At once if no mouse button is down.
-/// Otherwise once the click has done its work: the button is up again, and what the click has
-/// opened is closed again, a list or a box. A box that opened between press and release would
-/// swallow the click and leave the button drawn pressed.
+/// Runs a step that interrupts the user, such as showing a message box. If no mouse button is down,
+/// it runs at once. Otherwise it runs after the click: when the button is released, and a list or
+/// message box that the click opened is closed. A message box that opened between press and release
+/// would swallow the click and leave the button drawn pressed.
 ///
-/// Nothing runs if the asking widget's window is no longer shown by then: it is being closed.
+/// The step does not run if the widget's window is no longer shown by then, as it is closing.
 void run_after_click(QWidget& asker, std::function<void()> step);

@@ -4,15 +4,15 @@
 
 class QWidget;
 
-/// For people who use a keyboard alone or a screen reader, in any window or dialog of the program;
-/// to be called once its form and its values are set.
+/// Makes a window or dialog usable with the keyboard alone and with a screen reader. Call it when
+/// the form is built and its values are set.
 ///
-///  - Each control has a name that a screen reader says; where a label stands beside it, that
-///  label.
-///  - Enter presses the button that goes on without changing a device, also while a field has the
+///  - Each control has a name that a screen reader says. If the control has a label, this is the
+///  name.
+///  - Enter presses the button that continues without changing a device, also while a field has the
 ///    focus.
-///  - The focus starts where one types or chooses first. Tab leaves the layout's grid.
+///  - The focus starts where the user types or chooses first. Tab leaves the layout's grid.
 ///
-/// Controls are found by their object names. The connection indicator's name is its state, which
-/// the left menu sets.
+/// Controls are found by their object names. The name of the connection indicator is its state,
+/// which the left menu sets.
 void assist_keyboard_and_screen_reader(QWidget& window);

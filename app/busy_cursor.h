@@ -5,8 +5,8 @@
 #include <QCursor>
 #include <QGuiApplication>
 
-/// Shows the wait cursor as long as it exists: while the program serves no events. It has to be
-/// gone before a box asks for an answer.
+/// Shows the wait cursor as long as the object exists: while the program processes no events. It
+/// must be destroyed before a message box asks for an answer.
 class Busy_Cursor {
 public:
     Busy_Cursor() {

@@ -5,9 +5,9 @@
 class QString;
 class QWidget;
 
-/// The deliberate ends of the process, where a window can't go on: exit status 1. No destructor of
-/// a window runs; the event log keeps what it has.
+/// Ends the process on purpose when a window cannot continue: exit status 1. No destructor of a
+/// window runs; the event log keeps what has been written.
 [[noreturn]] void end_process();
 
-/// Tells why, in a box with the title " " on a window, and ends the process when it is closed.
+/// Shows the reason in a message box with the title " " and ends the process when it is closed.
 [[noreturn]] void end_process_after_warning(QWidget& window, const QString& reason);

@@ -12,7 +12,7 @@ class Select_KM_type_Dialog;
 }
 
 /// Asks which of the three switch models is to be configured. Pro is preselected. Continue hides
-/// the dialog, which ends exec(); a dialog closed in any other way leaves get_km_type() empty.
+/// the dialog, which ends exec(). If it is closed in any other way, get_km_type() stays empty.
 class Select_KM_type_Dialog : public QDialog {
     Q_OBJECT
 

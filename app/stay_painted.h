@@ -4,8 +4,8 @@
 
 class QWidget;
 
-/// Hides a dialog, which ends its exec(), and leaves its picture in its place until the program
-/// serves events again: by then the next window is shown. Without it there would be nothing on the
-/// screen while the adapter code blocks the thread in between. Wayland shows no window of a blocked
-/// program; there is no picture there.
+/// Hides a dialog, which ends its exec(), and shows a picture of it in its place until the program
+/// processes events again: by then the next window is shown. Without the picture, the screen would
+/// be empty while the adapter code blocks the thread. On Wayland a blocked program cannot show a
+/// window, so there is no picture.
 void hide_and_stay_painted(QWidget& dialog);

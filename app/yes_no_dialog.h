@@ -25,7 +25,7 @@ public:
     [[nodiscard]] QString get_result_text() const { return result_text; }
 
 protected:
-    /// Closing by the frame counts as "Cancel".
+    /// Closing by the title bar counts as "Cancel".
     void closeEvent(QCloseEvent* event) override;
 
 private slots:

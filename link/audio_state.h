@@ -19,16 +19,16 @@ struct Audio_State {
     bool operator==(const Audio_State&) const = default;
 };
 
-/// The command that brings a unit to this state: "//a 0", "//a f", "//a 1 3", "//a x".
+/// The command that sets a unit to this state: "//a 0", "//a f", "//a 1 3", "//a x".
 QString audio_command(const Audio_State& state);
 
 /// The state as a settings file records it: "ALL", "FOLLOW", "13"; without any channel the command
 /// text "//a x".
 QString audio_state_text(const Audio_State& state);
 
-/// What a value text says. Blanks do not count.
+/// Reads a value text. Spaces are ignored.
 struct Audio_Reading {
-    /// Nothing for a text without content: the panel stays. An unknown text clears the panel.
+    /// Empty for a text without content: the panel stays. An unknown text clears the panel.
     std::optional<Audio_State> state;
     /// Whether the text was understood.
     bool recognised = false;

@@ -9,13 +9,13 @@
 #include <string>
 
 /// Turns command texts into the bytes that go to the switch: the text, then one carriage return
-/// (0x0D). The switch wants no line feed, length or checksum.
+/// (0x0D). The switch expects no line feed, length or checksum.
 ///
-/// The text passes through hexadecimal digits on its way, and leaves them as it was, byte for byte.
-/// Each step reports its own failure and hands an empty value to the next.
+/// The text is converted to hexadecimal digits and back, which changes no byte. Each step reports
+/// its own failure and passes an empty value to the next step.
 class Command_Encoder {
 public:
-    /// Takes a failure's text to the log and the user.
+    /// Writes the text of a failure to the log and shows it.
     using Failure_Report = std::function<void(const std::string& text)>;
 
     explicit Command_Encoder(Failure_Report report_failure);

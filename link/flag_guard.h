@@ -2,8 +2,8 @@
 
 #pragma once
 
-/// Holds a flag at one value for the length of a scope and leaves the opposite behind, whatever
-/// stood there before.
+/// Sets a flag to one value for the duration of a scope, and then to the opposite, independent of
+/// its value before.
 class Flag_Guard {
 public:
     Flag_Guard(bool& guarded, bool value_in_scope) : flag(guarded), value(value_in_scope) {

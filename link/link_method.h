@@ -2,7 +2,7 @@
 
 #pragma once
 
-/// The two ways to a switch.
+/// The two kinds of link to a switch.
 enum class Link_Method {
     serial,
     /// Through an adapter.

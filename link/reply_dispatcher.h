@@ -14,15 +14,15 @@ class QObject;
 class Reply_Handler;
 struct Session_State;
 
-/// Gathers the switch's free text, acts on what must be acted on at once, and decides when a report
-/// is complete: on the serial line when 1000 ms have passed since its first chunk, for nothing in
-/// the text ends it; on the network at the first chunk.
+/// Collects the switch's free text, handles what must be handled at once, and decides when a report
+/// is complete: on the serial line 1000 ms after its first chunk, because nothing in the text marks
+/// its end; on the network with the first chunk.
 class Reply_Dispatcher {
 public:
     /// From the first chunk of a report to its parsing, and from the confirmation of a new layout
     /// to its reading: the unit answers all questions within this time.
     static constexpr int report_wait_ms = 1000;
-    /// The buffer is emptied before a chunk if it holds more characters than this.
+    /// The buffer is cleared before a chunk is added if it has more characters than this.
     static constexpr qsizetype buffer_limit = 1000;
 
     /// @param window the object whose slots get_data_from_TQL_by_serial_port() and
@@ -30,9 +30,9 @@ public:
     Reply_Dispatcher(Session_State& session_state, Command_Writer& command_writer,
                      Reply_Handler& reply_handler, QObject& window, Notice_Order network_order);
 
-    /// One chunk from the serial line. Text behind a NUL byte is lost.
+    /// One chunk from the serial line. Text after a NUL byte is lost.
     void take_serial_chunk(const QByteArray& raw);
-    /// One chunk from the network, taken for a whole report.
+    /// One chunk from the network, treated as a whole report.
     void take_network_chunk(const QByteArray& raw);
 
     /// The serial report counts as complete: all three reports are read from the one buffer.

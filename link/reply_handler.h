@@ -6,7 +6,7 @@
 
 #include <string>
 
-/// What the reply dispatcher hands its findings to.
+/// Receives what the reply dispatcher finds.
 class Reply_Handler {
 public:
     virtual ~Reply_Handler() = default;
@@ -25,6 +25,6 @@ public:
     virtual void parse_usb_notice(const std::string& text) = 0;
     /// Look for an audio state in a text; nothing on a model without audio.
     virtual void apply_audio_reply(const std::string& text) = 0;
-    /// Takes a failure to the log and the user.
+    /// Writes a failure to the log and shows it.
     virtual void report_failure(const std::string& text) = 0;
 };

@@ -6,10 +6,10 @@
 
 #include <string>
 
-/// The state of the conversation with the switch: reply text and flags, held by the session and
+/// The state of the communication with the switch: reply text and flags, owned by the session and
 /// shared by everything that reads or writes the link.
 struct Session_State {
-    /// All reply text since it was last emptied.
+    /// All reply text since the last clearing.
     QString received_buff;
     /// Text of the information report that is applied next.
     std::string info_buff;
@@ -18,10 +18,10 @@ struct Session_State {
     /// Text of the layout report.
     std::string layout_buff;
 
-    /// writeCommand sends only while this is true. The settings loader lowers it.
+    /// writeCommand sends only while this is true. Loading a settings file clears it.
     bool write_enabled = false;
     /// A change of a widget came from the user and is to be sent. False while the program itself
-    /// moves widgets.
+    /// changes widgets.
     bool ui_changes_enabled = false;
     /// The next click on Refresh asks the switch.
     bool refresh_enabled = true;
@@ -33,8 +33,8 @@ struct Session_State {
     bool km_connected = false;
     /// The switch has confirmed a new layout.
     bool layout_saved_pending = false;
-    /// received_buff is to be emptied once no report is under way.
+    /// received_buff is to be cleared when no report is being received.
     bool buff_clear_pending = false;
-    /// The buffer belongs to a report; a notice must not empty it.
+    /// The buffer belongs to a report; a notice must not clear it.
     bool report_in_progress = false;
 };

@@ -11,9 +11,9 @@ struct Session_Traits {
     bool has_audio;
     /// Closing a link's device disables the controls. Else OFF does, if a switch had answered.
     bool controls_fall_with_device;
-    /// A device that can't be closed is reported, as "Close serial error" or "Close socket error".
+    /// A device that cannot be closed is reported, as "Close serial error" or "Close socket error".
     bool reports_failed_closing;
-    /// Opening a serial port empties the terminal first.
+    /// Opening a serial port clears the terminal first.
     bool clears_terminal_on_port_open;
     Notice_Order network_notice_order;
 };

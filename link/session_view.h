@@ -4,7 +4,7 @@
 
 #include "link/reply_handler.h"
 
-/// Everything that a session asks of whoever shows it. Nothing here reads a device.
+/// Everything that a session needs from the window. Nothing here reads a device.
 class Session_View : public Reply_Handler {
 public:
     virtual void set_disconnected_indicator() = 0;
@@ -13,10 +13,10 @@ public:
     /// Disables all controls that need a connected switch.
     virtual void disable_controls() = 0;
     virtual void clear_terminal() = 0;
-    /// Takes the custom entries out of the resolution lists, before they are read again.
+    /// Removes the custom entries from the resolution lists, before they are read again.
     virtual void remove_custom_setting_items() = 0;
-    /// The network link leads to the adapter with this dotted address now.
+    /// The network link now uses the adapter with this dotted address.
     virtual void show_adapter(const QString& address) = 0;
-    /// The window can't go on: says why and ends the process with exit status 1.
+    /// The window cannot continue: shows why and ends the process with exit status 1.
     virtual void end_process(const QString& reason) = 0;
 };

@@ -7,11 +7,11 @@
 #include <string>
 #include <string_view>
 
-/// What the tool says to the switch, and the fixed texts it looks for in the answers. Command texts
+/// The commands of the tool, and the fixed texts that it searches for in the answers. Command texts
 /// are given here without their final carriage return.
 namespace switch_protocol {
 
-// Questions.
+// Queries.
 inline constexpr std::string_view status_query = "//rl";
 inline constexpr std::string_view information_query = "//??";
 inline constexpr std::string_view layout_query = "//BP";
@@ -37,7 +37,7 @@ inline constexpr std::string_view port_limit = "//D";
 inline constexpr std::string_view mouse_parking = "//MP ";
 inline constexpr std::string_view resolution = "//CE ";
 
-// Marks in the answers.
+// Markers in the answers.
 /// Either of the two in one chunk shows that a switch has answered.
 inline constexpr std::string_view connected_markers[] = {"//RL", "KM"};
 inline constexpr std::string_view layout_saved = "Saving horizontal dimension as";
@@ -63,7 +63,7 @@ inline constexpr std::string_view both_notice = "**M";
 inline constexpr std::string_view km_notice = "**C";
 inline constexpr std::string_view usb_notice = "**U";
 inline constexpr std::string_view usb_control_notice = "Current USB Control: ";
-/// The answer to a resolution command; it begins as a "**C" notice does and is none.
+/// The answer to a resolution command; it begins like a "**C" notice but is none.
 inline constexpr std::string_view resolution_answer = "**CE";
 inline constexpr std::string_view audio_answers[] = {"**A ", "**A", "//A"};
 
@@ -76,16 +76,16 @@ QString text(std::string_view constant);
 /// "//CE c r": gives a channel (its digit "1" to "4") a resolution (1 to 13; 0 if none is chosen).
 QString resolution_command(const QString& channel_digit, int resolution_number);
 
-/// "//MP x y", with the two texts as they stand.
+/// "//MP x y", with the two texts unchanged.
 QString mouse_parking_command(const QString& x, const QString& y);
 
 /// The custom entry as the Submit button stores it, "//MM CC1 x y name ": the entry's text ("C1" to
-/// "C4") brings a second C, and a blank ends the line; the switch expects both. Cut at 99 bytes.
+/// "C4") adds a second C, and a space ends the line; the switch expects both. Cut at 99 bytes.
 std::string submitted_custom_setting(std::string_view entry, std::string_view x, std::string_view y,
                                      std::string_view name);
 
-/// The custom entry as a settings file holds it, "//MM C1 x y name", without the second C, the
-/// final blank and double blanks. Cut at 49 bytes before the blanks are squeezed.
+/// The custom entry as in a settings file, "//MM C1 x y name", without the second C, the final
+/// space and double spaces. Cut at 49 bytes before double spaces are removed.
 std::string filed_custom_setting(int entry, std::string_view x, std::string_view y,
                                  std::string_view name);
 

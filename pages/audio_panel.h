@@ -10,13 +10,13 @@
 
 class Switch_Session;
 
-/// The Pro's audio routing. The check boxes are the state; they only edit a choice on the screen
+/// The Pro's audio routing. The check boxes are the state; a change is only shown on the screen
 /// until Audio Submit sends it. All, Follow and the channels exclude each other.
 class Audio_Panel {
 public:
     Audio_Panel(const Audio_Widgets& panel_widgets, Switch_Session& switch_session);
 
-    // The user's clicks; the box has toggled already.
+    // The user's clicks; the check box has already toggled.
     void all_clicked();
     void follow_clicked();
     void channel_clicked();
@@ -31,7 +31,7 @@ public:
     /// unknown one clears them.
     /// @return whether the text was understood.
     bool parse_audio_state(std::string_view text);
-    /// Shows the state that is behind the first of the switch's audio marks that leads to one.
+    /// Shows the state after the first of the switch's audio marks that is followed by one.
     void apply_audio_reply(std::string_view text);
 
 private:

@@ -12,8 +12,8 @@ class Layout_Page;
 class Switch_Session;
 struct Model_Traits;
 
-/// The first page: general and USB settings, each sent the moment it changes. The widgets are the
-/// record of the unit's settings; nothing else keeps them.
+/// The first page: general and USB settings, each sent when it changes. The widgets hold the unit's
+/// settings; nothing else stores them.
 class Configuration_Page {
 public:
     Configuration_Page(const Configuration_Widgets& page_widgets, Switch_Session& switch_session,
@@ -27,7 +27,7 @@ public:
     void cursor_roll_changed();
     void parking_x_edited();
     void parking_y_edited();
-    /// Sends the two fields as they stand, whatever the range check said.
+    /// Sends the two fields unchanged, whatever the result of the range check.
     void apply_mouse_parking();
     /// Asks first; then asks the switch for everything once it has had time to reset.
     void factory_reset();
@@ -41,9 +41,9 @@ public:
     [[nodiscard]] QString get_limit_ports_command() const;
     [[nodiscard]] QString get_cursor_roll_command() const;
     [[nodiscard]] QString get_mouse_parking_command() const;
-    /// On a Lite the channel of keyboard and mouse decides, not the mode that was picked.
+    /// On a Lite the channel of keyboard and mouse decides, not the selected mode.
     [[nodiscard]] QString get_mouse_mode_command() const;
-    /// The disabled beep button marks the state in force.
+    /// The disabled beep button shows the current state.
     [[nodiscard]] QString get_buzzer_command() const;
 
     // Values from reports and files. Each takes the report's word or the file's command; any other
@@ -51,7 +51,7 @@ public:
     void set_cursor_roll_from_value(const std::string& value);
     void set_mouse_mode_from_value(const std::string& value);
     void set_buzzer_from_value(const std::string& value);
-    /// Reads "//MP x y" into the two fields; the second keeps the blank before it.
+    /// Reads "//MP x y" into the two fields; the second keeps the space before it.
     void apply_mouse_parking_value(const std::string& value);
     /// The channel of keyboard and mouse, or of USB, as a decimal text.
     void set_km_channel(const std::string& channel);

@@ -7,14 +7,14 @@
 
 /// Where the mouse mode command and the settings file take the mode from.
 enum class Mouse_Mode_Source {
-    /// comboBox_KM_Control: "//ks" while it shows channel 1. The Lite does so, whatever was picked.
+    /// comboBox_KM_Control: "//ks" while it shows channel 1. The Lite always does so.
     km_control,
-    /// comboBox_Select_Display_Mode: what was picked.
+    /// comboBox_Select_Display_Mode: the selected mode.
     display_mode
 };
 
-/// Everything in which the three models differ, one row a difference. Common code reads this table
-/// and never asks which model it serves.
+/// All differences between the three models, one row for each. Common code reads this table and
+/// never checks which model it runs for.
 struct Model_Traits {
     /// What the session reads. A model with audio also has audio lines in its settings file.
     Session_Traits session;
@@ -25,8 +25,8 @@ struct Model_Traits {
     bool logs_coordinate_lookup;
     /// A grid position that is no number goes to standard output, and the first cell is taken.
     bool forgives_bad_grid_position;
-    /// The timer of a load's second part starts also when the file dialog was cancelled; without a
-    /// file it does nothing, with one chosen meanwhile the second part comes early.
+    /// The timer of a load's second part also starts when the file dialog was cancelled. Without a
+    /// file it does nothing; if a file is chosen meanwhile, the second part runs too early.
     bool arms_second_part_after_cancel;
     /// The last line, by its index, whose value is also sent to the switch during a load.
     Setting_Index highest_sent_setting;

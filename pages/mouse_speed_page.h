@@ -12,8 +12,8 @@
 
 class Switch_Session;
 
-/// The page of mouse speeds: a resolution for each channel, and four custom entries, which stand
-/// behind the nine fixed resolutions in the same lists.
+/// The page of mouse speeds: a resolution for each channel, and four custom entries, which
+/// follow the nine fixed resolutions in the same lists.
 class Mouse_Speed_Page {
 public:
     /// From storing a custom entry to reading everything back.
@@ -27,16 +27,16 @@ public:
     // The user's changes.
     /// A resolution list of a channel (1 to 4) has changed; sent only while ui_changes_enabled.
     void resolution_changed(int channel);
-    /// Shows the chosen entry; a label without an entry empties the fields.
+    /// Shows the selected entry; a label without an entry clears the fields.
     void number_of_setting_changed(int index);
     /// Checks the fields and stores the entry in the switch.
     void submit_custom_setting();
 
     /// "//CE c r" for a channel (1 to 4), with resolution 0 if none is chosen.
     [[nodiscard]] QString get_resolution_command(int channel) const;
-    /// The custom entry (1 to 4) as a settings file holds it, from the switch's own figures and the
-    /// name in the lists. Empty before the first report, and for any other number.
-    /// @throws std::out_of_range if the report holds no figures of the entry.
+    /// The custom entry (1 to 4) as in a settings file, from the switch's own numbers and the name
+    /// in the lists. Empty before the first report, and for any other number.
+    /// @throws std::out_of_range if the report contains no numbers of the entry.
     [[nodiscard]] QString get_custom_setting_command(int number) const;
     /// The switch's own line of the entry (1 to 4).
     [[nodiscard]] QString get_custom_label_text(int number) const;
@@ -45,8 +45,8 @@ public:
     /// Appends the name that begins at an offset to all four lists; old names must be gone.
     /// @throws std::out_of_range if the offset lies beyond the end.
     void add_custom_setting_name(const std::string& text, std::size_t position);
-    /// Takes the items first to last out of all four lists, if they hold custom entries, and leaves
-    /// ui_changes_enabled true then.
+    /// Removes the items first to last from all four lists, if they contain custom entries, and
+    /// then leaves ui_changes_enabled true.
     void remove_custom_setting_items(int first, int last);
     void remove_custom_setting_items() {
         remove_custom_setting_items(first_custom_item, last_custom_item);

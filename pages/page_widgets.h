@@ -15,9 +15,9 @@ class QLineEdit;
 class QPushButton;
 class QTableWidget;
 
-/// The widgets that the common code works on; each page gets just its own struct.
+/// The widgets that the common code uses; each page gets only its own struct.
 
-/// What shows which link is in force, on a model with a network link.
+/// The widgets that show which link is in use, on a model with a network link.
 struct Network_Widgets {
     QLabel& label_Select_port;
     QLabel& label_current_Ip;

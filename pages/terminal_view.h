@@ -6,17 +6,17 @@ class QObject;
 class QString;
 class QTextEdit;
 
-/// The terminal pane: everything the switch has said, untrimmed, in the order of arrival.
+/// The terminal pane: everything the switch has sent, unchanged, in the order of arrival.
 class Terminal_View {
 public:
-    /// The view is scrolled once more after this time, when the layout of a chunk has settled.
+    /// The view is scrolled again after this time, when the layout of a chunk is complete.
     static constexpr int second_scroll_ms = 100;
 
     /// @param window the object whose slot scroll_Cursor_to_the_end() the second scroll calls.
     Terminal_View(QTextEdit& text_edit, QObject& window);
 
-    /// Adds a chunk at the end, as its characters and never as markup, and scrolls there. The work
-    /// does not grow with what is already shown.
+    /// Adds a chunk at the end, as plain text and never as markup, and scrolls there. The time for
+    /// this does not grow with the text already shown.
     void append(const QString& chunk);
     void scroll_Cursor_to_the_end();
     void clear();

@@ -4,8 +4,8 @@
 
 #include <QString>
 
-/// The two dialogs that ask for a settings file. They are in a file of their own, and nothing
-/// else is, so that a program may be linked with answers of its own instead.
+/// The two dialogs that ask for a settings file. They are in a separate file, so that a test can
+/// be linked with its own answers.
 
 /// @return path of the file to be written; empty if the dialog was cancelled.
 [[nodiscard]] QString ask_where_to_save();

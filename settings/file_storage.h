@@ -6,20 +6,20 @@
 
 #include <string>
 
-/// Whole files, as a settings file is read and written. What is no regular file (a folder, a pipe,
-/// a device) and a name that is no valid Unicode can't be opened. Why something failed is reported
-/// to the category halvern.settings and nobody else.
+/// Reads and writes whole files, for settings files. A file that is not regular (a folder, a pipe,
+/// a device) and a name that is not valid Unicode cannot be opened. The reason of a failure is only
+/// reported to the logging category halvern.settings.
 
-/// The whole text of a file, without the CR of each CR LF. A reading error ends the text; a file
-/// that can't be opened has none.
+/// The whole text of a file, without the CR of each CR LF. A read error ends the text. The text
+/// of a file that cannot be opened is empty.
 [[nodiscard]] std::string read_file(const QString& path);
 
-/// Makes a text the whole content of a file, in the platform's line ends. A file that is there is
-/// replaced whole or stays as it was, also on a full disk and when the power fails: the text is
-/// written beside it, synchronised, and renamed. Symbolic links are followed; the file's mode is
-/// kept, its owner and group where the system lets us.
+/// Replaces the content of a file by a text, with the platform's line ends. An existing file is
+/// replaced completely or stays unchanged, even if the disk is full or the power fails: the text is
+/// written to a temporary file, synchronised, and renamed. Symbolic links are followed; the file's
+/// mode is kept, and its owner and group if the system allows.
 ///
-/// A file whose place can't be taken by another, as in a folder without rights, is overwritten in
-/// place; if that fails, its earlier content is put back.
-/// @return whether the file holds the text.
+/// A file that cannot be replaced, as in a folder without write permission, is overwritten in
+/// place. If this fails, its earlier content is restored.
+/// @return whether the file contains the text.
 bool replace_file(const QString& path, const std::string& text);

@@ -2,7 +2,7 @@
 
 #pragma once
 
-/// The lines of a settings file that are applied, by the number the loader passes on.
+/// The lines of a settings file that are applied, by the number that the loader passes.
 enum class Setting_Index : int {
     km_control = 0,
     usb_control = 1,

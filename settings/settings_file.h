@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-/// One labelled line of the file. A label ends with a colon and one blank.
+/// One labelled line of the file. A label ends with a colon and one space.
 namespace setting_label {
 inline constexpr std::string_view km_control = "KM Control: ";
 inline constexpr std::string_view usb_control = "USB Control: ";
@@ -33,7 +33,7 @@ inline constexpr std::string_view coordinates[] = {
 inline constexpr std::string_view buzzer = "Buzzer: ";
 inline constexpr std::string_view mouse_mode = "Mouse Mode: ";
 inline constexpr std::string_view audio_command = "Audio settings: ";
-/// The misspelt word is in all files that exist.
+/// The misspelt word is in all existing files.
 inline constexpr std::string_view audio_state = "Audio chacked state: ";
 } // namespace setting_label
 
@@ -53,29 +53,29 @@ struct Line_To_Load {
 extern const std::span<const Line_To_Load> first_part_lines;
 extern const std::span<const Line_To_Load> second_part_lines;
 extern const std::span<const Line_To_Load> audio_lines;
-/// Last of all: it refills the mouse speed fields, which need the labels before it.
+/// Last, because it fills the mouse speed fields, which need the labels before it.
 extern const std::span<const Line_To_Load> closing_lines;
 
-/// A unit's settings as a text file: labelled lines whose values are, for the most part, the very
-/// commands that bring a switch to this state. Lines go out in the order that they are given in;
-/// they are looked up by their labels, in whatever order the file has them.
+/// A unit's settings as a text file: labelled lines, most of whose values are the commands that set
+/// a switch to this state. Lines are written in the given order. When loaded, they are found by
+/// their labels, in any order.
 ///
-/// The user hears nothing of a file that can't be read or written: a load finds every value empty,
-/// and what was in a file before a save that failed is there still.
+/// The user is not told of a file that cannot be read or written: a load finds every value empty,
+/// and a failed save leaves the content of the file unchanged.
 class Settings_File {
 public:
     // Saving.
-    /// Asks for a file name. A cancelled dialog gives none, and ends an unfinished save.
+    /// Asks for a file name. A cancelled dialog returns none and ends an unfinished save.
     [[nodiscard]] bool ask_for_save_path();
-    /// The lines become the file, to which others may be appended until it is closed.
+    /// Writes the lines to the file. Others can be appended until the file is closed.
     void write_settings(std::span<const Setting_Line> lines);
-    /// The lines follow in the file, unless it could not be written or has been closed.
+    /// Appends the lines to the file, unless it could not be written or has been closed.
     void append_settings(std::span<const Setting_Line> lines);
     void close_output();
 
     // Loading.
-    /// Asks for a file and reads it whole. Without a file the one before is kept, and no part is
-    /// there to be applied.
+    /// Asks for a file and reads all of it. Without a file the earlier one is kept, and there is no
+    /// part to be applied.
     [[nodiscard]] bool read_chosen_file();
     /// The first part has been applied: the second may follow.
     void set_first_part_applied() { first_part_applied = true; }

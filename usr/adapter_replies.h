@@ -8,7 +8,7 @@
 
 #include <string>
 
-/// What stands where in an adapter's two answers, counted in hexadecimal digits of the datagram.
+/// The positions of the fields in an adapter's two answers, in hexadecimal digits of the datagram.
 /// The positions are the adapter maker's; bytes that are not named here are not read.
 
 /// The answer to a search: 36 bytes.
@@ -17,10 +17,10 @@ constexpr qsizetype bytes = 36;
 constexpr qsizetype digits = 2 * bytes;
 constexpr Hex_Field ip{10, 8};    ///< IPv4 address, first octet first
 constexpr Hex_Field mac{18, 12};  ///< MAC address
-constexpr Hex_Field name{38, 32}; ///< name, filled up with zero bytes
+constexpr Hex_Field name{38, 32}; ///< name, padded with zero bytes
 } // namespace search_reply
 
-/// The answer to a login: 4 bytes that say no, or 260 bytes of configuration.
+/// The answer to a login: 4 bytes for a refusal, or 260 bytes of configuration.
 namespace login_answer {
 constexpr qsizetype refusal_digits = 8;
 constexpr qsizetype configuration_digits = 520;
@@ -35,5 +35,5 @@ constexpr Hex_Field subnet_mask{34, 8};
 [[nodiscard]] QString get_name_from_reply(const QString& reply_hex);
 
 /// "00" when a login's answer says DHCP, else "80"; also "80" for an answer too short to tell.
-/// These are the values to be written: the adapter says 0x40 for DHCP, but wants to be told 0x00.
+/// These are the values to be written: the adapter sends 0x40 for DHCP, but expects 0x00.
 [[nodiscard]] QString read_ip_allocation(const std::string& answer_hex);

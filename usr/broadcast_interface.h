@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// The network interface by which the system sends a broadcast, with its address, such as
-/// "eth0 192.168.0.5"; why there is none, if so. Nothing is sent for that. For diagnostics:
-/// adapters behind another interface do not hear the search.
+/// The network interface through which the system sends a broadcast, with its address, such as
+/// "eth0 192.168.0.5"; or the reason why there is none. Nothing is sent. For diagnostics: adapters
+/// on another interface do not receive the search.
 [[nodiscard]] QString broadcast_interface();

@@ -11,13 +11,13 @@ namespace Ui {
 class Change_setting_for_USR_Dialog;
 }
 
-/// Changes an adapter's name, user name and password; a field left blank keeps its value. The
-/// adapter takes all its settings in one frame, so the IP settings are written again as they are.
+/// Changes an adapter's name, user name and password; an empty field keeps its value. One frame
+/// contains all settings of the adapter, so the IP settings are written again unchanged.
 class Change_setting_for_USR_Dialog : public QDialog {
     Q_OBJECT
 
 public:
-    /// All values are those in force: dotted addresses, "00" or "80" for `ip_allocation`.
+    /// All values are the current ones: dotted addresses, "00" or "80" for `ip_allocation`.
     Change_setting_for_USR_Dialog(const QString& current_ip, const QString& static_ip,
                                   const QString& subnet_mask, const QString& gateway,
                                   const QString& ip_allocation, const QString& username,
@@ -25,11 +25,11 @@ public:
                                   QWidget* parent = nullptr);
     ~Change_setting_for_USR_Dialog() override;
 
-    /// The values in force; the new ones once they were applied.
+    /// The current values; the new ones after they were applied.
     [[nodiscard]] QString get_username() const { return username; }
     [[nodiscard]] QString get_password() const { return password; }
     [[nodiscard]] QString get_usr_name() const { return usr_name; }
-    /// Apply went through its checks. Whether the adapter took the values is not known.
+    /// Apply passed its checks. Whether the adapter accepted the values is not known.
     [[nodiscard]] bool is_settings_applied() const { return settings_applied; }
 
 private slots:

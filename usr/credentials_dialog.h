@@ -13,8 +13,8 @@ namespace Ui {
 class Credentials_Dialog;
 }
 
-/// Asks for an adapter's user name and password and proves them by reading the adapter's IP
-/// allocation. A refused login ends the dialog as well; the wizard then makes a new one.
+/// Asks for an adapter's user name and password and checks them by reading the adapter's IP
+/// allocation. A refused login ends the dialog as well; the wizard then creates a new one.
 class Credentials_Dialog : public Wizard_Dialog {
     Q_OBJECT
 

@@ -4,6 +4,6 @@
 
 #include <QString>
 
-/// Whether a text looks like a dotted IPv4 address: four groups of one to three digits. The shape
-/// only: 999.1.1.1 has it.
+/// Whether a text looks like a dotted IPv4 address: four groups of one to three digits. Only the
+/// shape is checked: 999.1.1.1 has it.
 [[nodiscard]] bool has_dotted_shape(const QString& text);

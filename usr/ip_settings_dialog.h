@@ -16,22 +16,22 @@ class IP_Settings_Dialog;
 }
 
 /// Shows how an adapter gets its address, lets the user change that, and ends the wizard with
-/// Connect. After a change the adapter goes away and may come back under a new address; the dialog
-/// waits a fixed time and finds it again by its MAC address.
+/// Connect. After a change the adapter restarts and may return with a new address. The dialog waits
+/// a fixed time and then finds the adapter by its MAC address.
 ///
-/// The object outlives its showing: the main window keeps it for the values that it read.
+/// The object exists longer than it is shown: the main window keeps it for the values that it read.
 class IP_Settings_Dialog : public Wizard_Dialog {
     Q_OBJECT
 
 public:
-    /// Logs in and reads the settings before the dialog shows; a reading that failed leaves "-1".
+    /// Logs in and reads the settings before the dialog is shown; a failed read leaves "-1".
     /// @param current_ip dotted address of the adapter.
-    /// @param ip_allocation "80" for Static; all else is taken as DHCP.
+    /// @param ip_allocation "80" for Static; anything else means DHCP.
     IP_Settings_Dialog(const QString& current_ip, const QString& username, const QString& password,
                        const QString& ip_allocation, QWidget* parent = nullptr);
     ~IP_Settings_Dialog() override;
 
-    /// The adapter's address now; empty when it did not come back after a change.
+    /// The adapter's current address; empty if it did not return after a change.
     [[nodiscard]] QString get_current_ip() const { return current_ip; }
     [[nodiscard]] QString get_ip_allocation() const { return ip_allocation; }
     [[nodiscard]] QString get_username() const { return username; }
@@ -46,7 +46,7 @@ public:
     void set_usr_name(const QString& text) { usr_name = text; }
 
 public slots:
-    /// Shows "Please wait for changes to be made" beside the dialog and returns at once.
+    /// Shows "Please wait for changes to be made" next to the dialog and returns at once.
     void showMessage_for_waiting();
 
 private slots:

@@ -10,8 +10,8 @@ namespace Ui {
 class Select_connection_method_Dialog;
 }
 
-/// The first step of the connection wizard: serial line or network. One object serves all showings;
-/// its radio buttons keep their state between them. Making it opens the event log.
+/// The first step of the connection wizard: serial line or network. One object is used for all
+/// runs; its radio buttons keep their state. Its constructor opens the event log.
 class Select_connection_method_Dialog : public Wizard_Dialog {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ public:
     explicit Select_connection_method_Dialog(QWidget* parent = nullptr);
     ~Select_connection_method_Dialog() override;
 
-    /// What the last Continue found; both false before the first one.
+    /// The choice at the last Continue; both are false before the first one.
     [[nodiscard]] bool is_tcp_ip_selected() const { return tcp_ip_selected; }
     [[nodiscard]] bool is_rs232_selected() const { return rs232_selected; }
 

@@ -13,9 +13,9 @@ namespace Ui {
 class Select_hardware_Dialog;
 }
 
-/// Lets the user pick one of the adapters that answer a search: address, three blanks, name. The
-/// search runs when the dialog is made and on Refresh; one without an answer ends the process with
-/// exit code 1, after the box "No hardware online".
+/// Lets the user choose one of the adapters that answer a search: address, three spaces, name. The
+/// search runs when the dialog is created and on Refresh. A search without an answer ends the
+/// process with exit code 1, after the message box "No hardware online".
 class Select_hardware_Dialog : public Wizard_Dialog, public USR_searcher {
     Q_OBJECT
 
@@ -23,10 +23,10 @@ public:
     explicit Select_hardware_Dialog(QWidget* parent = nullptr);
     ~Select_hardware_Dialog() override;
 
-    /// Dotted address of the choice; empty if the search left nothing to choose from.
+    /// Dotted address of the choice; empty if the search found nothing to choose from.
     ///
-    /// It is the address at the box's index among all replies. An adapter that answers twice has
-    /// one line in the box but two replies, so the addresses of the lines behind it are then
+    /// It is the address at the combo box's index in all replies. An adapter that answers twice has
+    /// one item in the combo box but two replies, so the addresses of the items after it are
     /// shifted.
     [[nodiscard]] QString get_selected_ip() const { return selected_ip; }
 
@@ -42,7 +42,7 @@ private:
     void set_buttons_enabled(bool enabled);
     void take_selected_ip();
 
-    bool list_ready = false; ///< the box is filled, so that its index changes count
+    bool list_ready = false; ///< the combo box is filled; its index changes count
     QString selected_ip;
     std::unique_ptr<Ui::Select_hardware_Dialog> ui;
 };

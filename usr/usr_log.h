@@ -5,6 +5,6 @@
 #include <QLoggingCategory>
 
 /// Diagnostics of the adapter search and configuration for a developer, off until switched on with
-/// QT_LOGGING_RULES="halvern.usr.debug=true". Frames are told by kind and size only: their bytes
-/// hold passwords.
+/// QT_LOGGING_RULES="halvern.usr.debug=true". Frames are reported by kind and size only,
+/// because their bytes contain passwords.
 Q_DECLARE_LOGGING_CATEGORY(usr_log)

@@ -13,7 +13,7 @@ namespace Ui {
 class Corvane_LITE_UI;
 }
 
-/// The main window of the Lite, which is reached over a serial line only. Its constructor opens the
+/// The main window of the Lite, which is connected by a serial line only. Its constructor opens the
 /// first listed port and asks the switch for everything; a machine without a port ends the process
 /// there with exit status 1.
 class Halvern_Velmoran_LITE : public QMainWindow {

@@ -14,7 +14,7 @@ namespace Ui {
 class Corvane_UI;
 }
 
-/// The main window of the Plus, which is reached over a serial line or through a network adapter.
+/// The main window of the Plus, which is connected by a serial line or through a network adapter.
 /// The connection wizard runs inside its constructor, before anything is shown; it ends the
 /// process with exit status 1 where there is no port or no adapter.
 class Halvern_Velmoran_PLUS : public QMainWindow {

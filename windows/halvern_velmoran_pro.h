@@ -99,7 +99,7 @@ private slots:
     void on_checkBox_ch3_clicked() { controller.audio->channel_clicked(); }
     void on_checkBox_ch4_clicked() { controller.audio->channel_clicked(); }
     void on_pushButton_AudioSubmit_clicked() { controller.audio->submit(); }
-    /// Bound to nothing: the form has no widget of the name "pushButton".
+    /// Not connected: the form has no widget with the name "pushButton".
     void on_pushButton_clicked() { controller.session.writer.send_audio_query(); }
 
     // Mouse speed page

@@ -21,17 +21,17 @@
 class QMainWindow;
 struct Model_Traits;
 
-/// What all three main windows are made of: the session with a switch, and the pages that it fills.
-/// A window holds one controller by value and hands its slots to the parts; it derives from nothing
-/// of this.
+/// The common part of all three main windows: the session with a switch, and the pages that it
+/// fills. A window has one controller as a member, and its slots call the parts of the controller.
+/// It derives from none of these classes.
 class Main_Window_Controller : private Session_View {
 public:
     /// @param widgets those of the window's form, which must be built already.
     Main_Window_Controller(QMainWindow& main_window, const Model_Traits& model_traits,
                            const Window_Widgets& widgets);
 
-    /// The window as it is before any link: its looks, the first page, the default layout, and no
-    /// control that needs a switch.
+    /// Sets up the window as it is before any link: its appearance, the first page, the default
+    /// layout, and disabled controls where they need a switch.
     void set_up_window();
     /// Fills the port list, opens its first port and asks the switch for everything.
     void connect_first_port();
@@ -58,7 +58,7 @@ public:
     Settings_Import_Export settings;
 
 private:
-    // What the session says upward.
+    // Calls from the session.
     void switch_answered() override;
     void show_reply(const QString& chunk) override { terminal.append(chunk); }
     void apply_information_report() override { reports.apply_information_report(); }

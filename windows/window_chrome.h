@@ -7,11 +7,11 @@
 class QMainWindow;
 class Switch_Session;
 
-/// The window around the pages: its fixed looks, the three page buttons, and the Refresh button
-/// with its lock-out.
+/// The window around the pages: its fixed appearance, the three page buttons, and the Refresh
+/// button with its lock-out.
 class Window_Chrome {
 public:
-    /// The button is disabled once more after this time, in case something enabled it meanwhile.
+    /// The button is disabled again after this time, in case something enabled it meanwhile.
     static constexpr int refresh_disable_ms = 50;
     /// From a click on Refresh to the next one that counts.
     static constexpr int refresh_lock_out_ms = 1700;

@@ -20,7 +20,7 @@ struct Chrome_Widgets {
     QStackedWidget& stackedWidget;
 };
 
-/// All that the common code works on.
+/// All widgets that the common code uses.
 struct Window_Widgets {
     Left_Menu_Widgets left_menu;
     Chrome_Widgets chrome;
@@ -31,7 +31,7 @@ struct Window_Widgets {
     std::optional<Audio_Widgets> audio;
 };
 
-// Taken out of any of the three forms, each struct by one template. A form has the widgets that its
+// Filled from any of the three forms, each struct by one template. A form has the widgets that its
 // model needs; whether a model has audio is decided by the table of model differences.
 
 template <class Form>
