@@ -20,7 +20,7 @@ bool is_click_under_way() {
 /// The focus goes while the window is being hidden: it counts as visible for a little longer.
 bool is_closing(const QWidget& asker) { return asker.window()->isHidden(); }
 
-/// A step that waits; it goes with its asker.
+/// A waiting step; it is deleted with the widget that started it.
 class Waiting_Step : public QObject {
 public:
     Waiting_Step(QWidget& asking_widget, std::function<void()> waiting_step)
@@ -29,7 +29,7 @@ public:
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        // The event that ends the click has yet to reach its receiver.
+        // The event that ends the click has not reached its receiver yet.
         if (!is_queued && !is_click_under_way()) {
             is_queued = true;
             QTimer::singleShot(0, this, [this] { run(); });

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What a control is called.
+/// The name of a control.
 struct Control_Name {
     const char* form; ///< nullptr: any form that has the control
     const char* control;
@@ -78,12 +78,12 @@ constexpr Control_Name control_names[] = {
     {"Change_setting_for_USR_Dialog", "lineEdit_Password", "label_4", nullptr},
 };
 
-/// How a dialog begins.
+/// The initial state of a dialog.
 struct Dialog_Start {
     const char* form;
-    /// What Enter presses; nullptr: nothing, for the only button changes a device.
+    /// The button that Enter presses; nullptr if the only button changes a device.
     const char* button;
-    /// The first of these that can be used has the focus.
+    /// The first of these that is enabled gets the focus.
     std::array<const char*, 2> focus;
 };
 
@@ -97,7 +97,7 @@ constexpr Dialog_Start dialog_starts[] = {
     {"Yes_No_Dialog", "pushButton_Cancel", {"pushButton_Cancel"}},
 };
 
-/// "USB Control:  " is said as "USB Control".
+/// "USB Control:  " is read as "USB Control".
 QString spoken(const QString& label_text) {
     QString text = label_text.trimmed();
     if (text.endsWith(':')) {
@@ -116,7 +116,7 @@ void name_controls(const QWidget& window) {
         const QString name = row.name != nullptr ? QString(row.name) : spoken(label->text());
         control->setAccessibleName(name);
         if (label != nullptr) {
-            // On Linux a box is called by its label, and its own name is what is chosen in it.
+            // On Linux a combo box is named by its label; its own name is the selected item.
             label->setBuddy(control);
             label->setAccessibleName(name);
             if (label->parentWidget() != control->parentWidget()) {
@@ -129,7 +129,7 @@ void name_controls(const QWidget& window) {
 
 void choose_enter_button(const QWidget& dialog, const char* name) {
     for (auto* button : dialog.findChildren<QPushButton*>()) {
-        // Else the first of them would take Enter.
+        // Otherwise the first of them would handle Enter.
         button->setAutoDefault(name != nullptr);
         button->setDefault(name != nullptr && button->objectName() == name);
     }

@@ -16,8 +16,8 @@ std::ofstream log_file;
 } // namespace
 
 int open_log() {
-    // Opening without the folder would, off Windows, leave a file with backslashes in its name
-    // wherever the program was started.
+    // Without this check, other systems than Windows would create a file with backslashes in its
+    // name in the working directory.
     std::error_code no_folder;
     if (std::filesystem::is_directory(log_folder, no_folder)) {
         log_file.open(log_folder / "KM_log.txt");

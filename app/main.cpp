@@ -35,7 +35,7 @@ int main(int argc, char* argv[]) {
     std::exception_ptr construction_failure;
     int exit_status = 0;
     {
-        // An application object takes its own arguments away; a second one needs them as well.
+        // An application object removes its own arguments; a second one needs them, too.
         std::vector<char*> arguments(argv, argv + argc + 1);
         int argument_count = argc;
         std::optional<QApplication> application(std::in_place, argument_count, arguments.data());

@@ -13,8 +13,8 @@ namespace {
 /// For a developer, off until switched on with QT_LOGGING_RULES="halvern.app.debug=true".
 Q_LOGGING_CATEGORY(app_log, "halvern.app", QtWarningMsg)
 
-/// What is being handled right now, in its own words: the text for the user names the operation
-/// only.
+/// The text of the exception that is being handled: the text for the user only names the
+/// operation.
 void log_handled_exception(const std::string& text) {
     const std::exception_ptr handled = std::current_exception();
     if (!handled) {

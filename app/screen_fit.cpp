@@ -28,7 +28,7 @@ double scale_that_fits(const QSize& free_area) {
 
 bool scale_down_to_screen() {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    // Without a display nobody has to reach anything; that screen has 800 by 800 pixels.
+    // Without a display nobody uses the window; that screen has 800 by 800 pixels.
     if (screen == nullptr || QGuiApplication::platformName() == "offscreen") {
         return false;
     }

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Painted as soon as it is made: no event is needed for that, nor a window manager.
+/// Painted as soon as it is created: this needs neither an event nor a window manager.
 class Picture : public QWindow {
 public:
     explicit Picture(QWidget& dialog) : store(this) {

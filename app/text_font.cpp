@@ -37,8 +37,8 @@ private:
 } // namespace
 
 const QStringList& fitting_text_families() {
-    // Behind "Segoe UI" stand those that were measured: tests/forms/test_form_geometry.cpp. Arimo
-    // has the widths and heights of Liberation Sans. Others are too wide or too high: DejaVu Sans,
+    // The fonts after "Segoe UI" were measured: tests/forms/test_form_geometry.cpp. Arimo has the
+    // widths and heights of Liberation Sans. Others are too wide or too high: DejaVu Sans,
     // Noto Sans, Open Sans.
     static const QStringList families = {"Segoe UI", "Liberation Sans", "Arimo"};
     return families;

@@ -11,7 +11,7 @@
 
 namespace {
 
-// One separator is behind the key; four fields of at most two characters and their
+// One separator follows the key; four fields of at most two characters and their
 // separators follow.
 constexpr std::size_t fields_offset = 1;
 constexpr std::size_t fields_length = 12;

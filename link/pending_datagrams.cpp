@@ -6,18 +6,18 @@
 
 namespace {
 
-/// No datagram of IPv4 is longer.
+/// The maximum length of an IPv4 datagram.
 constexpr qsizetype max_datagram_size = 65'535;
 
-/// Linux gives a socket some 200 KB unless set otherwise.
+/// The default of Linux for a socket is some 200 KB.
 constexpr qsizetype max_bytes = 16'777'216;
 constexpr int max_datagrams = 10'000;
 
 /// @return the next datagram's length in the buffer, or -1 if there is none.
 qint64 read_next(QUdpSocket& socket, QByteArray& buffer) {
-    // Not hasPendingDatagrams(), nor pendingDatagramSize(): to a pending refusal they say that
-    // nothing is there. A refusal is reported once, by whatever call comes first, so a second
-    // reading finds what is behind it.
+    // Not hasPendingDatagrams() or pendingDatagramSize(): if a refusal is pending, they report
+    // that there is nothing. A refusal is reported once, by the first call of any kind, so a
+    // second read gets the datagram after it.
     const qint64 size = socket.readDatagram(buffer.data(), buffer.size());
     return size >= 0 ? size : socket.readDatagram(buffer.data(), buffer.size());
 }

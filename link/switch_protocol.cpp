@@ -8,7 +8,7 @@ namespace switch_protocol {
 
 namespace {
 
-// The unit's own limits of a line; one byte of each buffer is kept for the end mark.
+// The unit's own limits of a line; one byte of each buffer is reserved for the terminator.
 constexpr std::size_t submitted_custom_limit = 100 - 1;
 constexpr std::size_t filed_custom_limit = 50 - 1;
 
@@ -22,7 +22,7 @@ std::string joined(std::initializer_list<std::string_view> parts) {
 
 bool is_inside_character(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
-/// What fits of a UTF-8 text, in whole characters; of bytes that are none, all that fit.
+/// As much of a UTF-8 text as fits, in whole characters; of other bytes, as many as fit.
 std::string cut(std::string text, std::size_t limit) {
     constexpr std::size_t max_rest = 3;
     if (text.size() <= limit) {

@@ -116,8 +116,8 @@ void Switch_Session::connect_to_USR() {
     try {
         replace_socket();
         view.show_adapter(current_USR_ip);
-        // Queued, because a report can end in a box: while a slot called directly waits in one, Qt
-        // signals nothing of what comes in, and goes on so when the box is closed.
+        // Queued, because a report can open a message box: while a directly called slot waits in
+        // it, Qt does not signal incoming data, and does not start again when the box is closed.
         QObject::connect(transport->network_socket.get(), SIGNAL(readyRead()), &slots_owner,
                          SLOT(onReadyRead()), Qt::QueuedConnection);
         if (transport->network_socket->waitForConnected(connect_wait_ms)) {

@@ -58,7 +58,7 @@ void Layout_Page::cell_pressed(int row, int column) {
         disable_grid_drag();
         return;
     }
-    // Two tiles dragged together would come as more changes of cells than one drop gives.
+    // Two tiles dragged together would cause more changes of cells than one drop does.
     widgets.tableWidget.clearSelection();
     select_grid_cell(row, column);
     enable_grid_drag();

@@ -18,7 +18,7 @@
 
 namespace {
 
-/// The place of a line among its four fellows, counting from 1.
+/// The number of a line in its group of four, counting from 1.
 int number_in_group(Setting_Index index, Setting_Index first) {
     return static_cast<int>(index) - static_cast<int>(first) + 1;
 }

@@ -22,7 +22,7 @@ namespace {
 
 constexpr auto new_text = QIODevice::WriteOnly | QIODevice::Text;
 
-/// Takes the CR of every CR LF away, so that a file from Windows reads the same everywhere.
+/// Removes the CR of every CR LF, so that a file from Windows reads the same everywhere.
 void drop_carriage_returns(std::string& text) {
     const std::size_t first = std::min(text.find('\r'), text.size());
     std::size_t kept = first;
@@ -36,7 +36,7 @@ void drop_carriage_returns(std::string& text) {
     text.resize(kept);
 }
 
-/// A name with half a surrogate pair or a NUL in it is the name of no file.
+/// A name with half a surrogate pair or a NUL cannot be the name of a file.
 bool is_file_name(const QString& path) {
     const bool valid = path.isValidUtf16() && !path.contains(QChar(u'\0'));
     if (!valid) {
@@ -68,13 +68,13 @@ void take_over_rights(const QFileDevice& from, const QFileDevice& to) {
         fchown(to.handle(), earlier.st_uid, earlier.st_gid) != 0) {
         qCDebug(settings_log) << from.fileName() << "may change its owner or group";
     }
-    // After the owner, since a new owner takes some of the bits away.
+    // After the owner, because changing the owner clears some of the bits.
     if (earlier.st_mode != 0 && fchmod(to.handle(), earlier.st_mode & mode_bits) != 0) {
         qCDebug(settings_log) << from.fileName() << "may change its mode";
     }
 }
 
-/// A disk may report only now that it is full. Some file systems can't synchronise.
+/// Only now a disk may report that it is full. Some file systems cannot synchronise.
 bool is_synchronised(const QFileDevice& file) {
     return fsync(file.handle()) == 0 || errno == EINVAL || errno == EROFS;
 }
@@ -108,7 +108,7 @@ Outcome replace_by_renaming(const QString& path, const std::string& text,
     return Outcome::replaced;
 }
 
-/// Nothing is cut off before the text is written: what is overwritten needs no further room.
+/// The file is not truncated before the text is written: overwriting needs no more disk space.
 bool overwrite(QFile& file, const std::string& text) {
     return file.seek(0) && write_text(file, text) && file.resize(file.pos()) &&
            is_synchronised(file);
@@ -116,7 +116,7 @@ bool overwrite(QFile& file, const std::string& text) {
 
 bool replace_in_place(const QString& path, const std::string& text) {
     QFile file(path);
-    // Unbuffered, so that nothing of a failed attempt is left to be written later.
+    // Unbuffered, so that no data of a failed attempt is written later.
     if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered)) {
         qCDebug(settings_log) << path << "did not open:" << file.errorString();
         return false;
@@ -138,13 +138,13 @@ bool replace_existing(const QFileInfo& info, const std::string& text) {
     if (!is_regular_file(info)) {
         return false;
     }
-    // A file without the right to write stays, whatever its folder allows. Appending cuts nothing.
+    // A read-only file stays, whatever its folder allows. Opening for append does not truncate.
     QFile earlier(info.filePath());
     if (!earlier.open(QIODevice::Append | QIODevice::ExistingOnly)) {
         qCDebug(settings_log) << info.filePath() << "did not open:" << earlier.errorString();
         return false;
     }
-    // A file that is open but has no name any more can be reached through /proc alone.
+    // An open file that no longer has a name can only be accessed through /proc.
     const QString followed = info.canonicalFilePath();
     const Outcome outcome = followed.isEmpty() ? Outcome::no_room_beside
                                                : replace_by_renaming(followed, text, &earlier);
@@ -164,7 +164,7 @@ std::string read_file(const QString& path) {
         qCDebug(settings_log) << path << "did not open";
     }
     std::string text;
-    // A reading error, as of a failing disk, ends the text and throws nothing.
+    // A read error, as of a failing disk, ends the text and throws nothing.
     while (in_file) {
         const std::size_t size_before = text.size();
         text.resize(size_before + block_size);

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Custom names come before the resolutions, because a resolution of 10 to 13 picks an item that
+// Custom names come before the resolutions, because a resolution of 10 to 13 selects an item that
 // must be in the list by then.
 constexpr Line_To_Load first_part[] = {
     {setting_label::km_control, Setting_Index::km_control},

@@ -12,7 +12,7 @@ constexpr const char* login_start = "ff1303";
 constexpr const char* apply_start = "ff1304";
 constexpr const char* config_start = "ff5605";
 
-// Sent as they stand, whatever the adapter's settings were; their meaning is the maker's.
+// Sent unchanged, whatever the adapter's settings were; only the maker knows their meaning.
 constexpr const char* before_allocation = "093803";
 constexpr const char* after_allocation = "2019500002";
 constexpr const char* after_new_password = "02010000";

@@ -8,8 +8,8 @@
 #include <QUdpSocket>
 
 QString broadcast_interface() {
-    // The system chooses a way when a socket is connected, and tells it by the socket's own
-    // address.
+    // The system chooses a route when a socket is connected. The socket's own address shows which
+    // one.
     QUdpSocket probe;
     probe.connectToHost(QHostAddress(QHostAddress::Broadcast), adapter_port);
     if (probe.state() != QAbstractSocket::ConnectedState) {

@@ -15,10 +15,10 @@
 
 namespace {
 
-// Lets the waiting box be painted before the thread is blocked.
+// Time to paint the waiting box before the thread is blocked.
 constexpr int wait_for_painting_ms = 50;
 
-// How long an adapter is given to come back with its new settings.
+// The time for an adapter to return with its new settings.
 constexpr int wait_after_dhcp_ms = 6000;
 constexpr int wait_after_static_ms = 3500;
 
@@ -37,7 +37,7 @@ IP_Settings_Dialog::IP_Settings_Dialog(const QString& given_current_ip,
     ui->setupUi(this);
     set_dialog_looks(*this, 500, 450);
     ui->label_IP->setTextFormat(Qt::PlainText);
-    // Message boxes are born modal; this one stands beside the dialog.
+    // Message boxes are modal by default; this one is shown next to the dialog.
     wait_box->setWindowModality(Qt::NonModal);
     load_IP_settings();
     assist_keyboard_and_screen_reader(*this);
@@ -109,8 +109,8 @@ void IP_Settings_Dialog::on_pushButton_Apply_IP_clicked() {
 }
 
 void IP_Settings_Dialog::showMessage_for_waiting() {
-    // The dialog is modal while it runs, and would take all input from a window that does not
-    // belong to it; the waiting box is to be dismissable beside it.
+    // The dialog is modal while it runs and would block input to a window that does not belong to
+    // it. The user must be able to close the waiting box.
     wait_box->winId();
     winId();
     wait_box->windowHandle()->setTransientParent(windowHandle());
@@ -149,7 +149,7 @@ bool IP_Settings_Dialog::are_valid_ip_texts() const {
 }
 
 bool IP_Settings_Dialog::is_valid_ip_text(const QString& text) const {
-    // A number above 255 passes here and shows when the frame is put together.
+    // A number above 255 passes here and is found when the frame is built.
     return !ui->radioButton_Static->isChecked() || has_dotted_shape(text);
 }
 

@@ -40,7 +40,7 @@ void Select_hardware_Dialog::refresh_hardware_list() {
 }
 
 void Select_hardware_Dialog::fill_hardware_list() {
-    // A search that was spoiled and could not be repeated leaves addresses without replies.
+    // A search that failed and could not be repeated leaves addresses without replies.
     const qsizetype count = std::min(USR_addresses.size(), USR_replies.size());
     for (qsizetype i = 0; i < count; ++i) {
         const QString item =

@@ -24,11 +24,11 @@ constexpr quint16 search_port = 4242;
 constexpr unsigned long wait_for_first_replies_ms = 500;
 constexpr double listening_ms = 1000;
 
-// Replies pile up in the socket while the thread sleeps. The system's usual buffer holds some 270
-// of them; this one, where the system grants it, holds several thousand.
+// Replies queue in the socket while the thread sleeps. The system's default buffer holds some 270
+// of them; this one, if the system grants it, holds several thousand.
 constexpr int receive_buffer_bytes = 4 * 1024 * 1024;
 
-// More than any network has adapters: a flood ends here instead of filling the memory.
+// More adapters than any network has: a flood ends here instead of filling the memory.
 constexpr qsizetype max_replies = 10'000;
 
 bool has_wrong_length(const QString& reply_hex) { return reply_hex.size() != search_reply::digits; }
@@ -83,7 +83,7 @@ void USR_searcher::listen_for_replies() {
     double left_ms = listening_ms;
     while (left_ms > 0) {
         read_waiting_replies();
-        // A clock that is set back makes no wait longer.
+        // If the clock is set back, the wait must not become longer.
         wait_for_datagram(search_socket, static_cast<int>(std::min(left_ms, listening_ms)));
         left_ms = listening_ms - stopwatch.elapsed_milliseconds();
     }
@@ -96,7 +96,7 @@ void USR_searcher::read_waiting_replies() {
         return;
     }
     if (!can_take_more()) {
-        // Nobody wants it, but as long as it is there, each wait for more would be over at once.
+        // Dropped, because as long as it is pending each further wait would return at once.
         search_socket.readDatagram(nullptr, 0);
         return;
     }
@@ -114,7 +114,7 @@ void USR_searcher::read_waiting_replies() {
 }
 
 bool USR_searcher::can_take_more() const {
-    // One wrong length spoils the whole search, so what comes behind it need not be kept.
+    // One wrong length invalidates the whole search, so later replies need not be kept.
     return USR_replies.isEmpty() ||
            (!has_wrong_length(USR_replies.last()) && USR_replies.size() < max_replies);
 }

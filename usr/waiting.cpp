@@ -15,7 +15,7 @@
 
 void block_for_milliseconds(unsigned long milliseconds) { QThread::msleep(milliseconds); }
 
-// The system's own call: it raises no signal of the socket and needs no event loop, and Qt does not
+// The system's own call: it emits no signal of the socket and needs no event loop, and Qt does not
 // promise that waitForReadyRead() works on Windows.
 void wait_for_datagram(const QUdpSocket& socket, int milliseconds) {
 #ifdef Q_OS_WIN

@@ -15,7 +15,7 @@ Connection_Wizard::Connection_Wizard(Switch_Session& switch_session, Left_Menu& 
                                      Mouse_Speed_Page& mouse_speed_page)
     : session(switch_session), menu(left_menu), mouse_speed(mouse_speed_page) {
     menu.set_adapter_name([this] {
-        // ON can be pressed before any run of the wizard has got as far as an adapter.
+        // ON can be pressed before any run of the wizard has reached an adapter.
         return ip_settings_dialog ? ip_settings_dialog->get_usr_name() : QString();
     });
 }

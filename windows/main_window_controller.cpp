@@ -52,7 +52,7 @@ void Main_Window_Controller::set_up_window() {
 }
 
 void Main_Window_Controller::connect_first_port() {
-    // The first name makes the list choose it, whose slot opens that port and asks the switch.
+    // The list selects the first name that is added; its slot opens that port and asks the switch.
     // Opening it again replaces that port, and its second connection makes every chunk's slot run
     // twice, the second time with nothing to read.
     menu.list_serial_ports();
