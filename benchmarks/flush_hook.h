@@ -2,9 +2,9 @@
 
 #pragma once
 
-/// Tells when a window's painted content has gone to the screen. Qt's widgets hand it over by
-/// QBackingStore::flush(); whoever has this file in the program, or preloads it, gets that call
-/// first and passes it on. So the code that is measured knows nothing of it.
+/// Reports when a window's painted content has been sent to the screen. Qt's widgets do this with
+/// QBackingStore::flush(). If this file is linked into the program, or preloaded, it gets that call
+/// first and passes it on. So the measured code knows nothing about it.
 
-/// Called after each hand-over; null for nobody.
+/// Called after each flush; may be null.
 extern "C" void (*flush_observer)(void* window);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-// halvern-bench: takes the measurements one after the other, each in a process of its own, and
-// prints one table. With names of measurements behind it, only those.
+// halvern-bench [NAME...]: runs all or the named benchmarks one after the other, each in a separate
+// process, and prints one table.
 //
-// Exit status: 0 if every aim was reached, 1 if one was missed, 2 if a measurement failed.
+// Exit status: 0 if every target was reached, 1 if one was missed, 2 if a benchmark failed.
 
 #include "benchmarks/measurements.h"
 
@@ -20,7 +20,7 @@ namespace {
 
 constexpr int exit_missed = 1;
 constexpr int exit_failed = 2;
-/// Before a measurement's name: take it here and now.
+/// Before a benchmark's name: run it in this process.
 constexpr std::string_view single = "--single";
 
 /// Where the measured widgets are. With widgets in this process as well, the libraries' pages would
@@ -69,11 +69,11 @@ int take_here(int argc, char* argv[]) {
         const QApplication application(argc, argv);
         return take(measurement);
     }
-    QTextStream(stderr) << argv[2] << " is no measurement" << Qt::endl;
+    QTextStream(stderr) << argv[2] << ": unknown benchmark" << Qt::endl;
     return exit_failed;
 }
 
-/// The rows of a measurement that is taken in a process of its own; none if it failed.
+/// The rows of a benchmark that runs in a separate process; none if it failed.
 Rows take_apart(const QString& name) {
     QTextStream(stderr) << "measuring: " << name << Qt::endl;
     QProcess process;

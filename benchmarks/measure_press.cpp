@@ -75,10 +75,10 @@ Rows measure_press_on(const QString& model) {
         bare.push_back(press_milliseconds(*form.tableWidget, round % tile_count));
     }
     constexpr double one_frame_ms = 16;
-    return {
-        row_with_limit("press on a tile to its new look, " + model, "one frame; bare form's table",
-                       QString("%1 ms / %2 ms").arg(readable(median(tool)), readable(median(bare))),
-                       median(tool), one_frame_ms, "16 ms")};
+    return {row_with_limit(
+        "press on a tile to its new appearance, " + model, "one frame; bare form's table",
+        QString("%1 ms / %2 ms").arg(readable(median(tool)), readable(median(bare))), median(tool),
+        one_frame_ms, "16 ms")};
 }
 
 } // namespace

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Begins each line that is a row, so that nothing else a program prints is taken for one.
+// Marks the lines that are rows, so that other output of a program is not read as a row.
 const QString row_mark = QStringLiteral("row");
 constexpr QChar separator = u'\t';
 constexpr int column_count = 5;
@@ -100,7 +100,7 @@ Rows rows_in(const QByteArray& text) {
 }
 
 QString table_of(const Rows& rows) {
-    QList<QStringList> lines = {{"what", "against", "median ratio or figure", "aim", ""}};
+    QList<QStringList> lines = {{"what", "compared with", "median ratio or figure", "target", ""}};
     for (const Row& row : rows) {
         lines.append(columns_of(row));
     }

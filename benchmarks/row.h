@@ -23,20 +23,20 @@ struct Row {
 
 using Rows = QList<Row>;
 
-/// A row whose figure has to stay within a limit.
+/// A row whose figure must stay within a limit.
 Row row_with_limit(const QString& what, const QString& against, const QString& figure,
                    double measured, double limit, const QString& aim);
 
-/// The ratio of two series that were taken in turn; `aim` is the highest that is good, if any.
+/// The ratio of two series that were measured alternately; `aim` is the highest good value, if any.
 Row ratio_row(const QString& what, const QString& against, const Samples& a, const Samples& b,
               const QString& unit, std::optional<double> aim);
 
-/// A number with as many decimals as it needs to be read.
+/// A number with a suitable number of decimals.
 QString readable(double number);
 
-/// Rows as text, for the way from one process to another.
+/// Rows as text, to pass them between processes.
 QByteArray to_lines(const Rows& rows);
-/// The rows among the lines of a text; other lines are passed over.
+/// The rows among the lines of a text; other lines are ignored.
 Rows rows_in(const QByteArray& text);
 
 /// The whole table, its columns aligned.

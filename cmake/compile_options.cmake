@@ -1,8 +1,7 @@
 # SPDX-License-Identifier: MIT
-# Warnings are errors in the developers' presets only: whoever builds with a compiler that we have not
-# met gets mere warnings.
+# Warnings are errors only in the developers' presets, so that unknown compilers can build the program.
 
-# One target carries the flags, so that no folder sets its own.
+# One target has the flags, so that no folder sets its own.
 add_library(halvern_options INTERFACE)
 target_compile_options(halvern_options INTERFACE
   $<$<CXX_COMPILER_ID:GNU,Clang>:-Wall -Wextra -Wpedantic -Wconversion -Wshadow>
@@ -11,8 +10,8 @@ target_compile_definitions(halvern_options INTERFACE
   QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_include_directories(halvern_options INTERFACE ${PROJECT_SOURCE_DIR})
 
-# For what uses tests/support/find_child.h: gcc from version 13 on takes the widget that comes back for
-# a part of the temporary name that it was found by.
+# For users of tests/support/find_child.h: gcc 13 and newer assume that the returned widget is part of the
+# temporary name that was passed.
 add_library(halvern_find_child_options INTERFACE)
 target_compile_options(halvern_find_child_options INTERFACE
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_GREATER_EQUAL:$<CXX_COMPILER_VERSION>,13>>:-Wno-dangling-reference>)
@@ -27,8 +26,8 @@ if(HALVERN_COVERAGE)
   target_link_options(halvern_options INTERFACE --coverage)
 endif()
 
-# halvern_library(<name> [MOC] SOURCES ... LINK ...): the static library of one folder. MOC: among its
-# sources are classes with signals or slots; to look for them where there are none takes its time.
+# halvern_library(<name> [MOC] SOURCES ... LINK ...): the static library of one folder. MOC: its
+# sources have classes with signals or slots; searching for them in all libraries would take time.
 function(halvern_library name)
   cmake_parse_arguments(LIBRARY "MOC" "" "SOURCES;LINK" ${ARGN})
   add_library(${name} STATIC ${LIBRARY_SOURCES})

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# quote_exec(<variable> <path>): a path as the program of a desktop entry's Exec line, where blanks
-# and most other signs are reserved.
+# quote_exec(<variable> <path>): quotes a path for the Exec line of a desktop entry, where spaces
+# and most other special characters are reserved.
 function(quote_exec variable path)
   if(path MATCHES "[^A-Za-z0-9/._+-]")
     set(path "\"${path}\"")
