@@ -254,8 +254,7 @@ void Test_Simulated_Adapter::the_program_turns_wrong_arguments_down_data() {
                                << "--name must be at most 16 bytes";
     QTest::newRow("unknown model")
         << QStringList({"--switch", "lite"}) << "--switch must be one of plus, pro, none";
-    QTest::newRow("argument without option")
-        << QStringList("please") << "only options are allowed";
+    QTest::newRow("argument without option") << QStringList("please") << "only options are allowed";
 }
 
 void Test_Simulated_Adapter::the_program_turns_wrong_arguments_down() {
