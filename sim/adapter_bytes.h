@@ -6,9 +6,9 @@
 #include <QHostAddress>
 #include <QString>
 
-/// The forms in which a simulated adapter's values travel.
+/// The encodings of a simulated adapter's values.
 
-/// Cut or filled up with zero bytes to a field's size.
+/// Cut or padded with zero bytes to a field's size.
 QByteArray filled_up(const QByteArray& text, qsizetype size);
 
 QByteArray reversed(const QByteArray& bytes);
@@ -16,7 +16,7 @@ QByteArray reversed(const QByteArray& bytes);
 /// The four bytes of an address, first octet first.
 QByteArray bytes_of(const QHostAddress& address);
 
-/// The address whose four bytes stand last octet first.
+/// The address from four bytes, last octet first.
 QHostAddress address_from(const QByteArray& reversed_bytes);
 
 /// Why a frame's size, length byte or checksum is wrong; empty if they are right.

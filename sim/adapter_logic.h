@@ -10,24 +10,24 @@
 
 #include <optional>
 
-/// What an adapter makes of a frame.
+/// The reaction of an adapter to a frame.
 struct Adapter_Reaction {
     enum class Verdict {
         taken,
         refused,   ///< wrong user name or password
-        rejected,  ///< the frame is not as it has to be
+        rejected,  ///< the frame is not valid
         not_for_us ///< another adapter's MAC address
     };
 
     Verdict verdict = Verdict::taken;
     QString note;           ///< what was done, or why not
     QByteArrayList answers; ///< datagrams to the sender, in order
-    bool restarts = false;  ///< it goes away, and comes back under state().address
+    bool restarts = false;  ///< it restarts, and returns with state().address
 };
 
-/// An adapter without its sockets: what it remembers, and what it makes of the frames that reach
-/// its configuration port. It knows the frames by its own description of them, apart from the
-/// tool's, and looks at every byte.
+/// An adapter without its sockets: its state, and its reactions to the frames at its configuration
+/// port. It has its own definition of the frames, independent of the tool's, and checks every
+/// byte.
 class Adapter_Logic {
 public:
     explicit Adapter_Logic(const Adapter_State& state = {}) : unit_state(state) {}
@@ -51,7 +51,7 @@ private:
     Adapter_Reaction take_apply(const QByteArray& frame);
 
     [[nodiscard]] bool has_our_mac(const QByteArray& frame) const;
-    /// Why the user name and password of a frame are not ours; empty if they are.
+    /// Why the user name and password of a frame are wrong; empty if they are correct.
     [[nodiscard]] QString credentials_error(const QByteArray& frame) const;
     [[nodiscard]] QByteArrayList copies_of(const QByteArray& datagram) const;
 

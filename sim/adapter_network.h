@@ -10,8 +10,8 @@
 #include <memory>
 #include <vector>
 
-/// The simulated adapters of one network: takes the broadcast frames from the configuration port
-/// and hands each to all of them, in the order in which they were added.
+/// The simulated adapters of one network: reads the broadcast frames from the configuration port
+/// and passes each to all of them, in the order in which they were added.
 class Adapter_Network : public QObject {
     Q_OBJECT
 
@@ -23,10 +23,10 @@ public:
     static bool is_private();
 
     /// Listens for frames.
-    /// @return false if the network is not private, or the port can't be had.
+    /// @return false if the network is not private, or the port is not available.
     bool start();
 
-    /// Adds an adapter and puts it on the network. Look at its is_online().
+    /// Adds an adapter and connects it to the network. Check its is_online().
     Simulated_Adapter& add(const Adapter_State& state);
 
     /// The first adapter's state with its own addresses and its MAC address counted up.
@@ -36,7 +36,7 @@ public:
         return all_adapters;
     }
 
-    /// Takes all frames that have come in, without an event loop.
+    /// Processes all received frames, without an event loop.
     /// @return how many there were.
     int serve();
 

@@ -11,7 +11,7 @@
 #include <chrono>
 #include <optional>
 
-/// What the command line of halvern-sim-adapter asks for.
+/// The command line of halvern-sim-adapter.
 struct Adapter_Options {
     Adapter_State first;
     Adapter_Faults faults;
@@ -23,9 +23,9 @@ struct Adapter_Options {
     QString switch_model; ///< "plus", "pro" or "none"
 };
 
-/// The options that make an adapter itself go wrong, in the order of the help.
+/// The options that are faults of the adapter itself, in the order of the help.
 QStringList adapter_fault_names();
 
-/// Reads the command line; --help is answered here and ends the process.
-/// @param error takes why the arguments can't be used.
+/// Reads the command line; --help prints the help and ends the process.
+/// @param error receives why the arguments are wrong.
 std::optional<Adapter_Options> read_adapter_options(const QStringList& arguments, QString& error);

@@ -8,19 +8,19 @@
 
 #include <vector>
 
-/// The faults by the names under which a person asks for them, on the command line and at the
-/// prompt alike.
+/// The faults by the names that the user types, the same on the command line and at the
+/// prompt.
 struct Fault_Word {
     QString name;
-    QString value_name; ///< what stands behind the name, empty if nothing does
+    QString value_name; ///< the value after the name, empty if there is none
     QString description;
-    /// Puts the fault into a plan. False if the value makes no sense.
+    /// Adds the fault to a plan. False if the value is not valid.
     bool (*set)(Fault_Plan& plan, const QString& value);
 };
 
-/// All of them, in the order in which help is given.
+/// All faults, in the order of the help.
 const std::vector<Fault_Word>& fault_names();
 
-/// Puts the fault of that name into a plan.
-/// @return whether there is such a fault and its value makes sense; if not, the plan is unchanged.
+/// Adds the fault with that name to a plan.
+/// @return whether the fault exists and its value is valid; if not, the plan is unchanged.
 bool set_fault(Fault_Plan& plan, const QString& name, const QString& value);

@@ -7,20 +7,20 @@
 #include <chrono>
 #include <vector>
 
-/// How an answer goes wrong. The plan as it starts leaves every answer whole and prompt; several
-/// faults can be set at once.
+/// The faults of answers. With the initial values every answer is complete and immediate. Several
+/// faults can be set at the same time.
 struct Fault_Plan {
     std::chrono::milliseconds delay{0};     ///< before the first byte of each answer
     int chunk_size = 0;                     ///< bytes in one piece; 0 leaves the answer in one
-    std::chrono::milliseconds chunk_gap{5}; ///< between two pieces, so that they arrive as two
+    std::chrono::milliseconds chunk_gap{5}; ///< between two pieces, so that they arrive separately
     bool crlf = false;                      ///< lines end in CR LF
-    bool nul = false;                       ///< a NUL byte stands in the middle of the answer
-    bool invalid_utf8 = false;              ///< the first line ends in bytes that are no UTF-8
+    bool nul = false;                       ///< a NUL byte is in the middle of the answer
+    bool invalid_utf8 = false;              ///< the first line ends with bytes that are not UTF-8
     bool oversize = false;                  ///< the answer is longer than 1000 characters
     bool markup = false;                    ///< the hotkey and the custom names are written as HTML
     bool silence = false;                   ///< no answer at all
-    bool disappearance = false;             ///< the unit leaves the line instead of answering
-    QByteArray missing_key;                 ///< lines that hold this key are left out
+    bool disappearance = false;             ///< the unit disconnects instead of answering
+    QByteArray missing_key;                 ///< lines that contain this key are left out
 
     bool operator==(const Fault_Plan&) const = default;
 };
@@ -36,6 +36,6 @@ struct Timed_Chunk {
 /// The text of an answer under a plan: everything but the timing and the cutting.
 QByteArray corrupt_text(const Fault_Plan& plan, const QByteArray& answer);
 
-/// The pieces in which an answer goes out, in order; none under silence or disappearance, and none
+/// The pieces in which an answer is sent, in order; none with silence or disappearance, and none
 /// for an empty answer.
 std::vector<Timed_Chunk> plan_chunks(const Fault_Plan& plan, const QByteArray& answer);

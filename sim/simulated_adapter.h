@@ -14,15 +14,15 @@
 /// The UDP port on which adapters take searches, logins and configuration frames.
 constexpr quint16 configuration_port = 1901;
 
-/// A serial adapter gathers what its serial side says until that side pauses so long.
+/// A serial adapter collects its serial input until there is a pause of this length.
 constexpr std::chrono::milliseconds batch_pause{20};
 
-/// What a switch says to a command, given without its carriage return.
+/// The answer of a switch to a command, given without its carriage return.
 using Switch_Answer = std::function<QByteArray(const QByteArray& command)>;
 
-/// An adapter on the network: a unit that speaks from its own address, and the UDP port 23 behind
-/// which a switch sits. Works in the event loop of the thread that made it. Searches and
-/// configuration frames are broadcast, so they come by way of Adapter_Network.
+/// An adapter on the network: a unit with its own address, and the UDP port 23 with a switch behind
+/// it. Runs in the event loop of the thread that created it. Searches and configuration frames are
+/// broadcast, so they arrive through Adapter_Network.
 class Simulated_Adapter : public QObject {
     Q_OBJECT
 
@@ -32,29 +32,29 @@ public:
     Adapter_Logic& unit() { return adapter_logic; }
     [[nodiscard]] const Adapter_Logic& unit() const { return adapter_logic; }
 
-    /// Goes on the network under the unit's address.
-    /// @return false if that address can't be had.
+    /// Connects to the network with the unit's address.
+    /// @return false if that address is not available.
     bool go_online();
     void go_offline();
     [[nodiscard]] bool is_online() const { return is_up; }
 
     /// Before each answer to a frame.
     void set_delay(std::chrono::milliseconds new_delay) { delay = new_delay; }
-    /// Between an apply and coming back; 0 comes back at once.
+    /// From an apply until the adapter is back; with 0 it is back at once.
     void set_time_away(std::chrono::milliseconds time) { time_away = time; }
 
     void set_switch(const Switch_Answer& answer) { switch_answer = answer; }
     /// Bytes of a switch's answer in one datagram; 0 puts all answers to a batch of commands in
     /// one.
     void set_split(int bytes) { split_bytes = bytes; }
-    /// Sends unasked bytes of the switch to whoever spoke to port 23 last.
+    /// Sends unsolicited bytes of the switch to the last sender to port 23.
     void send_from_switch(const QByteArray& bytes);
 
-    /// Makes something of a broadcast frame, unless it is off the network.
+    /// Handles a broadcast frame, unless the adapter is offline.
     void take_frame(const QByteArray& frame, const QHostAddress& sender, quint16 sender_port);
 
 signals:
-    /// A frame that was meant for this adapter, and what it made of it.
+    /// A frame for this adapter, and the reaction to it.
     void frame_taken(const QByteArray& frame, const Adapter_Reaction& reaction);
     void switch_command_taken(const QByteArray& command);
     void came_back();

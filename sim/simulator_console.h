@@ -13,13 +13,13 @@
 #include <memory>
 #include <vector>
 
-/// The simulated switches of halvern-sim, and what a person can do with them at the prompt.
+/// The simulated switches of halvern-sim, and the commands of the user at the prompt.
 class Simulator_Console : public QObject {
     Q_OBJECT
 
 public:
-    /// Sets up the units as the options say.
-    /// @param print takes one line of text, without its end, for the person to read.
+    /// Creates the units according to the options.
+    /// @param print prints one line of text, without its end, for the user.
     Simulator_Console(const Simulator_Options& options, std::function<void(const QString&)> print);
 
     /// The device names of all units.
@@ -28,14 +28,14 @@ public:
     /// Prints one line for each unit: its number, its model and its port.
     void introduce_units() const;
 
-    /// Carries out one line of input; see simulator_help() for what it may be.
+    /// Executes one line of input; simulator_help() lists the commands.
     void carry_out(const QString& line);
 
     /// Writes the state file, if there is one.
     void keep_state() const;
 
 signals:
-    /// The person wants to end.
+    /// The user wants to quit.
     void quit_wanted();
 
 private:

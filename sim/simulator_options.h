@@ -11,25 +11,25 @@
 #include <chrono>
 #include <optional>
 
-/// What halvern-sim was asked to do.
+/// The command line of halvern-sim.
 struct Simulator_Options {
     Switch_Model model = Switch_Model::lite;
     int units = 1;
     Fault_Plan faults;
-    /// How long after its first command a unit leaves the line; never if empty.
+    /// Time from the first command until a unit disconnects; never if empty.
     std::optional<std::chrono::milliseconds> vanish_after;
-    QString state_file; ///< empty: nothing is kept
+    QString state_file; ///< empty: nothing is saved
     bool end_with_input = false;
-    QStringList program; ///< to be run on the units, with its arguments; may be empty
+    QStringList program; ///< to be started with the units, with its arguments; may be empty
 
     bool help_wanted = false;
-    QString error; ///< why the command line cannot be understood, empty if it can
+    QString error; ///< why the command line is wrong, empty if it is correct
 };
 
 /// Reads a command line. The first argument is the program's own name.
 Simulator_Options read_simulator_options(const QStringList& arguments);
 
-/// The help text, in the manner of a manual page.
+/// The help text, in the style of a manual page.
 QString simulator_help();
 
 /// "lite", "plus" or "pro".

@@ -16,6 +16,6 @@ QByteArrayList state_commands(const Switch_State& state);
 /// @return whether the file was written.
 bool write_state_file(const QString& path, const std::vector<Switch_State>& states);
 
-/// Reads what write_state_file() wrote. A line that is no command of a switch is passed over.
+/// Reads what write_state_file() wrote. A line that is not a command of a switch is ignored.
 /// @return one state for each unit in the file; none if it cannot be read.
 std::vector<Switch_State> read_state_file(const QString& path);

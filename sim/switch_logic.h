@@ -6,18 +6,18 @@
 
 #include <QByteArray>
 
-/// A switch without its line: what it remembers, and what it says to a command. No input or output.
+/// A switch without its line: its state, and its answers to commands. No input or output.
 class Switch_Logic {
 public:
     explicit Switch_Logic(Switch_Model model = Switch_Model::lite) : unit_model(model) {}
 
     /// Carries out one command, given without its carriage return, and returns the answer, lines
     /// ended by a line feed. A command the unit does not know, or whose numbers are out of range,
-    /// changes nothing and is answered by a line that holds none of the words the tool looks for.
+    /// changes nothing. Its answer is a line without any of the texts that the tool searches for.
     QByteArray answer(const QByteArray& command);
 
     /// Puts keyboard, mouse and USB on a channel, as the unit's own hotkey does, and returns the
-    /// notice "**M" that the unit then sends unasked. Audio on channels follows.
+    /// notice "**M" that the unit then sends by itself. Audio on channels follows.
     /// @param channel 1 to 4.
     QByteArray notice_both(int channel);
 
@@ -32,9 +32,9 @@ private:
     Switch_State unit_state;
 };
 
-/// What the unit says to a command that it does not understand.
+/// The answer to an unknown command.
 inline constexpr char not_understood[] = "Not understood.\n";
 
-/// What the unit says to a command that needs no other answer. No digit and no capital F: behind an
+/// The answer to a command that needs no other answer. It has no digit and no capital F: after an
 /// audio answer in the same buffer the tool would read them as audio channels.
 inline constexpr char carried_out[] = "Done.\n";

@@ -6,10 +6,10 @@
 
 #include <QByteArray>
 
-/// The answers in which a switch tells its state: lines for a human reader, each ended by a line
-/// feed, with the words that the tool looks for. All four together stay below 1000 characters as
-/// long as the names in the state are short, because the tool drops what it has gathered beyond
-/// that.
+/// The answers with which a switch reports its state: lines for a human reader, each ended by a
+/// line feed, with the texts that the tool searches for. All four together stay below 1000
+/// characters as long as the names in the state are short, because the tool drops longer
+/// texts.
 
 /// The answer to "//rl", which begins with the marker "//RL".
 QByteArray status_report(const Switch_State& state);

@@ -6,7 +6,7 @@
 
 #include <array>
 
-/// The three models of the switch. They differ here only in audio, which the Pro alone has.
+/// The three models of the switch. They differ here only in audio, which only the Pro has.
 enum class Switch_Model { lite, plus, pro };
 
 /// A custom mouse speed: two speeds from 1 to 500 and a name.
@@ -24,7 +24,7 @@ struct Audio_Routing {
     std::array<bool, 4> channels = {}; ///< channel 1 to 4
 };
 
-/// Everything a switch remembers. The start values are those of a unit fresh from the factory.
+/// The state of a switch. The initial values are the factory defaults.
 struct Switch_State {
     int km_channel = 1;  ///< 1 to 4, holds keyboard and mouse
     int usb_channel = 1; ///< 1 to 4, holds USB

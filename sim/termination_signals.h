@@ -6,8 +6,8 @@
 
 #include <array>
 
-/// Turns SIGINT and SIGTERM into a Qt signal, so that a program can end in order. There can be one
-/// such object in a process.
+/// Turns SIGINT and SIGTERM into a Qt signal, so that a program can clean up at its end. Only one
+/// such object may exist in a process.
 class Termination_Signals : public QObject {
     Q_OBJECT
 

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 
-// Keeps the datagrams of a process on the loopback, where no network namespace can be made.
-// Preloaded into the tool and into the simulated adapters, it gives them a network that they share
-// with nobody:
+// Keeps the datagrams of a process on the loopback, where no network namespace can be created.
+// Preloaded into the tool and into the simulated adapters, it gives them a network that no other
+// program shares:
 //
-// * An address 127.0.b.c is 127.N.b.c in truth. N is HALVERN_LOOPBACK_NETWORK, 1 to 254, so several
+// * An address 127.0.b.c is really 127.N.b.c. N is HALVERN_LOOPBACK_NETWORK, 1 to 254, so several
 //   such networks can be used at a time.
-// * Port numbers below 1024, which only root may bind, are 20000 higher in truth.
-// * Who listens at any address gets one of a few addresses set aside for that, and a broadcast goes
-//   to each of them. So every listener hears it, in whichever process.
+// * Port numbers below 1024, which only root may bind, are really 20000 higher.
+// * A socket that listens at any address gets one of a few reserved addresses, and a broadcast is
+//   sent to each of them. So every listener in every process receives it.
 // * Everything else is unreachable. Streams, which the display may need, reach the loopback only,
 // and
 //   no name but localhost is looked up.
 //
-// Both ways: what the process is told about addresses is translated back.
+// Addresses that the process reads are translated back.
 //
 // C++ because there the C library declares addresses as plain pointers; nothing of the C++ library
 // is used.
@@ -200,7 +200,7 @@ void ensure_bound(int socket) {
     }
 }
 
-/// Sends one datagram to where it goes in truth.
+/// Sends one datagram to its real address.
 ssize_t send_to(int socket, const msghdr& message, Place place, int flags) {
     sockaddr_storage address{};
     memcpy(&address, message.msg_name,
@@ -208,7 +208,7 @@ ssize_t send_to(int socket, const msghdr& message, Place place, int flags) {
     write_place(place, reinterpret_cast<sockaddr*>(&address));
     msghdr translated = message;
     translated.msg_name = &address;
-    // What would choose another interface or source.
+    // Control data that would choose another interface or source.
     translated.msg_control = nullptr;
     translated.msg_controllen = 0;
     return REAL(sendmsg)(socket, &translated, flags);
