@@ -149,6 +149,15 @@ public:
         press_on();
     }
 
+    void hotkey_before_a_layout_is_read_back() {
+        open_network();
+        at.silence_switch();
+        at.adapter.send_from_switch("Saving horizontal dimension as 4\n");
+        say(at.take_commands(1).join(' '));
+        at.adapter.send_from_switch("**C 2\n");
+        wait_for_end();
+    }
+
     /// What the robot has to complain about.
     QString failures() const { return at.robot.failures().join('\n'); }
 
@@ -196,6 +205,7 @@ const std::map<QString, void (Scene::*)()> scenarios = {
     {"no-hardware", &Scene::no_hardware},
     {"no-hardware-later", &Scene::no_hardware_later},
     {"no-hardware-on-refresh", &Scene::no_hardware_on_refresh},
+    {"hotkey-before-a-layout-is-read-back", &Scene::hotkey_before_a_layout_is_read_back},
     {"silent-after-on", &Scene::silent_after_on},
     {"silent-after-on-twice", &Scene::silent_after_on_twice},
     {"off-within-the-seven-seconds", &Scene::off_within_the_seven_seconds},

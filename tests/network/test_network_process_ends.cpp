@@ -17,6 +17,8 @@ private slots:
     void the_process_ends_with_status_1_after_its_box();
     void the_box_comes_after_its_wait_data();
     void the_box_comes_after_its_wait();
+    void a_hotkey_before_a_layout_is_read_back_ends_the_process_data();
+    void a_hotkey_before_a_layout_is_read_back_ends_the_process();
 };
 
 namespace {
@@ -143,6 +145,21 @@ void Test_Network_Process_Ends::the_box_comes_after_its_wait() {
     QVERIFY2(after.captured(1).toInt() >= wait, qPrintable(end.lines.last()));
     QVERIFY2(after.captured(1).toInt() <= wait + looks, qPrintable(end.lines.last()));
     QCOMPARE(end.status, 1);
+}
+
+void Test_Network_Process_Ends::a_hotkey_before_a_layout_is_read_back_ends_the_process_data() {
+    QTest::addColumn<QString>("model");
+    QTest::newRow("Plus") << "plus";
+    QTest::newRow("Pro") << "pro";
+}
+
+void Test_Network_Process_Ends::a_hotkey_before_a_layout_is_read_back_ends_the_process() {
+    QFETCH(const QString, model);
+    const Log_Folder folder;
+    const End end = run_child(model, "hotkey-before-a-layout-is-read-back");
+    QVERIFY(!end.in_order);
+    QCOMPARE(end.lines, (QStringList{"window open", "//BP"}));
+    QVERIFY2(end.errors.contains("no grid position behind 04B"), qPrintable(end.errors));
 }
 
 int main(int argc, char** argv) {

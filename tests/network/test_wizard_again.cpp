@@ -17,6 +17,7 @@ private slots:
     void from_the_network_to_the_serial_line_the_socket_is_closed();
     void there_and_back_again_one_device_stands_at_a_time();
     void another_adapter_replaces_the_socket();
+    void behind_closed_ip_settings_on_shows_one_address_and_the_other_name();
     void a_new_link_empties_the_terminal_and_takes_the_custom_items_out();
     void the_ports_are_listed_anew_each_time();
     void filling_the_port_list_opens_the_port_and_lets_changes_through();
@@ -134,6 +135,25 @@ void Test_Wizard_Again::another_adapter_replaces_the_socket() {
     second.send_from_switch(at->report());
     QVERIFY(at->wait_connected());
     QCOMPARE(at->taken, QByteArrayList());
+}
+
+void Test_Wizard_Again::behind_closed_ip_settings_on_shows_one_address_and_the_other_name() {
+    QVERIFY(at->open_network());
+    Adapter_State second = Adapter_Network::numbered({}, 1);
+    second.name = "WEST";
+    at->network.add(second);
+    at->robot.expect(choose_network());
+    at->robot.expect(choose_adapter(1));
+    at->robot.expect(log_in());
+    at->robot.expect(close_dialog("IP_Settings_Dialog"));
+    at->run_wizard();
+    QVERIFY2(at->robot.done(), at->robot.why());
+    at->button("pushButton_OFF_Connection").click();
+    at->button("pushButton_ON_Connection").click();
+    QVERIFY(at->wait_connected());
+    QCOMPARE(at->label("label_current_Ip").text(), QString("  IP: 127.0.0.2"));
+    QCOMPARE(at->label("label_name_of_USR").text(), QString("  Name: WEST"));
+    QVERIFY(at->change_reaches_adapter());
 }
 
 void Test_Wizard_Again::a_new_link_empties_the_terminal_and_takes_the_custom_items_out() {
