@@ -28,7 +28,7 @@ public:
     /// The messages of the entries, without their times and without the start and stop lines.
     [[nodiscard]] QStringList entries() const;
 
-    /// The names of everything that stands in the working directory.
+    /// The names of everything in the working directory.
     [[nodiscard]] QStringList names() const;
 
 private:

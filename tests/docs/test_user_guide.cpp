@@ -10,7 +10,7 @@
 
 #include <stdexcept>
 
-/// The user guide against the sources of the product: what a user can meet stands in it.
+/// The user guide against the sources of the product: what a user can meet is in it.
 class Test_User_Guide : public QObject {
     Q_OBJECT
 
@@ -129,7 +129,7 @@ QList<Caption> captions(const QString& form) {
 }
 
 /// Texts of the product's .cpp files that read as something said to a person: they begin with a
-/// capital letter and go on behind a blank. Literals broken over lines are put together first.
+/// capital letter and continue after a space. Literals broken over lines are joined first.
 /// What only goes to the log, style sheets, comments and paths of includes are left out.
 QSet<QString> sentences_in_sources() {
     static const QRegularExpression no_text(
@@ -240,7 +240,7 @@ void Test_User_Guide::every_dialog_is_mentioned_by_its_heading() {
     QStringList wanted;
     for (const QString& form : files("forms", "*_dialog.ui")) {
         if (form != "forms/yes_no_dialog.ui") {
-            // What stands behind a bracket tells how to choose.
+            // The text after a bracket says how to choose.
             wanted.append(captions(form).value(0).text.section('(', 0, 0).trimmed());
         }
     }
@@ -255,7 +255,7 @@ void Test_User_Guide::every_label_of_a_settings_file_is_mentioned() {
                                   "\"([^\"]+): \"");
     QCOMPARE(labels.size(), 26);
     for (QString& label : labels) {
-        // The guide tells of four channels and entries at once.
+        // The guide mentions four channels and entries at once.
         label.remove(QRegularExpression(" [1-4]$"));
     }
     QCOMPARE(missing_in(guide(), labels), QString());

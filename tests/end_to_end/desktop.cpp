@@ -22,7 +22,7 @@ Desktop::Desktop(const QString& screen_size)
 
 bool Desktop::is_ready() const {
     // The first key of all changes the server's key map, and the window manager takes its own keys
-    // anew; a key that comes just then is lost to it. So the first one is one that means nothing.
+    // again; a key that comes just then is lost to it. So the first one is one that means nothing.
     return wait_until([this] { return run_tool({"get_desktop"}); }, max_wait) &&
            run_tool({"key", "Shift_L"});
 }

@@ -19,7 +19,7 @@ public:
     explicit Driven_Program(const QStringList& ports = {}, Port_List port_list = Port_List::answers,
                             QMap<QString, QString> environment = {});
 
-    /// Answers the next modal window, or the one that stands.
+    /// Answers the next modal window, or the one that is open.
     void answer(const QString& actions);
     /// Chooses "LITE", "PLUS" or "PRO" in the model dialog and continues.
     void choose_model(const QString& model);

@@ -15,7 +15,7 @@
 ///
 /// It reads
 ///
-///     answer <action>,<action>...   for the next modal window, or the one that stands
+///     answer <action>,<action>...   for the next modal window, or the one that is open
 ///     close                         closes the main window by its frame
 ///     fonts                         asks for the fonts in use
 ///

@@ -22,7 +22,7 @@ const QString dejavu = "truetype/dejavu";
 const QString liberation = "truetype/liberation";
 const QString arimo = "truetype/croscore";
 
-/// Renames a font, to stand for one that can't be had here.
+/// Renames a font, to stand for one that is not available here.
 const QString arimo_is_segoe = R"(
  <match target="scan">
   <test name="family"><string>Arimo</string></test>

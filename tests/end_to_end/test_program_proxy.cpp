@@ -79,7 +79,7 @@ void Test_Program_Proxy::a_proxy_hears_nothing_while_the_search_finds_an_adapter
     program.answer("radioButton_TCP_IP,pushButton_continue");
     QVERIFY2(program.wait_for("modal Select_hardware_Dialog"),
              qPrintable(program.lines().join('\n') + program.errors()));
-    // One search, asked of the network and answered: without an answer a box would stand here.
+    // One search, asked of the network and answered: without an answer a box would be open here.
     QCOMPARE(frames, QByteArrayList{"ff010102"});
     QVERIFY(!proxy.has_heard());
     program.answer("frame");

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Saves the form as it stands; false if the file cannot be written.
+/// Saves the form as it is now; false if the file cannot be written.
 bool save(QWidget& form, const QDir& folder, const QString& name) {
     QApplication::processEvents();
     return form.grab().save(folder.filePath(name + ".png"));

@@ -22,7 +22,7 @@ QStringList overlapping_leaves(const QWidget& window);
 /// The object names of the leaves whose text or picture does not fit into them.
 QStringList leaves_with_cut_content(const QWidget& window);
 
-/// Where the objects of one "order" fact do not stand as told; empty if nowhere.
+/// Where the objects of one "order" fact are not as stated; empty if nowhere.
 QStringList order_differences(const QWidget& window, const QJsonObject& order);
 
 /// Where spacing or margins of a block's layout differ from the fact; empty if nowhere.

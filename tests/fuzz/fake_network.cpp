@@ -42,7 +42,7 @@ extern "C" int bind(int /*socket*/, const sockaddr* /*address*/, socklen_t /*siz
 
 qint64 QUdpSocket::writeDatagram(const char* data, qint64 len, const QHostAddress& /*host*/,
                                  quint16 /*port*/) {
-    // A search begins with a port opened anew: what waited at the one before is gone.
+    // A search begins with a port opened again: what waited at the one before is gone.
     constexpr char search_command = 1;
     constexpr qint64 command_at = 2;
     if (len > command_at && data[command_at] == search_command) {

@@ -14,7 +14,7 @@
 ///     0x1E  the user presses Refresh
 ///     0x1F  the user submits the layout
 ///
-/// While a message box stands, the next chunk is served.
+/// While a message box is open, the next chunk is served.
 class Reply_Player {
 public:
     Reply_Player(Fuzz_Window& window, Link_Method method, const QByteArray& input);

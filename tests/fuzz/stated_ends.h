@@ -29,7 +29,7 @@ bool ends_as_stated(const std::optional<Stated_End>& stated, const std::function
 /// A finding unless the condition holds.
 void expect(bool holds, const char* what);
 
-/// What reading a layout text throws: a key without two characters behind it, or two characters
+/// What reading a layout text throws: a key without two characters after it, or two characters
 /// that are no number.
 /// @param forgives_bad_numbers as the model does, which takes the first cell instead.
 [[nodiscard]] std::optional<Stated_End> layout_end(const std::string& layout_text,
@@ -44,5 +44,5 @@ void expect(bool holds, const char* what);
 /// A chunk's text as the tool takes it: UTF-8 up to the first NUL.
 [[nodiscard]] std::string text_of_chunk(const QByteArray& chunk);
 
-/// The text behind a key up to the line feed; empty if the key is missing.
+/// The text after a key up to the line feed; empty if the key is missing.
 [[nodiscard]] std::string value_behind(std::string_view key, const std::string& text);

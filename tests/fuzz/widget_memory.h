@@ -8,7 +8,7 @@
 #include <functional>
 #include <vector>
 
-/// What a window's widgets show, to be brought back: far quicker than making the window anew.
+/// What a window's widgets show, to be brought back: far quicker than making the window again.
 class Widget_Memory {
 public:
     explicit Widget_Memory(QWidget& window);

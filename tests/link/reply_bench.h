@@ -29,7 +29,7 @@ public slots:
 };
 
 /// A reply dispatcher, with an open line for what it says and a record of what it finds. Time is
-/// virtual as long as it stands.
+/// virtual as long as it exists.
 struct Reply_Bench {
     explicit Reply_Bench(Notice_Order order = Notice_Order::layout_first)
         : replies(line.state, line.writer, view, window, order) {}

@@ -233,7 +233,7 @@ void Test_Lite_Commands::
     lacking.missing_key = "C1\t";
     lite->device.set_faults(lacking);
     robot->expect({.text = "Setting data from TQL error", .action = [&](QWidget& box) {
-                       // Changes by the program are under way as long as this box stands.
+                       // Changes by the program are under way as long as this box is open.
                        lite->device.clear_record();
                        choose("comboBox_KM_Control", {1})(*lite);
                        choose("comboBox_USB_Control", {1})(*lite);

@@ -58,7 +58,7 @@ namespace {
 const QByteArray saved = "Saving horizontal dimension as 4\n";
 const QByteArray report = "KM Port Limit: 2\n//FF01B01\nBuzzer: on\n";
 
-/// The records of the steps behind the report: the notices and the audio.
+/// The records of the steps after the report: the notices and the audio.
 QStringList notice_words(const QStringList& records) {
     QStringList words;
     for (const QString& record : records) {

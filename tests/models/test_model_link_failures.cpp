@@ -20,8 +20,8 @@ bool closing_fails = false;
 } // namespace
 
 // The linker sends the calls of QSerialPort::setFlowControl(), the last thing before a port is
-// opened, and of Link_Transport::close_port() here (see CMakeLists.txt): they can fail on cue,
-// which no input from outside can bring about.
+// opened, and of Link_Transport::close_port() here (see CMakeLists.txt): they can fail on demand,
+// which no outside input can cause.
 bool real_set_flow_control(QSerialPort* port, QSerialPort::FlowControl control) __asm__(
     "__real__ZN11QSerialPort14setFlowControlENS_11FlowControlE");
 bool failing_set_flow_control(QSerialPort* port, QSerialPort::FlowControl control) __asm__(
@@ -228,7 +228,7 @@ void Test_Model_Link_Failures::a_port_that_can_not_be_replaced_is_told_as_a_fail
     QCOMPARE(logged_before_box, QStringList{opening_failure});
     QCOMPARE(folder->entries(), QStringList{opening_failure});
     closing_fails = false;
-    // No state is rolled back: the earlier port stands open, and gets the questions.
+    // No state is rolled back: the earlier port is open, and gets the questions.
     QVERIFY(fixture->wait_connected());
     QVERIFY(fixture->device.received_commands().contains("//BP"));
     QCOMPARE(second->received_commands(), QByteArrayList());

@@ -19,7 +19,7 @@ bool reading_the_grid_fails = false;
 } // namespace
 
 // The linker sends the calls of QTableWidget::item() here (see CMakeLists.txt): the scan of the
-// grid can fail on cue, which no input from outside can bring about.
+// grid can fail on demand, which no outside input can cause.
 QTableWidgetItem* real_item(const QTableWidget* table, int row,
                             int column) __asm__("__real__ZNK12QTableWidget4itemEii");
 QTableWidgetItem* failing_item(const QTableWidget* table, int row,

@@ -15,7 +15,7 @@
 #include <map>
 
 /// Brings a Plus or Pro window to one of the ends of its process and prints what it met on the way.
-/// What stands behind an end is never printed.
+/// What follows an end is never printed.
 ///
 ///     network_end_child plus|pro <scenario>
 

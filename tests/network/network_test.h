@@ -24,7 +24,7 @@ protected slots:
     void cleanup();
 };
 
-/// Runs a test in a network of its own; tells it as skipped where none can be made.
+/// Runs a test in a private network; reports it as skipped where none can be created.
 template <class Test>
 int run_network_test(int argc, char** argv) {
     return run_test_in_private_network(argc, argv, [](int count, char** values) {

@@ -16,7 +16,7 @@ bool closing_ports_fails = false;
 } // namespace
 
 // The linker sends the calls of Link_Transport::close_socket() and close_port() here (see
-// CMakeLists.txt): they can fail on cue, which no input from outside can bring about.
+// CMakeLists.txt): they can fail on demand, which no outside input can cause.
 void real_close_socket(Link_Transport* devices) __asm__(
     "__real__ZN14Link_Transport12close_socketEv");
 void failing_close_socket(Link_Transport* devices) __asm__(

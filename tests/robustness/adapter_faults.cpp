@@ -15,7 +15,7 @@ constexpr int all_attempts = 100;
 const QStringList unread_settings = {"Get static IP error", "Get subnet mask error",
                                      "Get gateway error"};
 
-/// Reads the names out of the list of the dialog; two blanks and one stand before each.
+/// Reads the names out of the list of the dialog; three spaces precede each.
 Modal_Action read_names(QStringList& names) {
     return [&names](QWidget& dialog) {
         const auto& list = find_child<QComboBox>(dialog, "comboBox");

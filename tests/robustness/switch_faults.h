@@ -55,5 +55,5 @@ Unit_Snapshot wanted_snapshot(const Outcome& outcome, const Unit_Snapshot& of_un
 
 /// What the window has to show when the fault is gone and it has asked again: the unit's values.
 /// But the lists lose their custom names only if all four stand there; fewer stay, and the new ones
-/// follow behind them.
+/// follow after them.
 Unit_Snapshot wanted_after_refresh(const Unit_Snapshot& before, const Unit_Snapshot& of_unit);

@@ -8,7 +8,7 @@
 #include <QFile>
 #include <QTest>
 
-/// docs/faults.md tells of every fault, in the words of the tests, and the simulators have a word
+/// docs/faults.md lists every fault, in the words of the tests, and the simulators have a word
 /// for every fault.
 class Test_Fault_Document : public QObject {
     Q_OBJECT
@@ -80,7 +80,7 @@ void Test_Fault_Document::every_field_of_a_fault_plan_has_a_word() {
     for (const Fault_Word& word : fault_names()) {
         QVERIFY(set_fault(plan, word.name, word.value_name.isEmpty() ? QString() : "77"));
     }
-    // A new field does not compile until it stands here.
+    // A new field does not compile until it is listed here.
     const auto& [delay, chunk_size, chunk_gap, crlf, nul, invalid_utf8, oversize, markup, silence,
                  disappearance, missing_key] = plan;
     QCOMPARE(delay.count(), 77);
@@ -97,7 +97,7 @@ void Test_Fault_Document::every_fault_of_an_adapter_has_an_option() {
          "--copies", "7", "--search-bytes", "7", "--login-bytes", "7", "--foreign", "7"},
         error);
     QVERIFY2(options, qPrintable(error));
-    // A new field does not compile until it stands here.
+    // A new field does not compile until it is listed here.
     const auto& [silent_to_search, unanswered_logins, never_comes_back, copies, search_reply_bytes,
                  login_answer_bytes, foreign_datagram_bytes] = options->faults;
     QVERIFY(silent_to_search && never_comes_back);

@@ -166,7 +166,7 @@ void Test_Settings_Load::the_box_comes_when_all_but_a_pros_last_lines_has_been_a
     QVERIFY2(wait_until([&] { return fixture->robot.done(); }), fixture->robot.why());
     QCOMPARE(before_ok, fixture->sent_before_box(lines));
     QCOMPARE(picture, "..../.12./.3d./....");
-    // The mouse mode refills the fields, on a Pro behind the box.
+    // The mouse mode fills the fields again, on a Pro after the box.
     QCOMPARE(speed, fixture->is_pro() ? "100" : "150");
     QCOMPARE(fixture->custom_field("X").text(), "150");
     QCOMPARE(fixture->window_fixture.commands(), fixture->sent_after_box(lines));

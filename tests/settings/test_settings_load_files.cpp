@@ -99,7 +99,7 @@ void Test_Settings_Load_Files::a_last_line_without_an_end_counts() {
     QCOMPARE(fixture->window_fixture.commands().constLast(), QByteArray("//km"));
 }
 
-// Every value runs to the end of the file, and the switch gets all that as it stands.
+// Every value runs to the end of the file, and the switch gets all that unchanged.
 void Test_Settings_Load_Files::a_file_with_bare_carriage_returns_is_one_long_line() {
     const QByteArray text = lines.text("\r");
     QVERIFY2(fixture->load_first_part(fixture->write(text)), fixture->robot.why());
@@ -160,7 +160,7 @@ void Test_Settings_Load_Files::a_file_without_a_single_label() {
     QCOMPARE(fixture->window_fixture.commands(), QByteArrayList(fixture->sent_count()));
     Snapshot snapshot = look_at(*fixture);
     QCOMPARE(snapshot.take("audio"), audio_before);
-    // All four stand on the first cell, and both gray channels have marked the one tile there.
+    // All four are on the first cell, and both gray channels have marked the one tile there.
     QCOMPARE(snapshot.take("tiles"), "[Channel 4\nINACTIVE\nINACTIVE #a0a0a4].../..../..../....");
     QCOMPARE(snapshot, snapshot_without_lines);
 }

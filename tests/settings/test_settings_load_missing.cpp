@@ -86,7 +86,7 @@ void Test_Settings_Load_Missing::a_missing_line_data() {
     row("Limit Ports: ", 0, 0, {{"limit", "-1"}, {"tiles", "..../.12./.cd./...."}});
     row("Cursor Rolling: ", 0, 0, {{"roll", "0"}});
     row("Mouse Parking: ", 0, 0, {{"parking", "0|0"}});
-    // Each name after a missing one stands one item earlier, and the last item is gone.
+    // Each name after a missing one is one item earlier, and the last item is gone.
     row("Custom mouse movement setting 1: ", 1, 0,
         {{"names", "TREE LAMP SOFA"}, {"resolutions", "1 -1 9 8"}});
     row("Custom mouse movement setting 2: ", 1, 0,

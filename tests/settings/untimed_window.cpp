@@ -38,7 +38,7 @@ bool Untimed_Window::wait_until_obeyed() {
     controller().terminal.clear();
     controller().session.writer.writeCommand(std::string(marker));
     // A notice may have emptied the reply buffer; the terminal shows every answer. A layout that
-    // was confirmed on the way is asked for and answered behind the marker.
+    // was confirmed on the way is asked for and answered after the marker.
     return wait_until([&] {
         return device.received_commands().contains(QByteArray::fromStdString(marker)) &&
                device.all_sent() &&

@@ -5,7 +5,7 @@
 #include <QProcess>
 #include <QTest>
 
-/// The library that keeps programs on the loopback where they can't have a network of their own.
+/// The library that keeps programs on the loopback where they can't have a private network.
 /// Each of the small programs here has it preloaded, so nothing is sent elsewhere.
 class Test_Loopback_Network : public QObject {
     Q_OBJECT

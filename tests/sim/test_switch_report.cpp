@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-/// The texts in which the simulated switch tells its state.
+/// The texts with which the simulated switch reports its state.
 class Test_Switch_Report : public QObject {
     Q_OBJECT
 

@@ -23,7 +23,7 @@ struct Program_Setting {
 
 /// A program, such as the real tool, run as it is: as a child process that sees the given serial
 /// ports and no others. The child is killed with this object if it has not ended by then. Time is
-/// real as long as this object stands.
+/// real as long as this object exists.
 class Program_Run {
 public:
     /// Starts the program. Whether that worked shows in started().

@@ -6,7 +6,7 @@
 #include <functional>
 
 /// The clock that the main thread sees in programs linked with the tests' support, with all timers
-/// of Qt on it. It is the machine's own, unless a Virtual_Time stands: then it stands still while
+/// of Qt on it. It is the machine's own, unless a Virtual_Time exists: then it stops while
 /// the program works, however long that takes on a busy machine, and when the program would wait
 /// for a timer, it leaps to that timer's end. So a wait takes no real time and keeps its exact
 /// length.
@@ -37,7 +37,7 @@ time_until(const std::function<bool()>& condition,
 
 } // namespace virtual_time
 
-/// While one stands, time is virtual.
+/// While one exists, time is virtual.
 class Virtual_Time {
 public:
     Virtual_Time();
@@ -46,7 +46,7 @@ public:
     Virtual_Time& operator=(const Virtual_Time&) = delete;
 };
 
-/// While one stands, time goes by as the machine's, even where a Virtual_Time stands: for what
+/// While one exists, time goes by as the machine's, even where a Virtual_Time exists: for what
 /// other processes do.
 class Real_Time {
 public:

@@ -19,7 +19,7 @@
 #include <string>
 
 /// A main window and the simulated switch at the other end of its first listed port, whatever the
-/// model. Time is virtual as long as it stands.
+/// model. Time is virtual as long as it exists.
 class Window_Fixture {
     const Virtual_Time time;
 

@@ -5,7 +5,7 @@
 #include <QProcess>
 #include <QStringList>
 
-/// halvern-sim-adapter in a process of its own, for tests in real time, where the tool blocks the
+/// halvern-sim-adapter in a separate process, for tests in real time, where the tool blocks the
 /// test's own thread.
 class Adapter_Process {
 public:

@@ -9,7 +9,7 @@
 #include <thread>
 
 /// A thread that sends the same datagram to a port of the loopback as fast as it can, so often, or
-/// as long as this object stands.
+/// as long as this object exists.
 class Datagram_Flood {
 public:
     static constexpr int endless = std::numeric_limits<int>::max();

@@ -9,7 +9,7 @@
 
 /// Simulated adapters in the test's own thread: they are served while the tool blocks that thread,
 /// so that a search takes no real time and its outcome does not hang on a race. For programs linked
-/// with fake_waiting. Time is virtual as long as it stands.
+/// with fake_waiting. Time is virtual as long as it exists.
 class Fast_Network : public Adapter_Network {
 public:
     Fast_Network();

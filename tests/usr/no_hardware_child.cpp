@@ -15,7 +15,7 @@
 ///   construct  there are none from the start
 ///   refresh    they are gone when Refresh is pressed
 ///   port       the search port is taken by another program
-/// and prints what becomes visible. What stands behind the process's end is never printed.
+/// and prints what becomes visible. What follows the process's end is never printed.
 
 namespace {
 

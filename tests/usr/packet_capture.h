@@ -15,7 +15,7 @@ struct Captured_Datagram {
 };
 
 /// What the kernel sends over the loopback of the test's network, seen below UDP. For root of that
-/// network. Time is real as long as it stands.
+/// network. Time is real as long as it exists.
 class Packet_Capture {
 public:
     /// Captures from now on; ends the test program if it can't.

@@ -127,7 +127,7 @@ int run_in_private_network(int argc, char** argv, const std::function<int(int, c
         std::fprintf(stderr, "FAIL!  : this is no network of the test's own\n");
         return 1;
     }
-    // Programs that the test starts may make a network of their own in turn.
+    // Programs that the test starts may make a private network in turn.
     unsetenv(outer_network_variable);
     return run(argc, argv);
 }

@@ -5,8 +5,8 @@
 #include <functional>
 #include <string>
 
-/// Runs a program in a network namespace of its own, where broadcasts stay on the loopback and
-/// every port is free: starts the same program anew under unshare(1), with the loopback up and
+/// Runs a program in a private network namespace, where broadcasts stay on the loopback and
+/// every port is free: starts the same program again under unshare(1), with the loopback up and
 /// 255.255.255.255 routed to it. All addresses of 127.0.0.0/8 can be had there.
 ///
 /// Where no such network can be made, the program fails: it is never run on the machine's own.
@@ -20,7 +20,7 @@ int run_in_private_network(int argc, char** argv, const std::function<int(int, c
 /// @param run must hand its arguments to QTest::qExec(), which is asked for the names with them.
 int run_test_in_private_network(int argc, char** argv, const std::function<int(int, char**)>& run);
 
-/// For a Qt test whose child processes make networks of their own: run where that can be done, told
+/// For a Qt test whose child processes make private networks: run where that can be done, told
 /// as skipped elsewhere.
 int run_test_of_private_networks(int argc, char** argv, const std::function<int(int, char**)>& run);
 

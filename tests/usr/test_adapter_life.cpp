@@ -15,7 +15,7 @@
 #include <QTest>
 #include <QTimer>
 
-/// The tool and an adapter in a process of its own, in real time.
+/// The tool and an adapter in a separate process, in real time.
 class Test_Adapter_Life : public QObject {
     Q_OBJECT
 

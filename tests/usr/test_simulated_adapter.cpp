@@ -72,7 +72,7 @@ public:
         socket.waitForConnected();
     }
 
-    /// Sends each command as a datagram of its own and waits for so many datagrams in return.
+    /// Sends each command as a separate datagram and waits for so many datagrams in return.
     QByteArrayList ask(const QByteArrayList& commands, int datagrams) {
         for (const QByteArray& command : commands) {
             socket.write(command + '\r');

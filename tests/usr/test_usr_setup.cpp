@@ -19,7 +19,7 @@ bool memory_is_short = false;
 } // namespace
 
 // The linker sends the calls of text_to_hex_field() here (see CMakeLists.txt): its memory can run
-// out on cue, which no input from outside can bring about.
+// out on demand, which no outside input can cause.
 QString real_text_to_hex_field(const QString& text,
                                qsizetype width) __asm__("__real__Z17text_to_hex_fieldRK7QStringx");
 QString

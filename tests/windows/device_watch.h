@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-/// Counts how often a device file is opened and closed, by whomever, as the kernel tells it.
+/// Counts how often a device file is opened and closed, by whomever, as the kernel reports it.
 class Device_Watch {
 public:
     /// Watches from now on. The test program ends if the file cannot be watched.

@@ -280,7 +280,7 @@ void Test_Configuration::off_leaves_the_values_and_deadens_the_page() {
 }
 
 void Test_Configuration::a_box_changed_while_ui_changes_are_disabled_sends_nothing() {
-    // A load whose dialog stands open has lowered the flag; the custom names are out already, for
+    // A load whose dialog is open has lowered the flag; the custom names are out already, for
     // taking them out would raise it again.
     lite->button("pushButton_Refresh").click();
     QCOMPARE(lite->commands().size(), 3);

@@ -157,7 +157,7 @@ void Test_Grid::a_gray_tile_comes_out_as_digit_3() {
     QCOMPARE(grid_command(layout), "//FF01B01FF02B02FF03B03FF03B04");
     layout[2].brush = QBrush(Qt::gray);
     QCOMPARE(grid_command(layout), "//FF01B01FF02B02FF03B03FF03B04");
-    // The two stand in the order of the list.
+    // The two are in the order of the list.
     std::swap(layout[2], layout[3]);
     QCOMPARE(grid_command(layout), "//FF01B01FF02B02FF03B04FF03B03");
 }

@@ -14,7 +14,7 @@
 using Positions = std::array<int, 4>;
 Q_DECLARE_METATYPE(Positions)
 
-/// The layout as the switch tells it: in a report, and after it has confirmed a new one.
+/// The layout as the switch reports it: in a report, and after it has confirmed a new one.
 class Test_Layout_Report : public QObject {
     Q_OBJECT
 
@@ -210,7 +210,7 @@ void Test_Layout_Report::a_confirmed_layout_is_read_from_the_whole_buffer() {
     QVERIFY(open());
     lite->device.set_faults(without_layout());
     QVERIFY(lite->say("Saving horizontal dimension as 4\n"));
-    // No "//FF", and the keys on several lines, in any order; each counts where it stands first.
+    // No "//FF", and the keys on several lines, in any order; each counts at its first position.
     QVERIFY(lite->say("03B07\n01B05, 02B06\n04B08\n04B02\n"));
     QVERIFY(wait_until([&] { return table->picture() != "1234/..../..../...."; }));
     QCOMPARE(table->picture(), "..../1234/..../....");

@@ -183,7 +183,7 @@ void Test_Mouse_Speed_Page::the_resolution_line_is_read_by_its_fields_data() {
     row(" 0 1 C9 2", {-1, 0, -1, 1});
     row(" 2 3", {1, 2, 0, 0});
     row(" 2 3 4 5 6 7", {1, 2, 3, 4});
-    // The first character behind the key is skipped, whatever it is.
+    // The first character after the key is skipped, whatever it is.
     row("2 3 4 5", {2, 3, 4, 0});
     // Twelve characters count, past the line's end.
     row(" 5\n6 7\nxx 8 9", {4, 5, 6, 7});

@@ -137,7 +137,7 @@ void Test_Serial_Link_Opening::a_later_opening_replaces_the_port_once() {
 }
 
 void Test_Serial_Link_Opening::the_line_is_set_to_115200_baud_one_stop_bit_and_no_flow_control() {
-    // A pseudo-terminal has 8 data bits and no parity whatever it is told; the rest it keeps.
+    // A pseudo-terminal has 8 data bits and no parity whatever is set; it keeps the rest.
     int terminal = -1;
     termios setting = line_setting(lite->device.device_name(), terminal);
     setting.c_cflag |= CSTOPB | CRTSCTS;
