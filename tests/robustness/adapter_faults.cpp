@@ -46,8 +46,9 @@ const std::vector<Adapter_Fault_Case>& adapter_fault_cases() {
     const QString search_on = "The search starts again until every answer has 36 bytes, and the "
                               "window does not react meanwhile. Then everything is correct.";
     const QString unread =
-        frozen_login + ", and again for each address in IP Settings. The addresses are not read, a "
-                       "message box appears for each, and connecting works.";
+        frozen_login +
+        "; the same happens for each address in IP Settings. The addresses are not read, a "
+        "message box appears for each, and connecting works.";
     static const std::vector<Adapter_Fault_Case> cases = {
         {.option = "name-hex",
          .value = "fffe4142",
