@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int patience_ms = 30'000;
+constexpr int connection_patience_ms = 30'000;
 
 /// A connection to this machine, at the port that an environment variable names. The other end may
 /// need a moment until it listens.
@@ -20,20 +20,20 @@ public:
         QElapsedTimer waited;
         waited.start();
         do {
-            constexpr unsigned long look_again_ms = 50;
+            constexpr unsigned long try_again_ms = 50;
             socket.connectToHost("127.0.0.1", static_cast<quint16>(port));
-            if (socket.waitForConnected(patience_ms)) {
+            if (socket.waitForConnected(connection_patience_ms)) {
                 return;
             }
-            QThread::msleep(look_again_ms);
-        } while (waited.elapsed() < patience_ms);
+            QThread::msleep(try_again_ms);
+        } while (waited.elapsed() < connection_patience_ms);
         throw Step_Failed(QString("nobody listens at %1 %2").arg(port_variable).arg(port));
     }
 
     void write_line(const QByteArray& line) {
         socket.write(line + '\n');
         while (socket.bytesToWrite() > 0) {
-            if (!socket.waitForBytesWritten(patience_ms)) {
+            if (!socket.waitForBytesWritten(connection_patience_ms)) {
                 throw Step_Failed("the connection is gone: " + socket.errorString());
             }
         }
@@ -41,7 +41,7 @@ public:
 
     QByteArray read_line() {
         while (!socket.canReadLine()) {
-            if (!socket.waitForReadyRead(patience_ms)) {
+            if (!socket.waitForReadyRead(connection_patience_ms)) {
                 throw Step_Failed("no answer: " + socket.errorString());
             }
         }
