@@ -173,14 +173,17 @@ void Test_Command_Encoding::a_failed_conversion_of_a_qstring_is_reported_alike()
     constexpr std::size_t above_three_times_the_length = 230'000;
     QString text(length, 'x');
     QByteArray bytes = "not empty";
+#ifndef Q_OS_WIN
+    // Qt's library makes the std::string, by an operator new that is its own on Windows.
     {
         const Failing_Allocation no_memory(length);
         bytes = encoder.qstring_to_bytes(text);
     }
     QCOMPARE(reports, QStringList{"Bytes converting error"});
     QCOMPARE(bytes, "");
-
     reports.clear();
+#endif
+
     {
         // Room for the text, none for its digits.
         const Failing_Allocation no_memory(above_three_times_the_length);

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int connection_patience_ms = 30'000;
+constexpr int connection_patience_ms = 120'000;
 
 /// A connection to this machine, at the port that an environment variable names. The other end may
 /// need a moment until it listens.

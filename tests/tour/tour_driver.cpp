@@ -22,7 +22,8 @@
 
 namespace {
 
-constexpr qint64 patience_ms = 30'000;
+/// A busy machine may need half a minute for one list to open under Wine.
+constexpr qint64 patience_ms = 120'000;
 /// From one look at the windows to the next.
 constexpr unsigned long look_again_ms = 15;
 

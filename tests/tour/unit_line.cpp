@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::chrono::seconds patience_for_units{30};
+constexpr std::chrono::seconds patience_for_units{120};
 
 } // namespace
 
