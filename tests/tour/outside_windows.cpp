@@ -59,16 +59,17 @@ private:
     QTcpSocket socket;
 };
 
-/// Only the tour's thread comes here.
+/// Only the tour's thread comes here. The connections stay until the process ends: MinGW frees the
+/// variables of a thread before it calls their destructors.
 Connection& units() {
-    thread_local Connection connection("HALVERN_TOUR_UNITS_PORT");
+    static Connection& connection = *new Connection("HALVERN_TOUR_UNITS_PORT");
     return connection;
 }
 
 /// Each line is a request, its words parted by tabs; each is answered by a line that is empty or
 /// names what went wrong.
 QByteArray answer_to(const QStringList& words) {
-    thread_local Connection connection("HALVERN_TOUR_HELPER_PORT");
+    static Connection& connection = *new Connection("HALVERN_TOUR_HELPER_PORT");
     connection.write_line(words.join('\t').toUtf8());
     return connection.read_line();
 }
