@@ -8,7 +8,7 @@
 #include "sim/adapter_logic.h"
 #include "sim/switch_logic.h"
 #include "sim/switch_report.h"
-#include "tests/support/another_state.h"
+#include "tests/support/sample_units.h"
 
 #include <QDir>
 #include <QFile>
@@ -65,7 +65,7 @@ void write_switch_seeds(const Seed_Folder& seeds, int number, Switch_Model model
     const QByteArray which = QByteArray::number(number);
     const auto fresh_unit = [model] {
         Switch_Logic unit(model);
-        unit.set_state(another_state());
+        unit.set_state(used_unit());
         return unit;
     };
     Switch_Logic unit = fresh_unit();

@@ -3,6 +3,7 @@
 #include "tests/support/find_child.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/model_fixture.h"
+#include "tests/support/sample_units.h"
 #include "tests/support/wait_until.h"
 
 #include <QCheckBox>
@@ -37,52 +38,6 @@ private:
     std::unique_ptr<Modal_Robot> robot;
 };
 
-namespace {
-
-/// The unit whose file is shown in docs/settings-file.md.
-Switch_State documented_unit() {
-    Switch_State state;
-    state.km_channel = 2;
-    state.relative_mouse = true;
-    state.cursor_rolling = true;
-    state.custom_entries = {
-        {{150, 300, "DESK"}, {100, 100, "WALL"}, {200, 200, "HALL"}, {500, 500, "ROOM"}}};
-    state.resolutions = {1, 4, 10, 7};
-    state.layout_positions = {1, 2, 5, 6};
-    state.audio = {Audio_Routing::Mode::channels, {true, false, true, false}};
-    return state;
-}
-
-constexpr char common_lines[] = "KM Control: //c2\n"
-                                "USB Control: //u1\n"
-                                "Limit Ports: //D4\n"
-                                "Cursor Rolling: //o1\n"
-                                "Mouse Parking: //MP 50 50\n"
-                                "Resolution channel 1: //CE 1 1\n"
-                                "Resolution channel 2: //CE 2 4\n"
-                                "Resolution channel 3: //CE 3 10\n"
-                                "Resolution channel 4: //CE 4 7\n"
-                                "Custom mouse movement setting 1: //MM C1 150 300 DESK\n"
-                                "Custom mouse movement setting 2: //MM C2 100 100 WALL\n"
-                                "Custom mouse movement setting 3: //MM C3 200 200 HALL\n"
-                                "Custom mouse movement setting 4: //MM C4 500 500 ROOM\n"
-                                "Data from mouse movement label 1: 150 300 DESK\n"
-                                "Data from mouse movement label 2: 100 100 WALL\n"
-                                "Data from mouse movement label 3: 200 200 HALL\n"
-                                "Data from mouse movement label 4: 500 500 ROOM\n"
-                                "Grid settings: //FF01B01FF02B02FF03B05FF04B06\n"
-                                "Coordinates channel 1: 0 0\n"
-                                "Coordinates channel 2: 0 1\n"
-                                "Coordinates channel 3: 1 0\n"
-                                "Coordinates channel 4: 1 1\n"
-                                "Buzzer: //B1\n"
-                                "Mouse Mode: //km\n";
-
-constexpr char audio_lines[] = "Audio settings: //a 1 3\n"
-                               "Audio chacked state: 13\n";
-
-} // namespace
-
 void Test_Model_Settings::init() {
     QFETCH_GLOBAL(const Switch_Model, model);
     tested = model;
@@ -115,7 +70,7 @@ bool Test_Model_Settings::load() {
 
 void Test_Model_Settings::a_pro_file_sends_its_audio_command_on_the_pro_only() {
     QVERIFY(fixture->open_filled());
-    write_file(QByteArray(common_lines) + audio_lines);
+    write_file(QByteArray(documented_lines) + documented_audio_lines);
     fixture->device.clear_record();
     QVERIFY(load());
     QByteArrayList sent = fixture->commands();
@@ -136,7 +91,7 @@ void Test_Model_Settings::a_file_without_audio_leaves_the_pros_boxes_and_sends_a
         const auto& box = find_child<QCheckBox>(fixture->window(), "checkBox_ch3");
         QVERIFY(wait_until([&] { return box.isChecked(); }));
     }
-    write_file(common_lines);
+    write_file(documented_lines);
     fixture->device.clear_record();
     QVERIFY(load());
     QCOMPARE(fixture->commands().count(QByteArray()), is_pro() ? 1 : 0);
@@ -149,7 +104,7 @@ void Test_Model_Settings::a_file_without_audio_leaves_the_pros_boxes_and_sends_a
 void Test_Model_Settings::
     a_file_chosen_soon_after_a_cancel_gets_its_second_part_early_on_plus_and_pro() {
     QVERIFY(fixture->open_filled());
-    write_file(common_lines);
+    write_file(documented_lines);
     robot->expect({.class_name = "QFileDialog", .action = press_key(Qt::Key_Escape)});
     fixture->button("pushButton_Load_Settings_File").click();
     // The cancelled load's timer is running on Plus and Pro; it finds this file's first part.

@@ -2,6 +2,7 @@
 
 #include "tests/network/network_test.h"
 #include "tests/support/find_child.h"
+#include "tests/support/sample_units.h"
 #include "tests/support/wait_until.h"
 #include "tests/usr/expect_box.h"
 
@@ -60,38 +61,23 @@ namespace {
 
 const char* const failure = "Setting data from TQL error";
 
-Switch_State used_state() {
-    Switch_State state;
-    state.km_channel = 3;
-    state.usb_channel = 2;
-    state.hotkey_trigger = "Right Alt";
-    state.relative_mouse = true;
-    state.port_limit = 3;
-    state.cursor_rolling = true;
-    state.parking_x = 11;
-    state.parking_y = 22;
-    state.resolutions = {2, 10, 13, 9};
-    state.layout_positions = {5, 6, 7, 11};
-    return state;
-}
-
 } // namespace
 
 void Test_Network_Reports::a_report_in_one_chunk_is_applied_at_once() {
     QVERIFY(at->open_silent());
-    at->unit.set_state(used_state());
+    at->unit.set_state(used_unit());
     at->adapter.send_from_switch(at->report());
     // The slot that turns the indicator green has also filled the pages: nothing waits.
     QVERIFY(at->wait_connected());
     QVERIFY(at->is_filled());
     QCOMPARE(km_channel(), 3);
     QCOMPARE(usb_channel(), 2);
-    QCOMPARE(at->label("label_Current_Hotkey_Trigger_Data").text(), QString("Right Alt"));
+    QCOMPARE(at->label("label_Current_Hotkey_Trigger_Data").text(), QString("Scroll Lock"));
     QCOMPARE(at->combo("comboBox_Select_Display_Mode").currentIndex(), 1);
     QCOMPARE(at->combo("comboBox_Select_active_port").currentIndex(), 1);
     QCOMPARE(at->combo("comboBox_Enable_or_Disable_Cursor_Roll").currentIndex(), 1);
-    QCOMPARE(at->line_edit("lineEdit_MouseParking_x").text(), QString("11"));
-    QCOMPARE(at->line_edit("lineEdit_MouseParking_y").text(), QString("22"));
+    QCOMPARE(at->line_edit("lineEdit_MouseParking_x").text(), QString("12"));
+    QCOMPARE(at->line_edit("lineEdit_MouseParking_y").text(), QString("34"));
     QCOMPARE(at->resolution(1).currentIndex() + 1, 2);
     QCOMPARE(at->resolution(2).currentIndex() + 1, 10);
     QCOMPARE(at->resolution(3).currentIndex() + 1, 13);
@@ -103,7 +89,7 @@ void Test_Network_Reports::a_report_in_one_chunk_is_applied_at_once() {
 
 void Test_Network_Reports::a_split_report_is_an_error_and_its_rest_is_only_shown() {
     QVERIFY(at->open_silent());
-    at->unit.set_state(used_state());
+    at->unit.set_state(used_unit());
     const QByteArray report = at->report();
     const qsizetype cut = report.indexOf("C1\t");
     expect_warning(at->robot, failure);
@@ -148,7 +134,7 @@ void Test_Network_Reports::a_datagram_heard_of_before_off_and_taken_behind_it_do
 
 void Test_Network_Reports::what_is_pending_together_is_one_chunk() {
     QVERIFY(at->open_silent());
-    at->unit.set_state(used_state());
+    at->unit.set_state(used_unit());
     const QByteArray report = at->report();
     // Both are there before the window looks.
     at->adapter.send_from_switch(report.first(report.indexOf("C1\t")));
@@ -161,7 +147,7 @@ void Test_Network_Reports::what_is_pending_together_is_one_chunk() {
 void Test_Network_Reports::a_chunk_of_the_longest_datagram_comes_whole() {
     constexpr qsizetype longest = 65'507;
     QVERIFY(at->open_silent());
-    at->unit.set_state(used_state());
+    at->unit.set_state(used_unit());
     const QByteArray report = at->report();
     QByteArray padding;
     while (padding.size() < longest) {
@@ -178,7 +164,7 @@ void Test_Network_Reports::a_chunk_of_the_longest_datagram_comes_whole() {
 
 void Test_Network_Reports::a_refusal_hides_no_report_behind_it() {
     QVERIFY(at->open_silent());
-    at->unit.set_state(used_state());
+    at->unit.set_state(used_unit());
     // While the adapter's port is closed, a command comes back as a refusal at once.
     at->adapter.go_offline();
     QVERIFY(at->run_slot("on_pushButton_Soft_Reset_clicked"));
@@ -214,7 +200,7 @@ void Test_Network_Reports::a_first_chunk_without_a_marker_is_applied_but_not_sho
     QVERIFY(!at->is_connected());
 
     // The report that follows finds no flag: it turns the window green and fills nothing.
-    at->unit.set_state(used_state());
+    at->unit.set_state(used_unit());
     QVERIFY(say(at->report()));
     QVERIFY(at->is_connected());
     QVERIFY(!at->is_filled());

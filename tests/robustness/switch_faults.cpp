@@ -5,6 +5,7 @@
 #include "sim/fault_names.h"
 #include "sim/simulator_options.h"
 #include "sim/switch_report.h"
+#include "tests/support/sample_units.h"
 
 #include <QTest>
 

@@ -4,6 +4,7 @@
 #include "tests/network/network_test.h"
 #include "tests/robustness/adapter_faults.h"
 #include "tests/robustness/unit_snapshot.h"
+#include "tests/support/sample_units.h"
 #include "tests/support/wait_until.h"
 
 #include <QProcess>

@@ -3,6 +3,7 @@
 #include "sim/switch_behind_adapter.h"
 #include "tests/network/network_test.h"
 #include "tests/robustness/switch_faults.h"
+#include "tests/support/sample_units.h"
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
 #include "tests/usr/expect_box.h"

@@ -4,6 +4,7 @@
 #include "tests/robustness/resource_counts.h"
 #include "tests/robustness/soak.h"
 #include "tests/robustness/unit_snapshot.h"
+#include "tests/support/sample_units.h"
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
 

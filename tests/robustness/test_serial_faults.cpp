@@ -3,6 +3,7 @@
 #include "sim/port_list.h"
 #include "tests/robustness/switch_faults.h"
 #include "tests/support/model_fixture.h"
+#include "tests/support/sample_units.h"
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
 #include "tests/usr/expect_box.h"

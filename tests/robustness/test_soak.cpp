@@ -5,6 +5,7 @@
 #include "tests/robustness/unit_snapshot.h"
 #include "tests/settings/settings_fixture.h"
 #include "tests/support/model_fixture.h"
+#include "tests/support/sample_units.h"
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
 #include "tests/usr/expect_box.h"

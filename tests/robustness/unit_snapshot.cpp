@@ -158,26 +158,6 @@ QString link_status(const Window_Fixture& at) {
     return odd.isEmpty() ? status : status + ", but for " + odd.join(", ");
 }
 
-Switch_State used_unit() {
-    Switch_State state;
-    state.km_channel = 3;
-    state.usb_channel = 2;
-    state.hotkey_trigger = "Scroll Lock";
-    state.relative_mouse = true;
-    state.port_limit = 4;
-    state.cursor_rolling = true;
-    state.parking_x = 12;
-    state.parking_y = 34;
-    state.buzzer = true;
-    state.custom_entries = {
-        {{110, 120, "BANK"}, {210, 220, "TREE"}, {310, 320, "LAMP"}, {410, 420, "SOFA"}}};
-    state.resolutions = {2, 10, 13, 9};
-    state.layout_positions = {5, 6, 7, 11};
-    state.audio.mode = Audio_Routing::Mode::channels;
-    state.audio.channels = {true, false, true, false};
-    return state;
-}
-
 QByteArray told_by(const Switch_Logic& unit) {
     const Switch_State& state = unit.state();
     return status_report(state) + information_report(state) + layout_report(state) +

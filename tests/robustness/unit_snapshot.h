@@ -25,8 +25,5 @@ QString differences(const Unit_Snapshot& shown, const Unit_Snapshot& wanted);
 /// What the link's own widgets say: "connected", "not connected", or what is at odds.
 QString link_status(const Window_Fixture& at);
 
-/// A unit with every setting away from where a form starts.
-Switch_State used_unit();
-
 /// Everything a unit remembers, as it would tell it itself.
 QByteArray told_by(const Switch_Logic& unit);

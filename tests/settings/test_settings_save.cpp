@@ -2,6 +2,7 @@
 
 #include "tests/settings/settings_fixture.h"
 #include "tests/support/model_fixture.h"
+#include "tests/support/sample_units.h"
 
 #include <QFile>
 #include <QTest>
@@ -38,50 +39,6 @@ private:
 
 namespace {
 
-/// The unit of the example file below.
-Switch_State example_state() {
-    Switch_State state;
-    state.km_channel = 2;
-    state.usb_channel = 1;
-    state.relative_mouse = true;
-    state.port_limit = 4;
-    state.cursor_rolling = true;
-    state.parking_x = 50;
-    state.parking_y = 50;
-    state.buzzer = true;
-    state.custom_entries = {
-        {{150, 300, "DESK"}, {100, 100, "WALL"}, {200, 200, "HALL"}, {500, 500, "ROOM"}}};
-    state.resolutions = {1, 4, 10, 7};
-    state.layout_positions = {1, 2, 5, 6};
-    state.audio = {Audio_Routing::Mode::channels, {true, false, true, false}};
-    return state;
-}
-
-const QByteArray example_file = "KM Control: //c2\n"
-                                "USB Control: //u1\n"
-                                "Limit Ports: //D4\n"
-                                "Cursor Rolling: //o1\n"
-                                "Mouse Parking: //MP 50 50\n"
-                                "Resolution channel 1: //CE 1 1\n"
-                                "Resolution channel 2: //CE 2 4\n"
-                                "Resolution channel 3: //CE 3 10\n"
-                                "Resolution channel 4: //CE 4 7\n"
-                                "Custom mouse movement setting 1: //MM C1 150 300 DESK\n"
-                                "Custom mouse movement setting 2: //MM C2 100 100 WALL\n"
-                                "Custom mouse movement setting 3: //MM C3 200 200 HALL\n"
-                                "Custom mouse movement setting 4: //MM C4 500 500 ROOM\n"
-                                "Data from mouse movement label 1: 150 300 DESK\n"
-                                "Data from mouse movement label 2: 100 100 WALL\n"
-                                "Data from mouse movement label 3: 200 200 HALL\n"
-                                "Data from mouse movement label 4: 500 500 ROOM\n"
-                                "Grid settings: //FF01B01FF02B02FF03B05FF04B06\n"
-                                "Coordinates channel 1: 0 0\n"
-                                "Coordinates channel 2: 0 1\n"
-                                "Coordinates channel 3: 1 0\n"
-                                "Coordinates channel 4: 1 1\n"
-                                "Buzzer: //B1\n"
-                                "Mouse Mode: //km\n";
-
 const QByteArray empty_file = "KM Control: //c1\n"
                               "USB Control: //u1\n"
                               "Limit Ports: //D2\n"
@@ -107,8 +64,6 @@ const QByteArray empty_file = "KM Control: //c1\n"
                               "Buzzer: //B1\n"
                               "Mouse Mode: //ks\n";
 
-const QByteArray example_audio = "Audio settings: //a 1 3\n"
-                                 "Audio chacked state: 13\n";
 const QByteArray empty_audio = "Audio settings: //a x\n"
                                "Audio chacked state: //a x\n";
 
@@ -134,11 +89,11 @@ QByteArrayList Test_Settings_Save::saved_lines() {
 }
 
 void Test_Settings_Save::a_whole_file_byte_for_byte() {
-    fixture->window_fixture.device.unit().set_state(example_state());
+    fixture->window_fixture.device.unit().set_state(documented_unit());
     QVERIFY(fixture->open_filled());
     QVERIFY2(fixture->save(fixture->path()), fixture->robot.why());
     QCOMPARE(Settings_Fixture::read(fixture->path()),
-             example_file + (fixture->is_pro() ? example_audio : ""));
+             QByteArray(documented_lines) + (fixture->is_pro() ? documented_audio_lines : ""));
 }
 
 void Test_Settings_Save::a_silent_switch_gives_a_file_of_start_values_and_empty_lines() {

@@ -2,6 +2,7 @@
 
 #include "sim/state_file.h"
 #include "sim/switch_report.h"
+#include "tests/support/sample_units.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -28,20 +29,16 @@ QByteArray all_reports(const Switch_State& state) {
            audio_report(state);
 }
 
+/// With the ends of ranges, an empty name and one with a blank. No command sets the hotkey.
 Switch_State changed_state() {
-    Switch_State state;
-    state.km_channel = 2;
-    state.usb_channel = 3;
-    state.relative_mouse = true;
-    state.port_limit = 3;
-    state.cursor_rolling = true;
+    Switch_State state = used_unit();
+    state.hotkey_trigger = "Left Ctrl";
     state.parking_x = 0;
-    state.parking_y = 7;
     state.buzzer = false;
-    state.custom_entries = {{{150, 300, "DESK"}, {5, 50, ""}, {500, 500, "THE HALL"}, {1, 1, "X"}}};
-    state.resolutions = {1, 11, 3, 13};
+    state.custom_entries[1].name = "";
+    state.custom_entries[2] = {500, 1, "THE HALL"};
+    state.resolutions[0] = 1;
     state.layout_positions = {16, 2, 5, 10};
-    state.audio.mode = Audio_Routing::Mode::channels;
     state.audio.channels = {false, true, false, true};
     return state;
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "sim/switch_report.h"
-#include "tests/support/another_state.h"
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
+#include "tests/support/sample_units.h"
 #include "tests/support/wait_until.h"
 
 #include <QTableWidget>
@@ -53,7 +53,7 @@ namespace {
 const QByteArrayList question_list{"//rl", "//??", "//BP"};
 
 QByteArray other_report() {
-    const Switch_State state = another_state();
+    const Switch_State state = used_unit();
     return status_report(state) + information_report(state) + layout_report(state);
 }
 
@@ -171,7 +171,7 @@ void Test_Report_Failures::a_missing_key_that_must_be_there_raises_the_box() {
     say_and_see_the_box(report_without(key).replace("Buzzer: on", "Buzzer: off"));
     QCOMPARE(text_of("label_Current_Hotkey_Trigger_Data"), "Scroll Lock");
     QCOMPARE(lite->line_edit("lineEdit_MouseParking_y").text(), "34");
-    QCOMPARE(index_of("comboBox_USB_Control"), 3);
+    QCOMPARE(index_of("comboBox_USB_Control"), 1);
     QCOMPARE(index_of("comboBox_Select_active_port"), 1);
     QCOMPARE(index_of("comboBox_Enable_or_Disable_Cursor_Roll"), 1);
     QCOMPARE(index_of("comboBox_Select_Display_Mode"), 1);
@@ -179,7 +179,7 @@ void Test_Report_Failures::a_missing_key_that_must_be_there_raises_the_box() {
         QCOMPARE(lite->resolution(channel).count(), 9 + names);
         QCOMPARE(lite->resolution(channel).currentIndex(), 0);
     }
-    QCOMPARE(text_of("label_Custom_1"), names == 4 ? "100 100 DESK" : label_before);
+    QCOMPARE(text_of("label_Custom_1"), names == 4 ? "110 120 BANK" : label_before);
     // Both beep buttons are as connecting left them.
     QVERIFY(lite->button("pushButton_ON_Beep").isEnabled());
     QVERIFY(lite->button("pushButton_OFF_Beep").isEnabled());
@@ -187,7 +187,7 @@ void Test_Report_Failures::a_missing_key_that_must_be_there_raises_the_box() {
 }
 
 void Test_Report_Failures::a_custom_entry_shorter_than_its_columns_raises_the_box() {
-    say_and_see_the_box(other_report().replace("C2\t100 100 WALL", "C2\t100 100"));
+    say_and_see_the_box(other_report().replace("C2\t210 220 TREE", "C2\t210 220"));
     QCOMPARE(lite->resolution(1).count(), 10);
 }
 
@@ -209,7 +209,7 @@ void Test_Report_Failures::a_report_without_a_layout_line_fills_all_but_the_layo
     say_and_see_the_box(report_without("//FF"));
     QVERIFY(lite->is_filled());
     QVERIFY(!lite->button("pushButton_ON_Beep").isEnabled());
-    QCOMPARE(lite->resolution(4).currentIndex(), 12);
+    QCOMPARE(lite->resolution(3).currentIndex(), 12);
 }
 
 void Test_Report_Failures::a_layout_key_that_is_missing_or_short_raises_the_box_data() {
@@ -223,7 +223,7 @@ void Test_Report_Failures::a_layout_key_that_is_missing_or_short_raises_the_box_
 
 void Test_Report_Failures::a_layout_key_that_is_missing_or_short_raises_the_box() {
     QFETCH(const QByteArray, line);
-    say_and_see_the_box(other_report().replace("//FF01B01FF02B02FF03B03FF04B04", line));
+    say_and_see_the_box(other_report().replace("//FF01B05FF02B06FF03B07FF04B11", line));
     QVERIFY(lite->is_filled());
     QVERIFY(!lite->button("pushButton_ON_Beep").isEnabled());
 }
