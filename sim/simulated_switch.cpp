@@ -3,13 +3,10 @@
 #include "sim/simulated_switch.h"
 
 Simulated_Switch::Simulated_Switch(Switch_Model model, QObject* parent)
-    : QObject(parent), switch_logic(model) {
-    pause_timer.setSingleShot(true);
-    pause_timer.setTimerType(Qt::PreciseTimer);
-    connect(&pause_timer, &QTimer::timeout, this, [this] {
-        send_next();
-        send_due();
-    });
+    : QObject(parent), switch_logic(model), outgoing([this](const QByteArray& bytes) {
+          port.write(bytes);
+          emit sent(bytes);
+      }) {
     connect(&port, &Pty_Port::received, this, &Simulated_Switch::take_bytes);
 }
 
@@ -44,43 +41,21 @@ void Simulated_Switch::obey(const QByteArray& command) {
         vanish();
         return;
     }
-    for (const Timed_Chunk& chunk : plan_chunks(faults, answer)) {
-        outgoing.push_back(chunk);
-    }
-    send_due();
+    outgoing.add(plan_chunks(faults, answer));
 }
 
 void Simulated_Switch::send(const QByteArray& bytes) {
     if (!is_on_line()) {
         return;
     }
-    outgoing.push_back({std::chrono::milliseconds(0), bytes});
-    send_due();
-}
-
-void Simulated_Switch::send_due() {
-    while (!outgoing.empty() && !pause_timer.isActive()) {
-        if (outgoing.front().pause.count() > 0) {
-            pause_timer.start(outgoing.front().pause);
-            return;
-        }
-        send_next();
-    }
-}
-
-void Simulated_Switch::send_next() {
-    const QByteArray bytes = outgoing.front().bytes;
-    outgoing.pop_front();
-    port.write(bytes);
-    emit sent(bytes);
+    outgoing.add({{std::chrono::milliseconds(0), bytes}});
 }
 
 void Simulated_Switch::vanish() {
     if (!is_on_line()) {
         return;
     }
-    pause_timer.stop();
-    outgoing.clear();
+    outgoing.drop_all();
     port.close();
     emit vanished();
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "sim/fault_plan.h"
+#include "sim/outgoing_chunks.h"
 #include "sim/pty_port.h"
 #include "sim/switch_logic.h"
 
@@ -10,9 +11,6 @@
 #include <QByteArrayList>
 #include <QObject>
 #include <QString>
-#include <QTimer>
-
-#include <deque>
 
 /// A whole simulated switch: a unit on a pseudo-terminal that answers what it is asked, as well or
 /// as badly as its fault plan says. Works in the event loop of the thread that made it, so a test
@@ -76,8 +74,6 @@ signals:
 private:
     void take_bytes(const QByteArray& bytes);
     void obey(const QByteArray& command);
-    void send_next();
-    void send_due();
 
     Pty_Port port;
     Switch_Logic switch_logic;
@@ -85,6 +81,5 @@ private:
     QByteArray all_bytes;
     QByteArrayList commands;
     QByteArray unfinished_command;
-    std::deque<Timed_Chunk> outgoing;
-    QTimer pause_timer;
+    Outgoing_Chunks outgoing;
 };

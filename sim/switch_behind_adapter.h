@@ -3,13 +3,12 @@
 #pragma once
 
 #include "sim/fault_plan.h"
+#include "sim/outgoing_chunks.h"
 #include "sim/simulated_adapter.h"
 #include "sim/switch_logic.h"
 
 #include <QObject>
 #include <QTimer>
-
-#include <deque>
 
 /// The switch behind an adapter's data port, which answers as well or as badly as its fault plan
 /// says. What it says to commands sent back to back is one answer, for the adapter gathers it.
@@ -27,14 +26,11 @@ public:
 private:
     QByteArray take(const QByteArray& command);
     void answer();
-    void send_due();
-    void send_next();
 
     Simulated_Adapter& adapter;
     Switch_Logic& switch_logic;
     Fault_Plan faults;
     QByteArray gathered;
-    std::deque<Timed_Chunk> outgoing;
+    Outgoing_Chunks outgoing;
     QTimer batch_timer;
-    QTimer pause_timer;
 };
