@@ -23,9 +23,8 @@ void apply(Fuzz_Window& window, const std::string& report) {
     }
     ends_as_stated(std::nullopt, [&] { controller.reports.apply_information_report(); });
     ends_as_stated(status_end(report), [&] { controller.reports.apply_status_report(); });
-    ends_as_stated(
-        layout_end(controller.session.state.layout_buff, window.model().forgives_bad_grid_position),
-        [&] { controller.layout.set_layout_from_report(); });
+    ends_as_stated(layout_end(controller.session.state.layout_buff, &window.model() == &plus_model),
+                   [&] { controller.layout.set_layout_from_report(); });
 }
 
 /// @return whether the program is still there.

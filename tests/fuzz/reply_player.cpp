@@ -71,7 +71,7 @@ void Reply_Player::serve(const QByteArray& chunk) {
     const Session_State& state = window.controller().session.state;
     std::optional<Stated_End> stated;
     if (state.layout_report_pending && state.layout_saved_pending) {
-        stated = layout_end(text_of_chunk(chunk), window.model().forgives_bad_grid_position);
+        stated = layout_end(text_of_chunk(chunk), &window.model() == &plus_model);
     }
     const bool ends = ends_as_stated(stated, [&] { window.receive_datagram(chunk); });
     ended = ended || ends;

@@ -33,6 +33,9 @@ private slots:
 
 namespace {
 
+constexpr int rows = 4;
+constexpr int columns = 4;
+
 /// The sum of the neighbour counts of tiles, with just their own cells occupied.
 int neighbour_sum(const std::vector<Cell>& tiles) {
     int sum = 0;
@@ -50,8 +53,8 @@ int neighbour_sum(const Shape& shape) {
 
 /// The shape moved to the top left corner.
 Shape in_corner(const Shape& shape) {
-    int top = grid_rows;
-    int left = grid_columns;
+    int top = rows;
+    int left = columns;
     for (const auto& [row, column] : shape) {
         top = std::min(top, row);
         left = std::min(left, column);
@@ -84,14 +87,14 @@ std::set<Shape> orientations(const Shape& shape) {
 /// Every place on the grid that a shape fits in.
 std::vector<Shape> placements(const Shape& shape) {
     std::vector<Shape> all;
-    for (int down = 0; down < grid_rows; ++down) {
-        for (int right = 0; right < grid_columns; ++right) {
+    for (int down = 0; down < rows; ++down) {
+        for (int right = 0; right < columns; ++right) {
             Shape placed;
             for (const auto& [row, column] : shape) {
                 placed.emplace(row + down, column + right);
             }
             if (std::ranges::all_of(placed, [](const Cell& cell) {
-                    return cell.first < grid_rows && cell.second < grid_columns;
+                    return cell.first < rows && cell.second < columns;
                 })) {
                 all.push_back(placed);
             }
@@ -125,7 +128,7 @@ std::vector<Shape> all_layouts() {
                 for (c[3] = c[2] + 1; c[3] < 16; ++c[3]) {
                     Shape layout;
                     for (const int cell : c) {
-                        layout.emplace(cell / grid_columns, cell % grid_columns);
+                        layout.emplace(cell / columns, cell % columns);
                     }
                     all.push_back(layout);
                 }
@@ -201,11 +204,11 @@ void Test_Grid_Neighbours::row_ends_are_no_neighbours_of_the_next_row() {
 void Test_Grid_Neighbours::nothing_beyond_the_edge_is_asked_for() {
     std::vector<Layout_Item> asked;
     for (int cell = 0; cell < 16; ++cell) {
-        const int count = count_neighbours({cell / grid_columns, cell % grid_columns, {}, {}},
-                                           [&](int row, int column) {
-                                               asked.push_back({row, column, {}, {}});
-                                               return true;
-                                           });
+        const int count =
+            count_neighbours({cell / columns, cell % columns, {}, {}}, [&](int row, int column) {
+                asked.push_back({row, column, {}, {}});
+                return true;
+            });
         const bool is_end_row = cell / 4 == 0 || cell / 4 == 3;
         const bool is_end_column = cell % 4 == 0 || cell % 4 == 3;
         QCOMPARE(count, 4 - (is_end_row ? 1 : 0) - (is_end_column ? 1 : 0));
