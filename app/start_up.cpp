@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QLoggingCategory>
+#include <QMainWindow>
 #include <QNetworkProxy>
 #include <QPalette>
 #include <QTimer>

@@ -2,12 +2,12 @@
 
 #pragma once
 
-#include <QMainWindow>
-
 #include <exception>
 #include <functional>
 #include <memory>
 #include <string>
+
+class QMainWindow;
 
 /// Makes the main window of a model ("Lite", "Plus", "Pro"), or nothing for any other text.
 using Window_Factory = std::function<std::unique_ptr<QMainWindow>(const std::string& km_type)>;

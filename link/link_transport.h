@@ -37,7 +37,7 @@ public:
     Link_Method method = Link_Method::serial;
     std::unique_ptr<QSerialPort> serial_port;
     /// 1 from an opening that succeeded to the closing by close_port(), 0 otherwise. A port that
-    /// was quieted because its line is gone counts on.
+    /// was closed because its line is gone still counts as 1.
     int port_open_count = 0;
     std::unique_ptr<QUdpSocket> network_socket;
     /// 1 from a connection that succeeded to the closing by close_socket(), 0 otherwise.

@@ -65,5 +65,5 @@ int count_neighbours(const Layout_Item& item,
 /// connected.
 bool is_connected_sum(int neighbour_sum);
 
-/// "row column" of the entry with a name, cut at nine characters; empty if there is none.
+/// "row column" of an item, cut at nine characters.
 QString coordinates_text(const Layout_Item& item);

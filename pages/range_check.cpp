@@ -5,6 +5,8 @@
 #include "app/after_click.h"
 #include "app/message_box.h"
 
+#include <QLineEdit>
+
 namespace {
 
 bool is_in_range(const QLineEdit& line_edit, int low, int high) {

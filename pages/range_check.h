@@ -2,8 +2,9 @@
 
 #pragma once
 
-#include <QLineEdit>
 #include <QString>
+
+class QLineEdit;
 
 /// Whether a line edit holds a decimal integer from low to high; a text that is no number counts as
 /// 0. Otherwise warns the user with prefix, low, "-", high, and leaves the field as it is.

@@ -7,6 +7,7 @@
 #include "usr/adapter_frames.h"
 #include "usr/adapter_limits.h"
 #include "usr/adapter_replies.h"
+#include "usr/hex_text.h"
 #include "usr/ip_allocation.h"
 #include "usr/usr_log.h"
 #include "usr/waiting.h"

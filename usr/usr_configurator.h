@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include "usr/hex_text.h"
 #include "usr/usr_searcher.h"
 
 #include <QString>
@@ -11,6 +10,7 @@
 #include <string>
 
 struct Adapter_Login;
+struct Hex_Field;
 
 /// One conversation with one adapter: reads and writes its settings by broadcast frames that carry
 /// its MAC address. Every operation begins with a search for that address, blocks the calling

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QMainWindow>
 #include <QPalette>
 #include <QTest>
 #include <QTimer>
