@@ -6,11 +6,13 @@
 #include "tests/usr/fake_waiting.h"
 #include "tests/usr/fast_network.h"
 #include "tests/usr/private_network.h"
+#include "usr/broadcast_interface.h"
 #include "usr/usr_configurator.h"
 #include "usr/usr_log.h"
 
 #include <QApplication>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTest>
 
 /// What a developer can have told about the adapter's conversation.
@@ -21,6 +23,7 @@ private slots:
     void nothing_is_told_unless_switched_on();
     void searches_and_frames_are_told_when_switched_on();
     void the_interface_of_the_search_is_told();
+    void of_several_interfaces_the_one_that_is_used_is_told();
     void a_frame_that_could_not_be_sent_is_told();
     void a_failure_is_told_in_the_words_of_its_exception();
     void no_user_name_or_password_is_ever_told_data();
@@ -37,11 +40,14 @@ QStringList& told_lines() {
     return lines;
 }
 
-/// By the tool of that name, in real time.
-bool change_route(const QString& change) {
+/// Runs a command of the tool "ip", in real time.
+bool ip(const QString& words) {
     const Real_Time time;
-    return QProcess::execute(
-               "ip", {"route", change, "255.255.255.255", "dev", "lo", "src", "127.0.0.1"}) == 0;
+    return QProcess::execute("ip", words.split(' ')) == 0;
+}
+
+bool change_route(const QString& change) {
+    return ip("route " + change + " 255.255.255.255 dev lo src 127.0.0.1");
 }
 
 } // namespace
@@ -82,6 +88,20 @@ void Test_USR_Diagnostics::searches_and_frames_are_told_when_switched_on() {
 void Test_USR_Diagnostics::the_interface_of_the_search_is_told() {
     const Debug_Lines debug_lines;
     QCOMPARE(lines_of_a_conversation().filter("broadcast goes by \"lo 127.0.0.1\"").size(), 2);
+}
+
+void Test_USR_Diagnostics::of_several_interfaces_the_one_that_is_used_is_told() {
+    if (!ip("link add cable type veth peer name far")) {
+        QSKIP("this kernel makes no second interface");
+    }
+    const auto remove_cable = qScopeGuard([] {
+        ip("link del cable");
+        change_route("add");
+    });
+    QVERIFY(ip("link set far up") && ip("link set cable up"));
+    QVERIFY(ip("addr add 10.9.9.1/8 dev cable") && change_route("del"));
+    QVERIFY(ip("route add 255.255.255.255 dev cable src 10.9.9.1"));
+    QCOMPARE(broadcast_interface(), "cable 10.9.9.1");
 }
 
 void Test_USR_Diagnostics::a_frame_that_could_not_be_sent_is_told() {
