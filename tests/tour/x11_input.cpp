@@ -5,40 +5,113 @@
 #include "tests/tour/in_gui.h"
 #include "tests/tour/outside.h"
 
+#include <QDragMoveEvent>
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QStringList>
+#include <QThread>
+#include <QWindow>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <utility>
 
 using outside::xdotool;
 
 namespace {
 
 /// The screen counts its own pixels, of which the program's may take several.
-QStringList move_to(const QPoint& spot) {
-    const double scale = in_gui([] { return qGuiApp->devicePixelRatio(); });
+double pixel_scale() {
+    return in_gui([] { return qGuiApp->devicePixelRatio(); });
+}
+
+QStringList move_to(const QPoint& spot, double scale) {
     return {"mousemove", QString::number(qRound(spot.x() * scale)),
             QString::number(qRound(spot.y() * scale))};
 }
 
-/// A drag is followed by the program's own event loop: lets it take what has come in.
-void let_program_follow() {
-    in_gui([] { return true; });
+/// What has come of a drag so far, for both threads.
+struct Drag_Progress {
+    std::atomic<bool> pressed = false;
+    std::atomic<QPoint> carried_to = QPoint(-1, -1);
+};
+
+/// Sees what the program's windows hear of a drag.
+class Drag_Watch : public QObject {
+public:
+    explicit Drag_Watch(std::shared_ptr<Drag_Progress> told) : progress(std::move(told)) {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::MouseButtonPress) {
+            progress->pressed = true;
+        } else if (event->type() == QEvent::DragMove && watched->isWindowType()) {
+            const auto& move = static_cast<const QDragMoveEvent&>(*event);
+            progress->carried_to =
+                static_cast<const QWindow*>(watched)->mapToGlobal(move.position()).toPoint();
+        }
+        return false;
+    }
+
+private:
+    std::shared_ptr<Drag_Progress> progress;
+};
+
+/// Does something again and again until it has had an effect.
+void go_on_until(const QString& effect, const std::function<bool()>& seen,
+                 const std::function<void()>& action) {
+    constexpr unsigned long look_again_ms = 15;
+    QElapsedTimer waited;
+    waited.start();
+    while (!seen()) {
+        if (waited.hasExpired(std::chrono::milliseconds(gui_patience).count())) {
+            throw Step_Failed("the program does not hear of " + effect);
+        }
+        action();
+        QThread::msleep(look_again_ms);
+    }
 }
 
 } // namespace
 
-void x11_input::click_at(const QPoint& spot) { xdotool(move_to(spot) + QStringList{"click", "1"}); }
+void x11_input::click_at(const QPoint& spot) {
+    xdotool(move_to(spot, pixel_scale()) + QStringList{"click", "1"});
+}
 
 void x11_input::press_key(const QString& key) { xdotool({"key", key}); }
 
 void x11_input::type(const QString& text) { xdotool({"type", "--delay", "2", text}); }
 
 void x11_input::drag(const QPoint& from, const QPoint& to) {
+    const auto progress = std::make_shared<Drag_Progress>();
+    const auto* watch = in_gui([progress] {
+        auto* made = new Drag_Watch(progress);
+        qApp->installEventFilter(made);
+        return made;
+    });
+
+    const double scale = pixel_scale();
+    xdotool(move_to(from, scale) + QStringList{"mousedown", "1"});
+    go_on_until(
+        "the pressed button", [&] { return progress->pressed.load(); }, [] {});
     constexpr int stops = 8;
-    xdotool(move_to(from) + QStringList{"mousedown", "1"});
     for (int stop = 1; stop <= stops; ++stop) {
-        let_program_follow();
-        xdotool(move_to(from + (to - from) * stop / stops));
+        xdotool(move_to(from + (to - from) * stop / stops, scale));
     }
-    let_program_follow();
+    // At the beginning of a drag the event loop of Windows takes nothing but moves of the mouse, so
+    // it can't be asked how far it is. A hand is never quite still.
+    constexpr int reach = 3;
+    QPoint tremble(1, 0);
+    go_on_until(
+        "the drag", [&] { return (progress->carried_to.load() - to).manhattanLength() <= reach; },
+        [&] {
+            xdotool(move_to(to + tremble, scale));
+            tremble = -tremble;
+        });
     xdotool({"mouseup", "1"});
+
+    in_gui([watch] {
+        delete watch;
+        return true;
+    });
 }

@@ -19,8 +19,8 @@ void press_key(const QString& key);
 /// Types into whatever has the focus.
 void type(const QString& text);
 
-/// Presses the left button at one spot and lets it go at another, with a stop on the way so that
-/// the program can begin and follow the drag.
+/// Presses the left button at one spot and lets it go at another, as soon as the program has
+/// followed the drag until there.
 void drag(const QPoint& from, const QPoint& to);
 
 } // namespace x11_input
