@@ -149,11 +149,18 @@ bool on_screen::is_painted() {
     return handle != nullptr && handle->isExposed() && !handle->frameMargins().isNull();
 }
 
-bool on_screen::save_picture(const QString& path) {
-    QRect seen;
+void on_screen::repaint() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window->isVisible()) {
             window->repaint();
+        }
+    }
+}
+
+bool on_screen::save_picture(const QString& path) {
+    QRect seen;
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible()) {
             // A widget may have asked for its frame too early, and keeps what it was told.
             seen |= window->windowHandle()->frameGeometry();
         }

@@ -44,6 +44,9 @@ QString windows();
 /// window manager, which the program hears of a little later.
 bool is_painted();
 
+/// Paints the program's windows anew.
+void repaint();
+
 /// Saves what the screen shows of the program's windows.
 bool save_picture(const QString& path);
 

@@ -129,6 +129,9 @@ void Tour_Driver::close_window() {
         const int half_height = window.frameMargins().top() / 2;
         return frame.topRight() + QPoint(-half_height, half_height);
     }));
+    if (closed.wait_for(gui_patience) != std::future_status::ready) {
+        throw Step_Failed("the window does not close; windows: " + in_gui(on_screen::windows));
+    }
 }
 
 void Tour_Driver::see(const QString& what, const std::function<bool()>& holds) {
