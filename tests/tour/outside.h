@@ -26,4 +26,7 @@ void ask_units(const QByteArray& line);
 /// Prints a line for whoever watches the tour.
 void print(const QString& line);
 
+/// Ends the ties. To be called last, by the thread that has used them.
+void leave();
+
 } // namespace outside

@@ -50,3 +50,5 @@ void outside::print(const QString& line) {
     std::puts(qPrintable(line));
     std::fflush(stdout);
 }
+
+void outside::leave() {}

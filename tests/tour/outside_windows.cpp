@@ -7,6 +7,8 @@
 #include <QTcpSocket>
 #include <QThread>
 
+#include <memory>
+
 namespace {
 
 constexpr int connection_patience_ms = 120'000;
@@ -59,17 +61,23 @@ private:
     QTcpSocket socket;
 };
 
-/// Only the tour's thread comes here. The connections stay until the process ends: MinGW frees the
-/// variables of a thread before it calls their destructors.
-Connection& units() {
-    static Connection& connection = *new Connection("HALVERN_TOUR_UNITS_PORT");
-    return connection;
+/// Belong to the tour's thread: its event dispatcher watches the sockets.
+std::unique_ptr<Connection> units_connection;
+std::unique_ptr<Connection> helper_connection;
+
+Connection& opened(std::unique_ptr<Connection>& connection, const char* port_variable) {
+    if (!connection) {
+        connection = std::make_unique<Connection>(port_variable);
+    }
+    return *connection;
 }
+
+Connection& units() { return opened(units_connection, "HALVERN_TOUR_UNITS_PORT"); }
 
 /// Each line is a request, its words parted by tabs; each is answered by a line that is empty or
 /// names what went wrong.
 QByteArray answer_to(const QStringList& words) {
-    static Connection& connection = *new Connection("HALVERN_TOUR_HELPER_PORT");
+    Connection& connection = opened(helper_connection, "HALVERN_TOUR_HELPER_PORT");
     connection.write_line(words.join('\t').toUtf8());
     return connection.read_line();
 }
@@ -94,4 +102,9 @@ void outside::print(const QString& line) {
     for (const QString& part : line.split('\n')) {
         answer_to({"print", part});
     }
+}
+
+void outside::leave() {
+    units_connection.reset();
+    helper_connection.reset();
 }

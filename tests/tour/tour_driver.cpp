@@ -17,6 +17,7 @@
 #include <QTimer>
 #include <QWindow>
 
+#include <future>
 #include <memory>
 #include <optional>
 
@@ -121,6 +122,12 @@ void Tour_Driver::choose_file(const QString& path, const QString& button) {
 }
 
 void Tour_Driver::close_window() {
+    const auto is_closed = std::make_shared<std::promise<void>>();
+    const auto closed = is_closed->get_future();
+    in_gui([is_closed] {
+        return QObject::connect(qApp, &QCoreApplication::aboutToQuit,
+                                [is_closed] { is_closed->set_value(); });
+    });
     // The outermost button at the right of the title bar, as all window managers have it. A key for
     // it only some have.
     x11_input::click_at(in_gui([] {
@@ -196,6 +203,11 @@ void Tour_Driver::take_picture(const QString& name) {
     see("a window in front", on_screen::is_painted);
     const QString path = QDir(pictures).filePath(
         QString("%1-%2-%3.png").arg(stage).arg(steps_told + 1, 2, 10, QChar('0')).arg(name));
+    in_gui([] {
+        on_screen::repaint();
+        return true;
+    });
+    await_idle();
     if (!in_gui([path] { return on_screen::save_picture(path); })) {
         throw Step_Failed("can't save " + path);
     }

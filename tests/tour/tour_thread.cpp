@@ -57,6 +57,7 @@ void take_stage(const Stage& stage) {
         }
         end_in_failure(stage.name, failure.what());
     }
+    outside::leave();
 }
 
 std::unique_ptr<QThread> guide;
