@@ -16,9 +16,7 @@ constexpr int form_point_size = 9;
 /// Sets its font again whenever another one has taken its place.
 class Font_Keeper : public QObject {
 public:
-    Font_Keeper(const QFont& font, QObject& application) : QObject(&application), kept(font) {
-        application.installEventFilter(this);
-    }
+    Font_Keeper(const QFont& font, QObject& application) : QObject(&application), kept(font) {}
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() != QEvent::ApplicationFontChange || watched != qApp ||
@@ -59,4 +57,4 @@ void use_text_family(const QString& family) {
     }
 }
 
-void keep_text_font() { new Font_Keeper(QApplication::font(), *qApp); }
+void keep_text_font() { qApp->installEventFilter(new Font_Keeper(QApplication::font(), *qApp)); }
