@@ -122,12 +122,6 @@ void Tour_Driver::choose_file(const QString& path, const QString& button) {
 }
 
 void Tour_Driver::close_window() {
-    const auto is_closed = std::make_shared<std::promise<void>>();
-    const auto closed = is_closed->get_future();
-    in_gui([is_closed] {
-        return QObject::connect(qApp, &QCoreApplication::aboutToQuit,
-                                [is_closed] { is_closed->set_value(); });
-    });
     // The outermost button at the right of the title bar, as all window managers have it. A key for
     // it only some have.
     x11_input::click_at(in_gui([] {
@@ -136,8 +130,18 @@ void Tour_Driver::close_window() {
         const int half_height = window.frameMargins().top() / 2;
         return frame.topRight() + QPoint(-half_height, half_height);
     }));
-    if (closed.wait_for(gui_patience) != std::future_status::ready) {
-        throw Step_Failed("the window does not close; windows: " + in_gui(on_screen::windows));
+}
+
+void Tour_Driver::end_program() {
+    const auto is_ending = std::make_shared<std::promise<void>>();
+    const auto ending = is_ending->get_future();
+    in_gui([is_ending] {
+        return QObject::connect(qApp, &QCoreApplication::aboutToQuit,
+                                [is_ending] { is_ending->set_value(); });
+    });
+    close_window();
+    if (ending.wait_for(gui_patience) != std::future_status::ready) {
+        throw Step_Failed("the program does not end; windows: " + in_gui(on_screen::windows));
     }
 }
 

@@ -30,7 +30,10 @@ public:
     void drag_tile(int from_cell, int to_cell);
     /// Names a file in a file dialog and accepts it.
     void choose_file(const QString& path, const QString& button);
+    /// Closes the window in front.
     void close_window();
+    /// Closes the main window, with which the program ends.
+    void end_program();
 
     void see(const QString& what, const std::function<bool()>& holds);
     void see_shown(const QString& widget, const QString& text);

@@ -48,7 +48,7 @@ void take_stage(const Stage& stage) {
     driver.unit_names[1] = stage.unit_names[1];
     try {
         stage.take(driver, folder.filePath(QString(stage.name) + "-settings.txt"));
-        driver.close_window();
+        driver.end_program();
     } catch (const Step_Failed& failure) {
         try {
             driver.take_picture("FAILED");
