@@ -33,9 +33,15 @@ QStringList move_to(const QPoint& spot, double scale) {
 
 /// What has come of a drag so far, for both threads.
 struct Drag_Progress {
+    explicit Drag_Progress(const QPoint& spot) : target(spot) {}
+
+    const QPoint target;
     std::atomic<bool> pressed = false;
-    std::atomic<QPoint> carried_to = QPoint(-1, -1);
+    std::atomic<bool> arrived = false;
 };
+
+/// How near the target a drag has arrived, in pixels.
+constexpr int reach = 3;
 
 /// Sees what the program's windows hear of a drag.
 class Drag_Watch : public QObject {
@@ -47,8 +53,8 @@ public:
             progress->pressed = true;
         } else if (event->type() == QEvent::DragMove && watched->isWindowType()) {
             const auto& move = static_cast<const QDragMoveEvent&>(*event);
-            progress->carried_to =
-                static_cast<const QWindow*>(watched)->mapToGlobal(move.position()).toPoint();
+            const QPointF spot = static_cast<const QWindow*>(watched)->mapToGlobal(move.position());
+            progress->arrived = (spot.toPoint() - progress->target).manhattanLength() <= reach;
         }
         return false;
     }
@@ -83,7 +89,7 @@ void x11_input::press_key(const QString& key) { xdotool({"key", key}); }
 void x11_input::type(const QString& text) { xdotool({"type", "--delay", "2", text}); }
 
 void x11_input::drag(const QPoint& from, const QPoint& to) {
-    const auto progress = std::make_shared<Drag_Progress>();
+    const auto progress = std::make_shared<Drag_Progress>(to);
     const auto* watch = in_gui([progress] {
         auto* made = new Drag_Watch(progress);
         qApp->installEventFilter(made);
@@ -100,10 +106,9 @@ void x11_input::drag(const QPoint& from, const QPoint& to) {
     }
     // At the beginning of a drag the event loop of Windows takes nothing but moves of the mouse, so
     // it can't be asked how far it is. A hand is never quite still.
-    constexpr int reach = 3;
     QPoint tremble(1, 0);
     go_on_until(
-        "the drag", [&] { return (progress->carried_to.load() - to).manhattanLength() <= reach; },
+        "the drag", [&] { return progress->arrived.load(); },
         [&] {
             xdotool(move_to(to + tremble, scale));
             tremble = -tremble;
