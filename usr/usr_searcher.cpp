@@ -61,9 +61,7 @@ USR_searcher::Search_Outcome USR_searcher::search_once() {
         qCDebug(usr_log)
             << "search receive buffer in bytes:"
             << search_socket.socketOption(QAbstractSocket::ReceiveBufferSizeSocketOption).toInt();
-        if (usr_log().isDebugEnabled()) {
-            qCDebug(usr_log) << "broadcast goes by" << broadcast_interface();
-        }
+        qCDebug(usr_log) << "broadcast goes by" << broadcast_interface();
         if (search_socket.writeDatagram(search_frame(), QHostAddress::Broadcast, adapter_port) <
             0) {
             qCDebug(usr_log) << "the search frame was not sent:" << search_socket.errorString();
