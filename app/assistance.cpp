@@ -15,7 +15,7 @@ namespace {
 struct Control_Name {
     const char* form; ///< nullptr: any form that has the control
     const char* control;
-    const char* label; ///< beside the control; nullptr if there is none
+    const char* label; ///< next to the control; nullptr if there is none
     const char* name;  ///< nullptr: the label's text
 };
 

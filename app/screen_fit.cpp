@@ -37,7 +37,7 @@ bool scale_down_to_screen() {
         return false;
     }
     bool is_set = false;
-    const double scale_in_force = qEnvironmentVariable(scale_variable).toDouble(&is_set);
-    qputenv(scale_variable, QByteArray::number(is_set ? scale * scale_in_force : scale));
+    const double current_scale = qEnvironmentVariable(scale_variable).toDouble(&is_set);
+    qputenv(scale_variable, QByteArray::number(is_set ? scale * current_scale : scale));
     return true;
 }
