@@ -6,6 +6,7 @@
 #include "sim/port_list.h"
 #include "sim/switch_report.h"
 #include "tests/support/find_child.h"
+#include "tests/support/sample_units.h"
 #include "tests/support/wait_until.h"
 #include "windows/halvern_velmoran_lite.h"
 #include "windows/halvern_velmoran_plus.h"
@@ -24,25 +25,6 @@
 #include <utility>
 
 namespace {
-
-Switch_State make_other_state() {
-    Switch_State state;
-    state.km_channel = 3;
-    state.usb_channel = 2;
-    state.hotkey_trigger = "Right Ctrl";
-    state.relative_mouse = true;
-    state.port_limit = 3;
-    state.cursor_rolling = true;
-    state.parking_x = 10;
-    state.parking_y = 90;
-    state.buzzer = false;
-    state.custom_entries = {
-        {{110, 210, "ALPHA"}, {120, 220, "BETA"}, {130, 230, "GAMMA"}, {140, 240, "DELTA"}}};
-    state.resolutions = {10, 11, 12, 13};
-    state.layout_positions = {5, 6, 9, 10};
-    state.audio.mode = Audio_Routing::Mode::follow;
-    return state;
-}
 
 /// Chooses the serial line as soon as the dialog for the connection method stands.
 class Serial_Path : public QObject {
@@ -70,7 +52,11 @@ const Switch_State& one_state() {
 }
 
 const Switch_State& other_state() {
-    static const Switch_State state = make_other_state();
+    static const Switch_State state = [] {
+        Switch_State used = used_unit();
+        used.buzzer = !one_state().buzzer;
+        return used;
+    }();
     return state;
 }
 
