@@ -5,6 +5,7 @@
 #include "tests/support/find_child.h"
 #include "tests/support/wait_until.h"
 #include "tests/support/wizard_fixture.h"
+#include "tests/usr/expect_box.h"
 #include "windows/halvern_velmoran_plus.h"
 #include "windows/halvern_velmoran_pro.h"
 
@@ -67,6 +68,25 @@ void Network_Fixture::expect_network_path(int dialogs) {
     for (int step = 0; step < dialogs; ++step) {
         robot.expect(steps[step]);
     }
+}
+
+void Network_Fixture::expect_login_without_credentials() {
+    robot.expect(escape_dialog("Credentials_Dialog"));
+    expect_warning(robot, "Bad credentials");
+    for (int reading = 0; reading < 2; ++reading) {
+        expect_warning(robot, "Get static IP error");
+        expect_warning(robot, "Get subnet mask error");
+        expect_warning(robot, "Get gateway error");
+    }
+}
+
+void Network_Fixture::expect_new_address(const QString& address) {
+    robot.expect({.class_name = "IP_Settings_Dialog",
+                  .action = in_order({press_object("radioButton_Static"),
+                                      type_into("lineEdit_IPv4_Address", address),
+                                      press_object("pushButton_Apply_IP")})});
+    expect_information(robot, "The IP was applied successfully");
+    robot.expect(connect_adapter());
 }
 
 bool Network_Fixture::open_network() {

@@ -33,6 +33,12 @@ public:
     /// The robot will answer the first dialogs of the network path, all unless told otherwise.
     void expect_network_path(int dialogs = 4);
 
+    /// The robot will leave the login by Escape, and confirm what becomes of the reading of the
+    /// settings: it logs in with an empty name and is refused; it reads them twice.
+    void expect_login_without_credentials();
+    /// The robot will give the adapter this address in the IP settings, and connect.
+    void expect_new_address(const QString& address);
+
     /// Makes the window by the network path and waits until the first report has filled the pages.
     /// What the switch has received until then is forgotten.
     [[nodiscard]] bool open_network();

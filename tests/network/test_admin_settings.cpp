@@ -184,12 +184,7 @@ void Test_Admin_Settings::a_failed_change_is_copied_all_the_same() {
 void Test_Admin_Settings::after_a_change_of_address_the_new_one_is_asked() {
     at->robot.set_patience(std::chrono::seconds(30));
     at->expect_network_path(3);
-    at->robot.expect({.class_name = "IP_Settings_Dialog",
-                      .action = in_order({press_object("radioButton_Static"),
-                                          type_into("lineEdit_IPv4_Address", "127.0.0.9"),
-                                          press_object("pushButton_Apply_IP")})});
-    expect_information(at->robot, "The IP was applied successfully");
-    at->robot.expect(connect_adapter());
+    at->expect_new_address("127.0.0.9");
     at->open();
     QVERIFY(at->wait_connected());
     QCOMPARE(state().address, QHostAddress("127.0.0.9"));

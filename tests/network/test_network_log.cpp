@@ -81,13 +81,7 @@ void Test_Network_Log::a_failure_stands_between_the_two_lines_and_is_there_at_on
 void Test_Network_Log::failures_of_the_wizard_stand_in_the_log() {
     const Log_Folder folder;
     at->expect_network_path(2);
-    at->robot.expect(escape_dialog("Credentials_Dialog"));
-    expect_warning(at->robot, "Bad credentials");
-    for (int reading = 0; reading < 2; ++reading) {
-        expect_warning(at->robot, "Get static IP error");
-        expect_warning(at->robot, "Get subnet mask error");
-        expect_warning(at->robot, "Get gateway error");
-    }
+    at->expect_login_without_credentials();
     at->robot.expect(close_dialog("IP_Settings_Dialog"));
     at->open();
     QVERIFY2(at->robot.done(), at->robot.why());

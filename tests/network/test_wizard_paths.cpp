@@ -150,14 +150,7 @@ void Test_Wizard_Paths::escape_in_the_hardware_dialog_goes_on_to_the_login() {
 
 void Test_Wizard_Paths::escape_in_the_login_goes_on_without_credentials() {
     at->expect_network_path(2);
-    at->robot.expect(escape_dialog("Credentials_Dialog"));
-    // The reading of the settings logs in with an empty name and is refused; it reads them twice.
-    expect_warning(at->robot, "Bad credentials");
-    for (int reading = 0; reading < 2; ++reading) {
-        expect_warning(at->robot, "Get static IP error");
-        expect_warning(at->robot, "Get subnet mask error");
-        expect_warning(at->robot, "Get gateway error");
-    }
+    at->expect_login_without_credentials();
     at->robot.expect(connect_adapter());
     at->open();
     QVERIFY2(at->robot.done(), at->robot.why());
@@ -279,12 +272,7 @@ void Test_Wizard_Paths::the_chosen_adapter_is_the_one_linked() {
 void Test_Wizard_Paths::the_link_goes_to_the_address_found_after_a_change() {
     at->robot.set_patience(std::chrono::seconds(30));
     at->expect_network_path(3);
-    at->robot.expect({.class_name = "IP_Settings_Dialog",
-                      .action = in_order({press_object("radioButton_Static"),
-                                          type_into("lineEdit_IPv4_Address", "127.0.0.9"),
-                                          press_object("pushButton_Apply_IP")})});
-    expect_information(at->robot, "The IP was applied successfully");
-    at->robot.expect(connect_adapter());
+    at->expect_new_address("127.0.0.9");
     at->open();
     QVERIFY2(at->robot.done(), at->robot.why());
     QCOMPARE(at->label("label_current_Ip").text(), QString("  IP: 127.0.0.9"));
