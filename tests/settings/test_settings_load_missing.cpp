@@ -1,21 +1,17 @@
 // SPDX-License-Identifier: MIT
 
-#include "app/event_log.h"
-#include "tests/app/log_folder.h"
-#include "tests/settings/settings_fixture.h"
+#include "tests/settings/line_load_test.h"
 #include "tests/settings/settings_snapshot.h"
 #include "tests/support/model_fixture.h"
 
 #include <QTest>
 
 /// What each line of a file does when it is missing: the rest of the file is loaded as ever.
-class Test_Settings_Load_Missing : public QObject {
+class Test_Settings_Load_Missing : public Line_Load_Test {
     Q_OBJECT
 
 private slots:
     void initTestCase_data() { add_model_rows(); }
-    void init();
-    void cleanup();
 
     void a_missing_line_data();
     void a_missing_line();
@@ -23,52 +19,7 @@ private slots:
     void a_missing_grid_line_sends_an_empty_command_and_moves_the_tiles();
     void an_error_is_logged_before_its_box();
     void the_flags_are_down_while_an_error_box_stands();
-
-private:
-    /// Loads the lines, both parts, with so many error boxes in each and at the mouse
-    /// mode, which has to refill the fields from the first label.
-    [[nodiscard]] bool load(int first_part_errors, int second_part_errors, int mode_errors = 0);
-
-    std::unique_ptr<Log_Folder> log;
-    std::unique_ptr<Settings_Fixture> fixture;
-    Settings_Lines lines;
 };
-
-void Test_Settings_Load_Missing::init() {
-    QFETCH_GLOBAL(const Switch_Model, model);
-    log = std::make_unique<Log_Folder>();
-    lines = Settings_Lines(model);
-    fixture = std::make_unique<Settings_Fixture>(model);
-    if (fixture->is_lite()) {
-        // The others open it themselves.
-        QCOMPARE(open_log(), 1);
-    }
-    QVERIFY(fixture->open_filled());
-    fixture->robot.forget_snapshots();
-    fixture->silence_switch();
-    // So that a line which is not applied leaves something other than what its absence means.
-    fixture->window_fixture.combo("comboBox_KM_Control").setCurrentIndex(3);
-    fixture->window_fixture.combo("comboBox_USB_Control").setCurrentIndex(3);
-    fixture->window_fixture.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
-    fixture->window_fixture.combo("comboBox_Select_Display_Mode").setCurrentIndex(1);
-    (void)fixture->window_fixture.commands();
-}
-
-void Test_Settings_Load_Missing::cleanup() {
-    const bool robot_done = fixture->robot.done();
-    const QByteArray why = fixture->robot.why();
-    fixture.reset();
-    close_log();
-    log.reset();
-    QVERIFY2(robot_done, why);
-    QCOMPARE(windows_left(), QStringList());
-}
-
-bool Test_Settings_Load_Missing::load(int first_part_errors, int second_part_errors,
-                                      int mode_errors) {
-    return fixture->load_first_part(fixture->write(lines.text()), first_part_errors) &&
-           fixture->wait_for_second_part(second_part_errors, mode_errors);
-}
 
 void Test_Settings_Load_Missing::a_missing_line_data() {
     QTest::addColumn<QByteArray>("label");

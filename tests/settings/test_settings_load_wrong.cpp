@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: MIT
 
-#include "app/event_log.h"
-#include "tests/app/log_folder.h"
-#include "tests/settings/settings_fixture.h"
+#include "tests/settings/line_load_test.h"
 #include "tests/settings/settings_snapshot.h"
 
 #include <QTest>
 
 /// What a line does whose value has the wrong form: the rest of the file is loaded as ever.
-class Test_Settings_Load_Wrong : public QObject {
+class Test_Settings_Load_Wrong : public Line_Load_Test {
     Q_OBJECT
 
 private slots:
     void initTestCase_data();
-    void init();
-    void cleanup();
 
     void a_wrong_value_data();
     void a_wrong_value();
@@ -24,15 +20,6 @@ private slots:
     void a_custom_line_is_read_from_its_sixteenth_character();
     void coordinates_outside_the_grid_leave_the_layout_and_the_load_goes_on();
     void coordinates_that_are_no_numbers_leave_the_marks_of_one_port_more();
-
-private:
-    /// Loads the lines, both parts, with so many error boxes in each and at the mouse
-    /// mode, which has to refill the fields from the first label.
-    [[nodiscard]] bool load(int first_part_errors, int second_part_errors, int mode_errors = 0);
-
-    std::unique_ptr<Log_Folder> log;
-    std::unique_ptr<Settings_Fixture> fixture;
-    Settings_Lines lines;
 };
 
 void Test_Settings_Load_Wrong::initTestCase_data() {
@@ -40,42 +27,6 @@ void Test_Settings_Load_Wrong::initTestCase_data() {
     QTest::addColumn<Switch_Model>("model");
     QTest::newRow("Lite") << Switch_Model::lite;
     QTest::newRow("Pro") << Switch_Model::pro;
-}
-
-void Test_Settings_Load_Wrong::init() {
-    QFETCH_GLOBAL(const Switch_Model, model);
-    log = std::make_unique<Log_Folder>();
-    lines = Settings_Lines(model);
-    fixture = std::make_unique<Settings_Fixture>(model);
-    if (fixture->is_lite()) {
-        // The others open it themselves.
-        QCOMPARE(open_log(), 1);
-    }
-    QVERIFY(fixture->open_filled());
-    fixture->robot.forget_snapshots();
-    fixture->silence_switch();
-    // So that a line which is not applied leaves something other than what its absence means.
-    fixture->window_fixture.combo("comboBox_KM_Control").setCurrentIndex(3);
-    fixture->window_fixture.combo("comboBox_USB_Control").setCurrentIndex(3);
-    fixture->window_fixture.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
-    fixture->window_fixture.combo("comboBox_Select_Display_Mode").setCurrentIndex(1);
-    (void)fixture->window_fixture.commands();
-}
-
-void Test_Settings_Load_Wrong::cleanup() {
-    const bool robot_done = fixture->robot.done();
-    const QByteArray why = fixture->robot.why();
-    fixture.reset();
-    close_log();
-    log.reset();
-    QVERIFY2(robot_done, why);
-    QCOMPARE(windows_left(), QStringList());
-}
-
-bool Test_Settings_Load_Wrong::load(int first_part_errors, int second_part_errors,
-                                    int mode_errors) {
-    return fixture->load_first_part(fixture->write(lines.text()), first_part_errors) &&
-           fixture->wait_for_second_part(second_part_errors, mode_errors);
 }
 
 void Test_Settings_Load_Wrong::a_wrong_value_data() {
