@@ -4,7 +4,6 @@
 
 #include "tests/tour/step_failed.h"
 
-#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 
 #include <chrono>
@@ -28,19 +27,4 @@ auto in_gui(Look look) -> decltype(look()) {
         throw Step_Failed("the program's event loop does not run");
     }
     return answer.get();
-}
-
-/// Waits until the program's thread has nothing left to do. Wine gives the X server what was
-/// painted only then.
-inline void await_idle() {
-    const auto promise = std::make_shared<std::promise<void>>();
-    const auto idle = promise->get_future();
-    in_gui([promise] {
-        return QObject::connect(
-            QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, qApp,
-            [promise] { promise->set_value(); }, Qt::SingleShotConnection);
-    });
-    if (idle.wait_for(gui_patience) != std::future_status::ready) {
-        throw Step_Failed("the program does not come to rest");
-    }
 }

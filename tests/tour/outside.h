@@ -23,6 +23,10 @@ QByteArray units_output(std::chrono::milliseconds patience);
 /// @throws Step_Failed if that can't be done.
 void ask_units(const QByteArray& line);
 
+/// Waits until the screen shows what the program has painted.
+/// @throws Step_Failed if that does not come.
+void await_painted();
+
 /// Prints a line for whoever watches the tour.
 void print(const QString& line);
 

@@ -46,6 +46,10 @@ void outside::ask_units(const QByteArray& line) {
     }
 }
 
+void outside::await_painted() {
+    // What was painted has gone to the X server already.
+}
+
 void outside::print(const QString& line) {
     std::puts(qPrintable(line));
     std::fflush(stdout);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/tour/in_gui.h"
 #include "tests/tour/outside.h"
 #include "tests/tour/step_failed.h"
 
@@ -96,6 +97,20 @@ QByteArray outside::units_output(std::chrono::milliseconds patience) {
 }
 
 void outside::ask_units(const QByteArray& line) { units().write_line(line); }
+
+void outside::await_painted() {
+    // Wine gives it to the X server when the program's thread has nothing left to do.
+    const auto promise = std::make_shared<std::promise<void>>();
+    const auto idle = promise->get_future();
+    in_gui([promise] {
+        return QObject::connect(
+            QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, qApp,
+            [promise] { promise->set_value(); }, Qt::SingleShotConnection);
+    });
+    if (idle.wait_for(gui_patience) != std::future_status::ready) {
+        throw Step_Failed("the program does not come to rest");
+    }
+}
 
 void outside::print(const QString& line) {
     // A line of the tour has no line ends of its own, but reasons of a failure may.

@@ -211,9 +211,7 @@ void Tour_Driver::take_picture(const QString& name) {
         on_screen::repaint();
         return true;
     });
-#ifdef Q_OS_WIN
-    await_idle();
-#endif
+    outside::await_painted();
     if (!in_gui([path] { return on_screen::save_picture(path); })) {
         throw Step_Failed("can't save " + path);
     }
