@@ -4,10 +4,12 @@
 #include "tests/tour/outside.h"
 #include "tests/tour/step_failed.h"
 
+#include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
 #include <QTcpSocket>
 #include <QThread>
 
+#include <future>
 #include <memory>
 
 namespace {
