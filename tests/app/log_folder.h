@@ -7,9 +7,9 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// A temporary working directory, in which the folder of the event log stands or not. The log's
-/// path begins with a drive; off Windows that makes it a plain name in the working directory. The
-/// earlier working directory comes back with the end of this object.
+/// A temporary working directory, with or without the folder of the event log. The log's path
+/// begins with a drive; off Windows that makes it a plain name in the working directory. The
+/// destructor restores the earlier working directory.
 class Log_Folder {
 public:
     enum class Folder { present, missing };
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] QString log_path() const;
     [[nodiscard]] bool has_log() const;
 
-    /// What the log holds right now, whole.
+    /// The whole content of the log now.
     [[nodiscard]] QByteArray text() const;
 
     /// The messages of the entries, without their times and without the start and stop lines.

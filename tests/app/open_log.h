@@ -5,7 +5,7 @@
 #include "app/event_log.h"
 #include "tests/app/log_folder.h"
 
-/// The event log, open in a separate folder for the length of a test.
+/// The event log, open in a separate folder for the duration of a test.
 class Open_Log {
 public:
     Open_Log() {

@@ -11,7 +11,7 @@
 
 #include <ctime>
 
-/// The event log: where it is made, its three forms of lines, and when it swallows them.
+/// The event log: where it is created, its three kinds of lines, and when entries are dropped.
 class Test_Event_Log : public QObject {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ namespace {
 const QByteArray start_line = "Start.........\n";
 const QByteArray stop_line = "Stop.........\n";
 
-/// Puts the process into another time zone for the length of its life.
+/// Puts the process into another time zone for the lifetime of the object.
 class Time_Zone {
 public:
     explicit Time_Zone(const QByteArray& zone) {
@@ -87,7 +87,7 @@ void Test_Event_Log::an_entry_is_its_message_three_blanks_and_the_local_time() {
                                   "(\\d{4}-\\d{2}-\\d{2} \\d{2}:\\d{2}:\\d{2})\n\\z");
     const QRegularExpressionMatch match = form.match(lines);
     QVERIFY2(match.hasMatch(), qPrintable(lines));
-    // The text has no parts of a second.
+    // The text has no fractions of a second.
     const QDateTime time = QDateTime::fromString(match.captured(1), "yyyy-MM-dd HH:mm:ss");
     QVERIFY(time > before.addSecs(-1));
     QVERIFY(time <= after);
@@ -187,7 +187,7 @@ void Test_Event_Log::an_entry_after_closing_goes_nowhere() {
     close_log();
     write_log_line("too late");
     QCOMPARE(folder.text(), start_line + stop_line);
-    // Nor is it kept for the next run.
+    // It is not kept for the next run either.
     open_log();
     QCOMPARE(folder.text(), start_line);
     close_log();
@@ -253,13 +253,13 @@ void Test_Event_Log::a_file_that_can_not_be_opened_makes_opening_fail_in_silence
 
 void Test_Event_Log::a_write_that_fails_is_ignored() {
     const Log_Folder folder;
-    // A device that opens and takes nothing, like a disk without room.
+    // A device that opens but accepts no data, like a full disk.
     QVERIFY(QFile::link("/dev/full", folder.log_path()));
     QCOMPARE(open_log(), 1);
     write_log_line("lost");
     close_log();
     QVERIFY(QFile::remove(folder.log_path()));
-    // The next run starts afresh.
+    // The next run starts with a new file.
     QCOMPARE(open_log(), 1);
     write_log_line("kept");
     QCOMPARE(folder.entries(), QStringList{"kept"});

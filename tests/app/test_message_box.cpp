@@ -16,7 +16,7 @@
 
 #include <stdexcept>
 
-/// The one look of all messages, and the one path of all failures.
+/// The common look of all message boxes, and the common handling of all failures.
 class Test_Message_Box : public QObject {
     Q_OBJECT
 

@@ -9,7 +9,7 @@
 #include <QRadioButton>
 #include <QTest>
 
-/// The question for the model, with which every run begins.
+/// The model dialog, with which every run begins.
 class Test_Select_KM_Type_Dialog : public QObject {
     Q_OBJECT
 
@@ -40,12 +40,12 @@ QRadioButton& radio(const Select_KM_type_Dialog& dialog, const char* name) {
     return find_child<QRadioButton>(dialog, name);
 }
 
-/// Checks a radio button by a click.
+/// Checks a radio button with a click.
 Modal_Action choose(const char* name) { return press_object(name); }
 
 Modal_Action press_continue() { return press_object("pushButton_Continue"); }
 
-/// Brings the buttons into states that no user can reach.
+/// Puts the buttons into states that no user can reach.
 void uncheck_all(const Select_KM_type_Dialog& dialog) {
     for (const char* name : {"radioButton_LITE", "radioButton_PLUS", "radioButton_PRO"}) {
         radio(dialog, name).setAutoExclusive(false);

@@ -18,7 +18,8 @@
 #include <optional>
 #include <stdexcept>
 
-/// The run between the application object's birth and end: what is made when, and what goes first.
+/// The run between the creation and the end of the application object: the order in which objects
+/// are created and destroyed.
 class Test_Start_Up : public QObject {
     Q_OBJECT
 
@@ -53,13 +54,13 @@ const Select_KM_type_Dialog* standing_dialog() {
     return nullptr;
 }
 
-/// What could be seen of the dialog at one moment.
+/// What was visible of the dialog at one moment.
 struct Dialog_Snapshot {
     bool exists = standing_dialog() != nullptr;
     bool visible = exists && standing_dialog()->isVisible();
 };
 
-/// A main window that looks around as it goes.
+/// A main window that records the state of the dialog when it is destroyed.
 class Watching_Window : public QMainWindow {
 public:
     explicit Watching_Window(std::optional<Dialog_Snapshot>& snapshot) : at_end(snapshot) {}
@@ -78,7 +79,7 @@ Modal_Expectation choose_model(const QString& button) {
             .action = in_order({press_object(button), press_object("pushButton_Continue")})};
 }
 
-/// How much brighter one colour is than the other, as the eye takes it; 1 to 21.
+/// The contrast ratio of two colours as the eye perceives it; 1 to 21.
 double contrast(const QColor& one, const QColor& other) {
     const auto luminance = [](const QColor& colour) {
         const auto linear = [](double part) {
@@ -149,7 +150,7 @@ void Test_Start_Up::the_window_is_shown_only_once_it_is_made() {
     run_tool(
         [&](const std::string&) {
             auto window = std::make_unique<QMainWindow>();
-            // The making of a real window may run event loops of its own.
+            // The constructor of a real window may run its own event loops.
             QCoreApplication::processEvents();
             visible_in_factory = window->isVisible();
             QTimer::singleShot(0, window.get(), [&visible_in_loop, shown = window.get()] {
@@ -324,7 +325,7 @@ void Test_Start_Up::disabled_captions_can_be_read_on_the_buttons_grey() {
     const QColor button_grey(189, 189, 189);
     const QPalette palette = QApplication::palette();
     QVERIFY(contrast(palette.color(QPalette::Disabled, QPalette::ButtonText), button_grey) >= 3);
-    // A disabled caption still differs from a live one.
+    // A disabled caption still differs from an enabled one.
     QVERIFY(palette.color(QPalette::Disabled, QPalette::ButtonText) !=
             palette.color(QPalette::Active, QPalette::ButtonText));
 }

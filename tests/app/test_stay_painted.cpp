@@ -24,7 +24,7 @@ namespace {
 
 constexpr int max_wait = 20'000;
 
-/// What is on the screen, without any event being served.
+/// What is on the screen, without processing any event.
 QImage screen_at(const QRect& place) {
     return QGuiApplication::primaryScreen()
         ->grabWindow(0, place.x(), place.y(), place.width(), place.height())
@@ -42,7 +42,7 @@ bool is_all(const QImage& image, const QColor& colour) {
     return true;
 }
 
-/// Green all over.
+/// All pixels are green.
 class Green_Dialog : public QDialog {
 public:
     Green_Dialog() {
@@ -63,7 +63,7 @@ void Test_Stay_Painted::a_hidden_dialog_is_still_seen_until_events_are_served() 
 
     hide_and_stay_painted(dialog);
     QVERIFY(!dialog.isVisible());
-    // The window manager takes its time to take the dialog away.
+    // The window manager needs some time to remove the dialog.
     for (int round = 0; round < 20; ++round) {
         QVERIFY(is_all(screen_at(place), green));
         QTest::qSleep(10);

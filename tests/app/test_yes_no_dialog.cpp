@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <QTest>
 
-/// The question with two answers.
+/// The yes-or-no dialog.
 class Test_Yes_No_Dialog : public QObject {
     Q_OBJECT
 

@@ -10,7 +10,7 @@
 
 #include <stdexcept>
 
-/// The user guide against the sources of the product: what a user can meet is in it.
+/// Compares the user guide with the sources of the product: it describes all that a user can see.
 class Test_User_Guide : public QObject {
     Q_OBJECT
 
@@ -41,8 +41,7 @@ QString text_of(const QString& path) {
     return QString::fromUtf8(file.readAll());
 }
 
-/// The guide with its line ends and emphasis taken away, so that a text is found wherever it
-/// breaks.
+/// The guide without line ends and emphasis, so that a text is found wherever its line breaks.
 QString guide() { return text_of("docs/user-guide.md").remove('*').remove('`').simplified(); }
 
 QStringList files(const QString& folder, const QString& pattern) {
@@ -92,8 +91,8 @@ struct Caption {
     QString text;
 };
 
-/// The widgets of a form that have a text. Of a main window's pages only the three that its buttons
-/// open are looked at: the fourth is never shown.
+/// The widgets of a form that have a text. Only the three pages that a main window's buttons open
+/// are checked: the fourth is never shown.
 QList<Caption> captions(const QString& form) {
     constexpr int pages_shown = 3;
     QList<Caption> found;
@@ -128,9 +127,9 @@ QList<Caption> captions(const QString& form) {
     return found;
 }
 
-/// Texts of the product's .cpp files that read as something said to a person: they begin with a
-/// capital letter and continue after a space. Literals broken over lines are joined first.
-/// What only goes to the log, style sheets, comments and paths of includes are left out.
+/// Texts of the product's .cpp files that look like a message to the user: they begin with a
+/// capital letter and continue after a space. Literals broken over lines are joined first. Log
+/// entries, style sheets, comments and paths of includes are left out.
 QSet<QString> sentences_in_sources() {
     static const QRegularExpression no_text(
         R"(^\s*(#include|//)[^\n]*|write_log_line\([^;]*;|qC(Debug|Info|Warning)\([^;]*;)",
@@ -149,7 +148,7 @@ QSet<QString> sentences_in_sources() {
     return sentences;
 }
 
-/// What reads as a message and is none, and what it is.
+/// Texts that look like a message and are none, each with what it is.
 const QHash<QString, QString>& no_messages() {
     static const QHash<QString, QString> texts = {
         {"Segoe UI", "a font"},
@@ -215,7 +214,7 @@ void Test_User_Guide::every_caption_is_mentioned_data() {
     QTest::addColumn<QString>("form");
     for (const QString& form : files("forms", "*.ui")) {
         if (form != "forms/yes_no_dialog.ui") {
-            // That one's captions are placeholders; the texts shown come from the code.
+            // Its captions are placeholders; the texts shown come from the code.
             QTest::newRow(qPrintable(form)) << form;
         }
     }
@@ -240,7 +239,7 @@ void Test_User_Guide::every_dialog_is_mentioned_by_its_heading() {
     QStringList wanted;
     for (const QString& form : files("forms", "*_dialog.ui")) {
         if (form != "forms/yes_no_dialog.ui") {
-            // The text after a bracket says how to choose.
+            // The text after a bracket explains how to choose.
             wanted.append(captions(form).value(0).text.section('(', 0, 0).trimmed());
         }
     }

@@ -30,7 +30,7 @@ bool Desktop::is_ready() const {
 QString Desktop::find_window(const QString& title) const {
     QString window;
     (void)run_tool({"search", "--sync", "--onlyvisible", "--name", exactly(title)}, &window);
-    // The window manager takes hold of a window a little after it can be seen.
+    // The window manager manages a window a little after it becomes visible.
     const bool managed = wait_until(
         [&] {
             return run_tool({"get_desktop_for_window", window});
@@ -55,8 +55,7 @@ QMap<QString, int> Desktop::numbers_from(const QStringList& arguments) const {
 }
 
 QRect Desktop::visible_place_of(const QString& window) const {
-    // The tool counts a window's frame twice in its place, so the mouse shows where the corners
-    // are.
+    // xdotool counts a window's frame twice in its position, so the mouse finds the corners.
     const QMap<QString, int> size = numbers_from({"getwindowgeometry", "--shell", window});
     const auto corner = [&](int x, int y) {
         const QMap<QString, int> found =
@@ -73,8 +72,7 @@ bool Desktop::click(const QString& window, const QPoint& place) const {
 }
 
 bool Desktop::press(const QString& window, const QString& keys) const {
-    // Asked more than once: the window manager lets a request pass that comes while it is busy with
-    // the window's first showing.
+    // Repeated, because the window manager ignores a request while it is still mapping the window.
     const auto becomes_active = [&] {
         QString active;
         return run_tool({"windowactivate", window}) && run_tool({"getactivewindow"}, &active) &&

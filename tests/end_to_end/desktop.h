@@ -9,35 +9,35 @@
 #include <QRect>
 #include <QString>
 
-/// A screen of the test's own with a window manager, and a mouse and a keyboard that work on it as
-/// a person's do. Nothing of it is inside the programs that are shown there.
+/// The test's own screen with a window manager, and a mouse and a keyboard that act as a user's do.
+/// No part of it is inside the programs that are shown there.
 class Desktop {
 public:
     /// @param screen_size width, height and depth.
     explicit Desktop(const QString& screen_size = "1600x1200x24");
 
-    /// Whether the window manager manages; nothing else works before.
+    /// Whether the window manager is ready; nothing else works before.
     [[nodiscard]] bool is_ready() const;
 
-    /// What the window manager has complained about.
+    /// The error messages of the window manager.
     QByteArray errors() { return window_manager.errors(); }
 
     [[nodiscard]] const QString& display() const { return screen.name(); }
 
-    /// Waits for a visible window with just this title, until the window manager has it.
-    /// @return its number, empty if it did not come.
+    /// Waits until a window with exactly this title is visible and managed by the window manager.
+    /// @return its number, empty if it did not appear.
     [[nodiscard]] QString find_window(const QString& title) const;
 
-    /// Whether such a window can be seen right now.
+    /// Whether such a window is visible now.
     [[nodiscard]] bool shows_window(const QString& title) const;
 
-    /// Where a window is, without its frame, as far as it is on the screen.
+    /// The part of a window, without its frame, that is on the screen.
     [[nodiscard]] QRect visible_place_of(const QString& window) const;
 
-    /// Clicks at a place in a window, counted from its upper left corner without the frame.
+    /// Clicks at a position in a window, relative to its upper left corner without the frame.
     [[nodiscard]] bool click(const QString& window, const QPoint& place) const;
 
-    /// Presses keys such as "alt+F4" in a window, which is made the active one first.
+    /// Presses keys such as "alt+F4" in a window, after activating it.
     [[nodiscard]] bool press(const QString& window, const QString& keys) const;
 
 private:

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// By their files alone: in such a list a blank would part a path.
+/// By file name only: a space would split a path in such a list.
 QString preloaded(Port_List port_list) {
     QStringList libraries{HALVERN_HAND, HALVERN_PORT_LIST};
     if (port_list == Port_List::throws) {

@@ -7,14 +7,14 @@
 #include <QString>
 #include <QStringList>
 
-/// What a driven program finds on its machine.
+/// The environment of a driven program.
 enum class Port_List { answers, throws };
 
-/// The real program without a display, and a hand inside it that does what it is told; see
-/// modal_responder.h for the words.
+/// The real program without a display, and a responder inside it that executes commands;
+/// modal_responder.h lists them.
 class Driven_Program {
 public:
-    /// @param ports device names of the only serial ports that it shall see.
+    /// @param ports device names of the only serial ports that it sees.
     /// @param environment further variables.
     explicit Driven_Program(const QStringList& ports = {}, Port_List port_list = Port_List::answers,
                             QMap<QString, QString> environment = {});
@@ -28,13 +28,13 @@ public:
     /// Sets another application font, "DejaVu Sans" at 12 points, as some desktop themes do.
     void set_theme_font();
 
-    /// Waits for a line that begins like this.
+    /// Waits for a line that begins with this text.
     [[nodiscard]] bool wait_for(const QString& beginning);
     [[nodiscard]] bool wait_for_end(int milliseconds = 20'000) {
         return run.wait_for_end(milliseconds);
     }
 
-    /// Everything the hand has told so far.
+    /// Everything that the responder has printed so far.
     QStringList lines();
 
     std::optional<int> exit_status() const { return run.exit_status(); }

@@ -35,7 +35,7 @@ QString modal_line(const QWidget& modal) {
     return line.replace('\n', '/');
 }
 
-/// Tells when an object, which has to be what it is by now, is destroyed.
+/// Reports when an object is destroyed. The object must be fully constructed by now.
 void tell_the_end(const QObject& object) {
     const QString class_name = object.metaObject()->className();
     QObject::connect(&object, &QObject::destroyed, [class_name] { report("gone " + class_name); });
@@ -58,7 +58,7 @@ QString set_caption(const QWidget& modal, const QString& name, const QString& ca
     return {};
 }
 
-/// Does one action and returns why it was not possible, if so.
+/// Does one action; returns the reason if it was not possible.
 QString act(QWidget& modal, const QString& action) {
     if (action == "frame") {
         return close_by_frame()(modal);

@@ -10,8 +10,8 @@
 #include <QTimer>
 #include <QWidget>
 
-/// Works inside the real program, in the place of a user who obeys: lines on the standard input say
-/// what to do, lines on the standard output tell what was seen.
+/// Works inside the real program in place of a user: lines on the standard input say what to do,
+/// lines on the standard output report what was seen.
 ///
 /// It reads
 ///
@@ -25,7 +25,7 @@
 ///     modal <class> "<title>"       and for a message box "<text>" icon <number> <buttons>
 ///     shown <class> "<title>"       a main window
 ///     gone <class>                  a main window, or the model dialog
-///     fonts <family> <points>, for Segoe UI <family>   what texts are really drawn in
+///     fonts <family> <points>, for Segoe UI <family>   the fonts in which texts are really drawn
 ///     failed <reason>               an action that was not possible
 class Modal_Responder : public QObject {
     Q_OBJECT

@@ -4,7 +4,7 @@
 
 #include <QCoreApplication>
 
-/// The way into the unmodified program: this library is preloaded, and the hand begins with the
+/// The entry into the unmodified program: this library is preloaded. The responder starts with the
 /// first event loop of the program's application object and ends with that object.
 
 namespace {

@@ -9,7 +9,7 @@
 
 #include <csignal>
 
-/// How the real program ends: by its window, or deliberately by an exception that nothing catches.
+/// How the real program ends: when its window is closed, or deliberately by an uncaught exception.
 class Test_Program_End : public QObject {
     Q_OBJECT
 
@@ -29,7 +29,7 @@ Fault_Plan silence() {
     return plan;
 }
 
-/// Starts a Lite and waits until it has asked for everything.
+/// Starts a Lite and waits until it has sent all its questions.
 bool start_lite(Driven_Program& program, Simulated_Switch& device) {
     program.choose_model("LITE");
     return program.wait_for("shown Halvern_Velmoran_LITE") &&
@@ -82,7 +82,7 @@ void Test_Program_End::a_confirmed_layout_that_is_not_reported_ends_the_program(
     Driven_Program program({device.device_name()});
     QVERIFY(start_lite(program, device));
 
-    // An empty report first, so that no wait for one is left that could end in between.
+    // An empty report first, so that no wait for a report is pending that could end in between.
     device.send("\n");
     QVERIFY(program.wait_for("modal QMessageBox \"Information\" \"Setting data from TQL error\""));
     program.answer("OK");
@@ -94,7 +94,7 @@ void Test_Program_End::a_confirmed_layout_that_is_not_reported_ends_the_program(
     }
     QVERIFY(program.wait_for_end());
 
-    // An abort by the uncaught exception, and not a crash of any other kind.
+    // An abort by the uncaught exception, not another crash.
     QCOMPARE(program.ending_signal(), SIGABRT);
     const QByteArray last_words =
         "terminate called after throwing an instance of '" + exception + "'";

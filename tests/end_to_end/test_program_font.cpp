@@ -22,21 +22,21 @@ const QString dejavu = "truetype/dejavu";
 const QString liberation = "truetype/liberation";
 const QString arimo = "truetype/croscore";
 
-/// Renames a font, to stand for one that is not available here.
+/// Renames a font, so that it replaces one that is not available here.
 const QString arimo_is_segoe = R"(
  <match target="scan">
   <test name="family"><string>Arimo</string></test>
   <edit name="family" mode="assign"><string>Segoe UI</string></edit>
  </match>)";
 
-/// A configuration for fontconfig that knows the fonts of these folders only.
+/// A configuration for fontconfig with the fonts of these folders only.
 QByteArray configuration(const QStringList& folders, const QString& rule, const QString& cache) {
     QString text = "<?xml version=\"1.0\"?>\n<!DOCTYPE fontconfig SYSTEM \"fonts.dtd\">\n"
                    "<fontconfig>\n";
     for (const QString& folder : folders) {
         text += " <dir>/usr/share/fonts/" + folder + "</dir>\n";
     }
-    // What a desktop names as its own font.
+    // The font that a desktop sets.
     text += " <match target=\"pattern\"><edit name=\"family\" mode=\"append_last\" "
             "binding=\"weak\"><string>DejaVu Sans</string></edit></match>\n";
     return (text + " <cachedir>" + cache + "</cachedir>" + rule + "\n</fontconfig>\n").toUtf8();

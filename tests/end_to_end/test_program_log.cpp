@@ -10,7 +10,7 @@
 #include <QFileInfo>
 #include <QTest>
 
-/// What the real program leaves of its event log.
+/// The event log that the real program leaves.
 class Test_Program_Log : public QObject {
     Q_OBJECT
 
@@ -33,7 +33,7 @@ const QByteArray two_lines = "Start.........\nStop.........\n";
 const QString failure_box =
     "modal QMessageBox \"Information\" \"Setting data from TQL error\" icon 2 OK";
 
-/// A switch whose report lacks a line that has to be there.
+/// A switch whose report lacks a required line.
 Fault_Plan lacking() {
     Fault_Plan plan;
     plan.missing_key = "C1\t";
@@ -53,7 +53,7 @@ bool run_plus() {
     return program.wait_for("shown Halvern_Velmoran_PLUS") && end_in_order(program);
 }
 
-/// Runs a Lite on a switch with a bad report, up to the box that tells of it, and on to its end.
+/// Runs a Lite on a switch with a bad report, up to the box that reports it, and on to its end.
 bool run_failing_lite() {
     Simulated_Switch device;
     device.set_faults(lacking());

@@ -12,7 +12,7 @@
 #include <QRadioButton>
 #include <QTest>
 
-/// The unmodified program on a screen, worked from outside.
+/// The unmodified program on a screen, operated from outside.
 class Test_Program_On_A_Display : public QObject {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ namespace {
 const QString model_dialog = "Velmoran Ostrel";
 const QString close_by_frame = "alt+F4";
 
-/// Where a button of the model dialog takes a click, from a dialog of the test's own.
+/// Where a button of the model dialog accepts a click, taken from a dialog that the test creates.
 QPoint place_in_model_dialog(const QString& button_name) {
     Select_KM_type_Dialog dialog;
     dialog.setAttribute(Qt::WA_DontShowOnScreen);

@@ -7,7 +7,7 @@
 
 #include <QTest>
 
-/// The unmodified program on screens that its window hardly fits, or does not fit.
+/// The unmodified program on screens that are barely large enough for its window, or too small.
 class Test_Program_On_Small_Screens : public QObject {
     Q_OBJECT
 

@@ -24,7 +24,7 @@ namespace {
 const QHostAddress proxy_address = QHostAddress("127.0.0.9");
 constexpr quint16 proxy_port = 1080;
 
-/// Takes every connection and datagram that a proxy might get.
+/// Accepts every connection and datagram that a proxy might get.
 class Listening_Proxy {
 public:
     [[nodiscard]] bool start() {
@@ -32,7 +32,7 @@ public:
                datagrams.bind(proxy_address, proxy_port);
     }
     [[nodiscard]] bool has_heard() {
-        // A connection counts even if it was given up again.
+        // A connection counts even if it was closed again.
         return stream.waitForNewConnection(0) || stream.hasPendingConnections() ||
                datagrams.hasPendingDatagrams();
     }
@@ -42,9 +42,9 @@ private:
     QUdpSocket datagrams;
 };
 
-/// Every variable that names a proxy to one program or another.
+/// Every environment variable in which some program expects a proxy.
 QMap<QString, QString> environment_with_proxy() {
-    // The kind that takes datagrams too.
+    // The kind of proxy that also forwards datagrams.
     const QString proxy = "socks5://127.0.0.9:1080";
     QMap<QString, QString> environment = {{"no_proxy", ""}, {"NO_PROXY", ""}};
     for (const QString kind : {"http", "https", "ftp", "all", "socks", "udp"}) {
@@ -79,7 +79,7 @@ void Test_Program_Proxy::a_proxy_hears_nothing_while_the_search_finds_an_adapter
     program.answer("radioButton_TCP_IP,pushButton_continue");
     QVERIFY2(program.wait_for("modal Select_hardware_Dialog"),
              qPrintable(program.lines().join('\n') + program.errors()));
-    // One search, asked of the network and answered: without an answer a box would be open here.
+    // One search, sent to the network and answered: without an answer a box would be open here.
     QCOMPARE(frames, QByteArrayList{"ff010102"});
     QVERIFY(!proxy.has_heard());
     program.answer("frame");
@@ -92,7 +92,7 @@ void Test_Program_Proxy::a_proxy_hears_nothing_while_the_search_finds_an_adapter
 
 int main(int argc, char** argv) {
     return run_test_in_private_network(argc, argv, [](int count, char** values) {
-        // The proxy itself asks nobody.
+        // The proxy itself connects to nobody.
         for (const char* name : {"http_proxy", "https_proxy", "all_proxy"}) {
             qunsetenv(name);
         }

@@ -9,7 +9,7 @@
 
 #include <csignal>
 
-/// How the real program begins: the question for the model, and what follows from its answer.
+/// How the real program begins: the model dialog, and what follows from the choice.
 class Test_Program_Start : public QObject {
     Q_OBJECT
 
@@ -92,7 +92,7 @@ void Test_Program_Start::each_choice_starts_its_window() {
     QVERIFY(program.wait_for_end());
     QCOMPARE(program.exit_status(), 0);
 
-    // The window goes first, then the dialog that stood hidden behind it, then the rest.
+    // The window is destroyed first, then the hidden model dialog, then the rest.
     QStringList expected{model_dialog};
     if (has_wizard) {
         expected.append(method_dialog);
@@ -140,7 +140,7 @@ void Test_Program_Start::a_lite_without_a_port_ends_with_status_1_after_one_warn
     program.answer("OK");
     QVERIFY(program.wait_for_end());
     QCOMPARE(program.exit_status(), 1);
-    // No window was shown, and none was taken down in order.
+    // No window was shown, so none was destroyed in order.
     const QStringList expected{model_dialog, no_port_box};
     QCOMPARE(program.lines(), expected);
 }
@@ -162,7 +162,7 @@ void Test_Program_Start::plus_and_pro_without_a_port_end_with_status_1_on_the_se
     QCOMPARE(program.exit_status(), 1);
     const QStringList expected{model_dialog, method_dialog, no_port_box};
     QCOMPARE(program.lines(), expected);
-    // No destructor has run, so the log lacks its last line and keeps what it had.
+    // No destructor has run, so the log lacks its last line but keeps the others.
     QCOMPARE(folder.text(), "Start.........\n");
 }
 

@@ -9,12 +9,12 @@
 ///
 /// Keys of the file:
 ///  - "class", "design_size", "title", "style": of the window itself.
-///  - "pages", "page_index": the stack's pages in order and the one the form leaves on top.
+///  - "pages", "page_index": the stack's pages in order and the one that the form makes current.
 ///  - "layouts": spacing and margins (left, top, right, bottom) of a block's layout; null is free,
 ///    "default" is the style's own.
-///  - "order": objects that stand beside ("right") or below ("down") one another on a "page",
+///  - "order": objects that are next to ("right") or below ("down") one another on a "page",
 ///    "gap" pixels apart where that is fixed.
-///  - "slots": the slots that the windows bind by name; "unslotted": those that must find no
+///  - "slots": the slots that the windows connect by name; "unslotted": those that must match no
 ///  object.
 ///  - "absent": objects that only other forms have.
 ///  - "styled_frames": frames with the platform's styled look.

@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-/// One form, and the window or dialog it is shown in.
+/// One form, and the window or dialog that shows it.
 struct Gallery_Form {
     QString class_name; ///< As in the form: "Corvane_LITE_UI", "Yes_No_Dialog".
     QSize fixed_size;   ///< The size that the constructor of the window or dialog fixes.

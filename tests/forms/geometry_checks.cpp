@@ -29,7 +29,7 @@ bool is_leaf(const QWidget& widget) {
            qobject_cast<const QTextEdit*>(&widget) || qobject_cast<const QTableWidget*>(&widget);
 }
 
-/// True if the widget stands inside another leaf, as the corner button of a table does.
+/// True if the widget is inside another leaf, such as the corner button of a table.
 bool is_inside_leaf(const QWidget& widget) {
     for (const QWidget* outer = widget.parentWidget(); outer; outer = outer->parentWidget()) {
         if (is_leaf(*outer)) {
@@ -67,8 +67,9 @@ bool button_fits(const QAbstractButton& button, QStyle::SubElement contents) {
            (button.icon().isNull() || fits(button.iconSize(), room.size()));
 }
 
-/// A combo box has to show each of its items; the blanks above and below the letters may go.
-/// The application's style tells the field in which it draws the text, one pixel in from each side.
+/// A combo box must show each of its items; the space above and below the letters may be cut. The
+/// application's style returns the rectangle in which it draws the text, one pixel in from each
+/// side.
 bool combo_box_fits(const QComboBox& box) {
     QStyleOptionComboBox option;
     option.initFrom(&box);
@@ -129,7 +130,7 @@ Extent extent(const QRect& place, bool down) {
     return {place.left(), place.right(), place.top(), place.bottom()};
 }
 
-/// Empty if `second` follows `first` at the told distance, and in a row on the same line.
+/// Empty if `second` follows `first` at the given distance, and in a row on the same line.
 QString check_step(const Extent& first, const Extent& second, bool down, const QJsonValue& gap) {
     const int distance = second.first - first.last - 1;
     if (distance < 0) {

@@ -6,8 +6,8 @@
 #include <QStringList>
 #include <QWidget>
 
-/// The widgets a person sees on the window as it is shown: labels, buttons, fields, boxes, tables,
-/// without the parts that Qt makes inside them.
+/// The visible widgets of the window: labels, buttons, fields, boxes, tables, without the parts
+/// that Qt creates inside them.
 QList<QWidget*> visible_leaves(const QWidget& window);
 
 /// The widget's rectangle in the window's coordinates.
@@ -22,8 +22,8 @@ QStringList overlapping_leaves(const QWidget& window);
 /// The object names of the leaves whose text or picture does not fit into them.
 QStringList leaves_with_cut_content(const QWidget& window);
 
-/// Where the objects of one "order" fact are not as stated; empty if nowhere.
+/// The objects of one "order" fact that are not where they should be; empty if none.
 QStringList order_differences(const QWidget& window, const QJsonObject& order);
 
-/// Where spacing or margins of a block's layout differ from the fact; empty if nowhere.
+/// The differences of a block's layout from the fact in spacing and margins; empty if none.
 QStringList layout_differences(const QWidget& block, const QJsonObject& fact);

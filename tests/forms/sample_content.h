@@ -4,6 +4,6 @@
 
 #include <QWidget>
 
-/// Fills the widgets that show nothing before a unit has answered, and does what every window's
-/// constructor does to the look of its form: the page buttons, the refresh icon, the grid.
+/// Fills the widgets that show nothing before a unit has answered, and sets what every window's
+/// constructor sets in its form: the page buttons, the refresh icon, the grid.
 void fill_with_samples(QWidget& form);

@@ -22,13 +22,13 @@
 
 namespace {
 
-/// The text fonts that the forms have to fit, and a wide one, in which some captions are cut.
+/// The text fonts that must fit the forms, and a wide one, in which some captions are cut.
 const QString narrow_family = "Liberation Sans";
 const QString wide_family = "DejaVu Sans";
 const QStringList fitting_families = {narrow_family, "Arimo"};
 const QStringList all_families = {narrow_family, "Arimo", wide_family};
 
-/// One page of one form as a person sees it; dialogs have one page, which is -1.
+/// One page of one form as shown; dialogs have one page, which is -1.
 struct Page {
     QString form_name;
     int number = -1;
@@ -93,8 +93,8 @@ void add_a_row_per_form(const QStringList& families) {
 
 } // namespace
 
-/// The forms at their fixed sizes: everything shows, nothing lies on another thing. In the
-/// program's text fonts no text is cut.
+/// The forms at their fixed sizes: everything is visible, nothing overlaps. In the program's text
+/// fonts no text is cut.
 class Test_Form_Geometry : public QObject {
     Q_OBJECT
 
@@ -136,7 +136,7 @@ private slots:
     void answers_to_a_question_stand_at_the_right();
 };
 
-/// A new application font goes into all windows that exist.
+/// A new application font applies to all existing windows.
 void Test_Form_Geometry::use_family(const QString& family) {
     if (family != family_in_use) {
         shown_pages.clear();
@@ -145,7 +145,7 @@ void Test_Form_Geometry::use_family(const QString& family) {
     }
 }
 
-/// One window per page for all tests that only look at it.
+/// One window per page for all tests that do not change it.
 const QWidget& Test_Form_Geometry::shown(const Page& page) {
     use_family(page.family);
     auto& window = shown_pages[page];
@@ -193,7 +193,7 @@ QStringList Test_Form_Geometry::cut_texts(const QString& form_name, const QStrin
 void Test_Form_Geometry::no_text_is_cut() {
     QFETCH(QString, form_name);
     QFETCH(QString, family);
-    // The Pro's label is 70 pixels wide as stated, which is less than its text takes.
+    // The Pro's label is 70 pixels wide, which is less than its text needs.
     const QString exception = form_name == "Corvane_PRO_UI" ? "label_Channels" : "";
     QCOMPARE(cut_texts(form_name, family).join(", "), exception);
 }

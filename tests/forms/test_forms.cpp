@@ -58,7 +58,7 @@ void add_a_row_per_main_form() {
 
 } // namespace
 
-/// The forms against the facts files: every object with its text, limits, font and style.
+/// Compares the forms with the facts files: every object with its text, limits, font and style.
 class Test_Forms : public QObject {
     Q_OBJECT
 
@@ -103,7 +103,7 @@ private slots:
 
 void Test_Forms::initTestCase() { QVERIFY2(use_fixed_look(), "install fonts-liberation"); }
 
-/// One window per form for all tests that only look at it. Fonts settle when it is shown.
+/// One window per form for all tests that do not change it. Fonts are final when it is shown.
 const QWidget& Test_Forms::shown(const QString& name) {
     auto& form = shown_forms[name];
     if (!form) {

@@ -15,7 +15,7 @@ const QString logo_path = ":/img/logos/rsz_velmoran_logo_original.png";
 
 QPixmap logo_of(const QWidget& form) { return form.findChild<QLabel*>("label_52")->pixmap(); }
 
-/// Puts another working directory in force as long as it lives.
+/// Changes the working directory for the lifetime of the object.
 class Working_Directory {
 public:
     explicit Working_Directory(const QString& path) { QDir::setCurrent(path); }
@@ -29,7 +29,7 @@ private:
 
 } // namespace
 
-/// The three pictures, reached through a program that links them only through a static library.
+/// The three pictures, in a program that links them only through a static library.
 class Test_Logos : public QObject {
     Q_OBJECT
 

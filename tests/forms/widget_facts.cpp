@@ -18,7 +18,7 @@ const QMap<QString, Qt::Alignment> alignment_words = {
     {"vcenter", Qt::AlignVCenter}, {"bottom", Qt::AlignBottom}, {"center", Qt::AlignCenter},
 };
 
-/// Collects deviations as "what: found, not told".
+/// Collects differences as "what: found, not expected".
 class Differences {
 public:
     template <typename Value>

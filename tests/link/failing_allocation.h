@@ -16,6 +16,6 @@ public:
     Failing_Allocation(const Failing_Allocation&) = delete;
     Failing_Allocation& operator=(const Failing_Allocation&) = delete;
 
-    /// How many allocations have failed since this object was made.
+    /// How many allocations have failed since this object was created.
     [[nodiscard]] int failed() const;
 };

@@ -2,8 +2,8 @@
 
 #pragma once
 
-/// While it lives, read() from one descriptor fails with EIO, as from a device that has broken
-/// down. The program's own read() stands before the one of the C library, also for Qt.
+/// During its lifetime, read() from one descriptor fails with EIO, as with a defective device. The
+/// program's own read() takes precedence over that of the C library, also for Qt.
 class Failing_Read {
 public:
     explicit Failing_Read(int descriptor);

@@ -26,7 +26,7 @@ Open_Line::Open_Line(bool asks_for_audio)
 Open_Line::~Open_Line() { ::close(side_entrance); }
 
 QByteArray Open_Line::received() {
-    // The port hands its bytes over while events are served; only then the mark may follow.
+    // The port writes its bytes while events are processed; only then the mark may follow.
     const auto handed_over = [this] {
         const QSerialPort* port = devices.serial_port.get();
         return port == nullptr || !port->isOpen() || port->bytesToWrite() == 0;

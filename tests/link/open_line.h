@@ -22,8 +22,9 @@ public:
     Open_Line(const Open_Line&) = delete;
     Open_Line& operator=(const Open_Line&) = delete;
 
-    /// What the device has received, complete up to this call: a mark is sent behind it by a way
-    /// that no guard closes, and its arrival is awaited. Forgotten by the next call.
+    /// What the device has received, complete up to this call: a mark is sent after it, past the
+    /// write guard, and its arrival is awaited. Each call returns only what came since the call
+    /// before.
     QByteArray received();
 
     /// The name by which the port list shows the line, such as "pts/7".
@@ -35,7 +36,7 @@ public:
     Command_Writer writer;
 
 private:
-    /// A second way into the line. Opened first: the tool claims the line for itself.
+    /// A second descriptor of the line. Opened first, because the tool takes exclusive access.
     int side_entrance;
     QByteArray all_received;
 };

@@ -8,13 +8,14 @@
 
 #include <functional>
 
-/// Takes what a session or its dispatcher says upward and keeps it in its order, one text each:
+/// Records what a session or its dispatcher reports to the window, in order, one text each:
 /// "answered", "show:...", "information", "status", "layout", "both:...", "km:...", "usb:...",
 /// "audio:...", "disconnected", "disable", "clear", "remove", "adapter:...", "end:...". Failures
 /// are shown and logged as the windows do it.
 class Recording_View : public Session_View {
 public:
-    /// Called with each record right after it was kept; may throw, as the readers of a window may.
+    /// Called with each record right after it was stored; may throw, as the readers of a window
+    /// may.
     std::function<void(const QString& record)> on_record;
 
     QStringList records;

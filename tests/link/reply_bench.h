@@ -11,8 +11,8 @@
 #include <QList>
 #include <QObject>
 
-/// The slots that a reply dispatcher's timers call, in place of a window's. Each call is kept as
-/// the time since this object was made, in milliseconds.
+/// The slots that a reply dispatcher's timers call, in place of a window's. Each call is recorded
+/// as the time since this object was created, in milliseconds.
 class Timed_Slots : public QObject {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ public slots:
     void set_current_layout_from_buff() { layout_calls.append(clock.elapsed()); }
 };
 
-/// A reply dispatcher, with an open line for what it says and a record of what it finds. Time is
+/// A reply dispatcher, with an open line for what it sends and a record of what it finds. Time is
 /// virtual as long as it exists.
 struct Reply_Bench {
     explicit Reply_Bench(Notice_Order order = Notice_Order::layout_first)

@@ -37,7 +37,8 @@ namespace {
 
 constexpr std::size_t command_length = 100'000;
 
-/// A long command with room for its carriage return, so that appending that takes no memory.
+/// A long command with spare capacity for its carriage return, so that appending it allocates
+/// nothing.
 std::string roomy_command() {
     std::string command;
     command.reserve(command_length + 1);
@@ -45,7 +46,7 @@ std::string roomy_command() {
     return command;
 }
 
-/// A long command without any room left.
+/// A long command without spare capacity.
 std::string tight_command() {
     std::string command(command_length, 'x');
     command.resize(command.capacity(), 'x');
@@ -150,7 +151,7 @@ void Test_Command_Encoding::a_failed_hex_step_leaves_the_byte_step_with_nothing(
         const Failing_Allocation no_memory(command_length);
         bytes = encoder.string_to_bytes(text);
     }
-    // The byte step itself has not failed: it made nothing out of nothing.
+    // The conversion to bytes has not failed: its input was empty.
     QCOMPARE(reports, QStringList{"Hex converting error"});
     QCOMPARE(bytes, "");
 }
@@ -167,11 +168,11 @@ void Test_Command_Encoding::a_failed_byte_step_is_reported_and_gives_no_bytes() 
 }
 
 void Test_Command_Encoding::a_failed_conversion_of_a_qstring_is_reported_alike() {
-    // Its 140,001 digits are gathered in a buffer of 262,144 bytes; the newest Qt takes three bytes
-    // for each character when it makes a std::string.
+    // Its 140,001 digits are collected in a buffer of 262,144 bytes; the newest Qt takes three
+    // bytes for each character when it creates a std::string.
     constexpr std::size_t length = 70'000;
 #ifdef Q_OS_WIN
-    // Only what the program itself takes can fail there: the copy of the digits.
+    // Only an allocation of the program itself can fail there: the copy of the digits.
     constexpr std::size_t no_room_for_digits = 140'000;
 #else
     constexpr std::size_t no_room_for_digits = 230'000;
@@ -179,7 +180,7 @@ void Test_Command_Encoding::a_failed_conversion_of_a_qstring_is_reported_alike()
     QString text(length, 'x');
     QByteArray bytes = "not empty";
 #ifndef Q_OS_WIN
-    // Qt's library makes the std::string, by an operator new that is its own on Windows.
+    // Qt's library creates the std::string; on Windows it uses its own operator new.
     {
         const Failing_Allocation no_memory(length);
         bytes = encoder.qstring_to_bytes(text);
@@ -190,7 +191,7 @@ void Test_Command_Encoding::a_failed_conversion_of_a_qstring_is_reported_alike()
 #endif
 
     {
-        // Room for the text, none for its digits.
+        // Memory for the text, none for its digits.
         const Failing_Allocation no_memory(no_room_for_digits);
         bytes = encoder.qstring_to_bytes(text);
     }

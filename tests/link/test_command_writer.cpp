@@ -10,7 +10,7 @@
 
 #include <utility>
 
-/// What leaves through the guard, what it drops, and which device it goes to.
+/// What passes the write guard, what it drops, and which device receives it.
 class Test_Command_Writer : public QObject {
     Q_OBJECT
 
@@ -59,7 +59,7 @@ public:
         devices.socket_open_count = 1;
     }
 
-    /// The next datagram, or a text that no test expects.
+    /// The next datagram, or a text that no test expects if none comes.
     QByteArray next() {
         if (!wait_until([this] { return socket.hasPendingDatagrams(); })) {
             return "no datagram came";
@@ -78,7 +78,7 @@ private:
 void Test_Command_Writer::init() { robot = std::make_unique<Modal_Robot>(); }
 
 void Test_Command_Writer::cleanup() {
-    // Nothing here ends in a box.
+    // Nothing here shows a box.
     QVERIFY2(robot->done(), robot->why());
     QCOMPARE(robot->snapshots().size(), 0);
     QCOMPARE(windows_left(), QStringList());

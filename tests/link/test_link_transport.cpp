@@ -14,7 +14,7 @@
 #include <termios.h>
 #include <unistd.h>
 
-/// The devices under the command link: opening, replacing, closing, and which one is written to.
+/// The devices of the command link: opening, replacing, closing, and which one is written to.
 class Test_Link_Transport : public QObject {
     Q_OBJECT
 
@@ -45,14 +45,14 @@ namespace {
 
 QString name_of(const Pty_Port& device) { return device.device_name().mid(5); }
 
-/// The settings of the line as whoever else has it open sees them.
+/// The settings of the line, read through another descriptor.
 termios attributes_of(int terminal) {
     termios attributes = {};
     tcgetattr(terminal, &attributes);
     return attributes;
 }
 
-/// Sets up a line as no unit would have it.
+/// Gives a line settings that no unit has.
 void spoil_attributes(int terminal) {
     termios attributes = attributes_of(terminal);
     cfsetspeed(&attributes, B9600);
@@ -122,7 +122,7 @@ void Test_Link_Transport::the_line_gets_the_units_fixed_parameters() {
     QCOMPARE(attributes.c_cflag & CSTOPB, tcflag_t(0));
     QCOMPARE(attributes.c_cflag & CRTSCTS, tcflag_t(0));
     QCOMPARE(attributes.c_iflag & (IXON | IXOFF), tcflag_t(0));
-    // Carriage returns and line feeds pass as they are.
+    // Carriage returns and line feeds pass unchanged.
     QCOMPARE(attributes.c_iflag & (ICRNL | INLCR | IGNCR), tcflag_t(0));
     QCOMPARE(attributes.c_oflag & OPOST, tcflag_t(0));
     QCOMPARE(attributes.c_lflag & (ICANON | ECHO), tcflag_t(0));
@@ -321,7 +321,7 @@ void Test_Link_Transport::a_port_whose_closing_throws_stays_and_counts_on() {
 void Test_Link_Transport::a_socket_whose_closing_throws_stays_and_counts_on() {
     QUdpSocket adapter;
     QVERIFY(adapter.bind(QHostAddress::LocalHost, 0));
-    // Looked at until the socket is gone.
+    // Checked until the socket is destroyed.
     bool fails = true;
     Link_Transport devices;
     devices.method = Link_Method::network;
@@ -335,7 +335,7 @@ void Test_Link_Transport::a_socket_whose_closing_throws_stays_and_counts_on() {
     QVERIFY_THROWS_EXCEPTION(std::bad_alloc, devices.close_socket());
     QVERIFY(devices.network_socket != nullptr);
     QCOMPARE(devices.socket_open_count, 1);
-    // Nothing has been lost: the link serves on.
+    // Nothing has been lost: the link still works.
     devices.write("still here");
     QVERIFY(wait_until([&] { return adapter.hasPendingDatagrams(); }));
     fails = false;

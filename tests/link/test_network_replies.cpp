@@ -227,7 +227,7 @@ void Test_Network_Replies::a_failing_report_is_told_as_on_the_serial_line() {
     QVERIFY(!records().contains("layout"));
     QVERIFY(state().write_enabled && state().refresh_enabled && state().ui_changes_enabled);
     QCOMPARE(state().received_buff, "left over");
-    // The notices of the chunk are looked for all the same.
+    // The notices of the chunk are still searched for.
     const QStringList notices{"km", "usb", "both", "audio"};
     QCOMPARE(notice_words(records()), notices);
 }

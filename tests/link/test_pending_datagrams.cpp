@@ -32,9 +32,9 @@ private slots:
 
 private:
     void send(const QByteArray& datagram);
-    /// The peer is away, and the socket has been told so by the system.
+    /// The peer is gone, and the system has reported this to the socket.
     void get_refused();
-    /// Frees the peer's port, and takes it again.
+    /// Releases the peer's port, and binds it again.
     void leave() { peer.reset(); }
     void come_back();
 
@@ -78,7 +78,7 @@ void Test_Pending_Datagrams::send(const QByteArray& datagram) {
 
 void Test_Pending_Datagrams::get_refused() {
     leave();
-    // The system's own call: Qt's would take the report of an earlier refusal.
+    // A system call: Qt's function would consume the report of an earlier refusal.
     QCOMPARE(::write(static_cast<int>(socket->socketDescriptor()), "x", 1), ssize_t(1));
     come_back();
 }
@@ -180,7 +180,7 @@ void Test_Pending_Datagrams::after_each_way_out_the_next_datagram_is_signalled()
         if (!datagram.isEmpty()) {
             send(datagram);
         }
-        // Twice unread: then Qt waits for a reading.
+        // Left unread twice: then Qt waits for a read.
         QTest::qWait(0);
         QTest::qWait(0);
         (void)read_pending_datagrams(*socket);

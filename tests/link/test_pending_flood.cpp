@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-/// A peer that sends faster than anyone reads must not hold the thread.
+/// A peer that sends faster than the tool reads must not block the thread.
 class Test_Pending_Flood : public QObject {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ int datagrams_read = 0;
 
 } // namespace
 
-// In the place of Qt's own: a socket on which another datagram is always pending.
+// Replaces Qt's own function: a socket on which another datagram is always pending.
 qint64 QUdpSocket::readDatagram(char* data, qint64 maxlen, QHostAddress* /*host*/,
                                 quint16* /*port*/) {
     ++datagrams_read;
@@ -34,7 +34,7 @@ void Test_Pending_Flood::a_flood_of_datagrams_ends_data() {
     QTest::addColumn<int>("count");
     QTest::newRow("empty ones") << qint64(0) << 10'000;
     QTest::newRow("small ones") << qint64(36) << 10'000;
-    // 16 MiB, and the one that goes beyond.
+    // 16 MiB, and the datagram that exceeds it.
     QTest::newRow("the longest") << qint64(65'507) << 257;
 }
 
@@ -47,7 +47,7 @@ void Test_Pending_Flood::a_flood_of_datagrams_ends() {
     const std::optional<QByteArray> chunk = read_pending_datagrams(socket);
     QCOMPARE(datagrams_read, count);
     QVERIFY(chunk.has_value());
-    // Of what was taken, nothing is lost.
+    // Nothing of what was read is lost.
     QCOMPARE(chunk->size(), static_cast<qsizetype>(size) * count);
     QCOMPARE(chunk->count('x'), chunk->size());
 }

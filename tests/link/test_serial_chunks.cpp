@@ -5,7 +5,7 @@
 
 #include <QTest>
 
-/// What one chunk from the serial line sets in motion, and what stays in the buffer.
+/// What one chunk from the serial line triggers, and what stays in the buffer.
 class Test_Serial_Chunks : public QObject {
     Q_OBJECT
 
@@ -47,7 +47,7 @@ private:
     void take(const QByteArray& raw) { bench->replies.take_serial_chunk(raw); }
     QStringList& records() const { return bench->view.records; }
     Session_State& state() const { return bench->state; }
-    /// Makes the view do as a window's readers: a "**C" in the text asks for an empty buffer.
+    /// Makes the view act as a window's readers do: a "**C" in the text requests an empty buffer.
     void answer_notices() const;
 
     std::unique_ptr<Reply_Bench> bench;
@@ -94,7 +94,7 @@ void Test_Serial_Chunks::the_steps_of_a_chunk_have_their_order() {
     const QStringList expected{"answered", "both:KM\n", "km:KM\n",
                                "usb:KM\n", "show:KM\n", "audio:KM\n"};
     QCOMPARE(records(), expected);
-    // The timer starts behind the terminal and before the audio.
+    // The timer starts after the terminal and before the audio.
     QVERIFY(still_pending_when_shown);
     QVERIFY(!still_pending_at_audio);
 }
@@ -105,7 +105,7 @@ void Test_Serial_Chunks::text_behind_a_nul_is_lost_to_everything() {
     QCOMPARE(bench->view.texts_of("show"), QStringList{"seen"});
     QCOMPARE(bench->view.texts_of("km"), QStringList{"seen"});
     QVERIFY(!state().km_connected);
-    // Only that chunk suffers.
+    // Only that chunk is affected.
     take(" more");
     QCOMPARE(state().received_buff, "seen more");
 }
@@ -182,7 +182,7 @@ void Test_Serial_Chunks::a_marker_split_over_two_chunks_is_not_seen() {
     take("M\n");
     QVERIFY(!state().km_connected);
     QVERIFY(!records().contains("answered"));
-    // Though the buffer holds both by now.
+    // Although the buffer contains both by now.
     QCOMPARE(state().received_buff, "//RL KM\n");
     take("KM\n");
     QVERIFY(state().km_connected);
@@ -192,7 +192,7 @@ void Test_Serial_Chunks::a_connected_switch_is_not_announced_again() {
     take("KM\n");
     take("KM //RL\n");
     QCOMPARE(records().count("answered"), 1);
-    // A refresh forgets it; the next marker announces it once more.
+    // A refresh clears it; the next marker sets it again.
     state().km_connected = false;
     take("KM\n");
     QCOMPARE(records().count("answered"), 2);
@@ -226,7 +226,7 @@ void Test_Serial_Chunks::the_limit_counts_characters_and_not_bytes() {
 void Test_Serial_Chunks::a_chunk_longer_than_the_limit_is_kept_whole() {
     take(QByteArray(5000, 'a'));
     QCOMPARE(state().received_buff.size(), 5000);
-    // The limit is looked at when a chunk comes, an empty one included.
+    // The limit is checked with each chunk, even an empty one.
     take("");
     QCOMPARE(state().received_buff, "");
 }
@@ -253,7 +253,7 @@ void Test_Serial_Chunks::after_a_notice_the_buffer_is_emptied() {
     take("**C 2\n");
     QCOMPARE(state().received_buff, "");
     QVERIFY(!state().buff_clear_pending);
-    // The audio was still looked for in the text.
+    // The audio was still searched for in the text.
     QCOMPARE(bench->view.texts_of("audio"), QStringList{"**C 2\n"});
 }
 
@@ -264,7 +264,7 @@ void Test_Serial_Chunks::during_a_report_a_notice_keeps_the_buffer_and_its_wish(
     take("KM\n");
     QCOMPARE(state().received_buff, "**C 2\nKM\n");
     QVERIFY(state().buff_clear_pending);
-    // The first chunk after the report takes it along.
+    // The first chunk after the report removes it.
     state().report_in_progress = false;
     take("");
     QCOMPARE(state().received_buff, "");
@@ -284,7 +284,7 @@ void Test_Serial_Chunks::a_saved_layout_asks_for_the_layout_with_an_empty_buffer
     take(saved);
     QCOMPARE(state().received_buff, "");
     QVERIFY(state().layout_report_pending);
-    // Dealt with in the same run: the timer is on its way.
+    // Handled in the same run: the timer is running.
     QVERIFY(!state().layout_saved_pending);
     QCOMPARE(bench->line.received(), "//BP\r");
     const QStringList expected{"both:", "km:", "usb:", "show:" + QString(saved), "audio:"};

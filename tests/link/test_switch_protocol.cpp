@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-/// Every text that goes to the switch, and every text that is looked for in its answers.
+/// Every text that goes to the switch, and every text that is searched for in its answers.
 class Test_Switch_Protocol : public QObject {
     Q_OBJECT
 
@@ -100,13 +100,13 @@ void Test_Switch_Protocol::double_blanks_are_squeezed_only_in_the_file() {
 }
 
 void Test_Switch_Protocol::long_custom_entries_are_cut_at_their_buffers_end() {
-    // Buffers of 100 and of 50 bytes, of which one is kept for the end mark.
+    // Buffers of 100 and of 50 bytes, of which one is reserved for the terminator.
     const std::string name(200, 'N');
     const std::string submitted = switch_protocol::submitted_custom_setting("C1", "1", "2", name);
     QCOMPARE(submitted, ("//MM CC1 1 2 " + name).substr(0, 99));
     const std::string filed = switch_protocol::filed_custom_setting(1, "1", "2", name);
     QCOMPARE(filed, ("//MM C1 1 2 " + name).substr(0, 49));
-    // Cut first, squeezed then.
+    // First cut, then simplified.
     const std::string squeezed = switch_protocol::filed_custom_setting(1, "  1", "2", name);
     QCOMPARE(squeezed, ("//MM C1 1 2 " + name).substr(0, 47));
 }

@@ -22,7 +22,7 @@ public:
         clock.start();
     }
 
-    /// Each call of a timer: the slot's name and the milliseconds since this object was made.
+    /// Each call of a timer: the slot's name and the milliseconds since this object was created.
     QStringList calls;
     QElapsedTimer clock;
 
@@ -43,8 +43,8 @@ private:
     Switch_Session*& session;
 };
 
-/// The life of the link without a window: opening, ON, OFF, refresh and loss, and the orders in
-/// which the models differ.
+/// The link without a window: opening, ON, OFF, refresh and loss, and the sequences in which the
+/// models differ.
 class Test_Switch_Session : public QObject {
     Q_OBJECT
 
@@ -78,7 +78,7 @@ private slots:
     void the_end_closes_the_chosen_device_and_keeps_it();
 
 private:
-    /// What the tested model says, of records that not all models have.
+    /// The records of the tested model, of those that not all models have.
     [[nodiscard]] bool is(const char* name) const { return tested == name; }
     [[nodiscard]] QStringList said();
     [[nodiscard]] QByteArray questions() const {
@@ -306,7 +306,7 @@ void Test_Switch_Session::a_reset_is_waited_for_as_long_as_the_link_needs() {
     session->refresh_after_reset();
     QVERIFY(wait_until([this] { return !window->calls.isEmpty(); }));
     QCOMPARE(window->calls, QStringList{"refresh 2500"});
-    // A socket counts first, whatever was chosen.
+    // A socket takes precedence, whatever was chosen.
     transport().network_socket = std::make_unique<QUdpSocket>();
     window->calls.clear();
     window->clock.restart();

@@ -8,7 +8,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
-/// A port whose other end goes away while it is open: the tool shows nothing and rests.
+/// A port whose other end disappears while it is open: the tool shows nothing and uses no processor
+/// time.
 class Test_Vanished_Port : public QObject {
     Q_OBJECT
 
@@ -87,7 +88,7 @@ void Test_Vanished_Port::the_last_words_before_vanishing_are_still_read() {
 void Test_Vanished_Port::commands_to_a_vanished_end_are_dropped_in_silence() {
     Open_Line line;
     line.device.close();
-    // At once, while the port does not know yet, and when it does.
+    // At once, before the port has noticed, and when it has noticed.
     line.writer.writeCommand(std::string("//c3"));
     serve_events_for_a_while();
     line.writer.send_start_commands();
@@ -99,7 +100,7 @@ void Test_Vanished_Port::commands_to_a_vanished_end_are_dropped_in_silence() {
 
 void Test_Vanished_Port::vanishing_with_unsent_bytes_lets_it_rest_as_well() {
     Open_Line line;
-    // More than the line takes while nobody reads.
+    // More than the line can buffer while nobody reads.
     line.devices.write(QByteArray(1'000'000, 'x'));
     line.device.close();
     const int rounds = count_event_rounds(watched_ms);

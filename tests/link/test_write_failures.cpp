@@ -11,7 +11,7 @@
 
 #include <new>
 
-/// What the user and the log are told when a command can't be converted or written.
+/// What is shown and logged when a command can't be converted or written.
 class Test_Write_Failures : public QObject {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ private slots:
     void a_failed_layout_command_is_told_and_sends_nothing();
 
 private:
-    /// Expects the one box of a failure, and that the log has it before the box opens.
+    /// Expects the single box of a failure, and the log entry before the box opens.
     void expect_failure(const QString& text);
 
     std::unique_ptr<Log_Folder> folder;
@@ -40,7 +40,7 @@ namespace {
 
 constexpr std::size_t command_length = 1'000'000;
 
-/// An open port that runs out of memory, or only fails, at every write while it is told to.
+/// An open port whose writes run out of memory, or only fail, while this is switched on.
 class Faulty_Port : public QSerialPort {
 public:
     enum class Fault { none, throws, fails };
@@ -63,7 +63,7 @@ protected:
     }
 };
 
-/// Puts a faulty port in the place of the line's own.
+/// Replaces the line's own port by a faulty one.
 Faulty_Port& make_faulty(Open_Line& line) {
     auto port = std::make_unique<Faulty_Port>(line.port_name());
     Faulty_Port& faulty = *port;
@@ -153,7 +153,7 @@ void Test_Write_Failures::a_failed_hex_step_is_told_and_sends_nothing() {
         const Failing_Allocation no_memory(command_length);
         line.writer.writeCommand(command);
     }
-    // Not a byte of it has gone out, and no second message has come.
+    // Not a byte of it was sent, and no second message was shown.
     QCOMPARE(folder->entries(), QStringList{"Hex converting error"});
     line.writer.writeCommand(std::string("//c3"));
     QCOMPARE(line.received(), "//c3\r");
