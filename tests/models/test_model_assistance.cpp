@@ -14,7 +14,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-/// The windows and dialogs by keyboard alone, and what a screen reader hears of them. Those that
+/// The windows and dialogs by keyboard alone, and what a screen reader gets of them. Those that
 /// need an adapter are in test_wizard_keyboard.
 class Test_Model_Assistance : public QObject {
     Q_OBJECT
@@ -244,7 +244,7 @@ void Test_Model_Assistance::tiles_are_heard_as_channel_and_cell() {
     QCOMPARE(heard_cells(fixture->window(), "tableWidget"),
              (QStringList{"Channel 1, cell 1", "Channel 2, cell 2", "Channel 3, cell 3",
                           "Channel 4, cell 4"}));
-    // As a tile is dragged: the same tile in another cell.
+    // As after dragging a tile: the same tile in another cell.
     auto& table = find_child<QTableWidget>(fixture->window(), "tableWidget");
     const QSignalBlocker quiet(table);
     table.setItem(2, 1, table.takeItem(0, 3));
@@ -263,7 +263,7 @@ void Test_Model_Assistance::tab_leads_through_each_page_and_back() {
         QTest::keyClick(&button, Qt::Key_Space);
         fixture->button("pushButton_Connection_Indicator").setFocus();
         QStringList walk = tab_walk(fixture->window());
-        // The window itself takes the focus as well, and has nothing to press.
+        // The window itself takes the focus as well, but there is nothing to press.
         walk.removeAll(fixture->window().objectName());
         QCOMPARE(walk, menu_walk(model) + page_walk(model, page_button));
     }

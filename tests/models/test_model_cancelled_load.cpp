@@ -14,7 +14,7 @@ namespace {
 
 constexpr int second_part_wait = 2000;
 
-/// How many single shots of that length are on their way.
+/// How many single-shot timers of that length are running.
 int armed_second_parts() {
     const QAbstractEventDispatcher& dispatcher = *QAbstractEventDispatcher::instance();
     int count = 0;
@@ -26,12 +26,13 @@ int armed_second_parts() {
     return count;
 }
 
-/// How many were armed when the questions had been asked.
+/// How many were running when the questions had been sent.
 std::optional<int> armed_at_the_questions;
 
 } // namespace
 
-// The linker sends the calls of Command_Writer::send_start_commands() here (see CMakeLists.txt).
+// The linker redirects the calls of Command_Writer::send_start_commands() to here (see
+// CMakeLists.txt).
 void real_send(Command_Writer* writer) __asm__("__real__ZN14Command_Writer19send_start_commandsEv");
 void watched_send(Command_Writer* writer) __asm__(
     "__wrap__ZN14Command_Writer19send_start_commandsEv");
@@ -81,7 +82,7 @@ void Test_Model_Cancelled_Load::the_second_parts_timer_starts_behind_the_questio
     // The Lite starts none.
     QCOMPARE(armed_second_parts(), tested == Switch_Model::lite ? 0 : 1);
 
-    // The second part of no file does nothing.
+    // Without a file the second part does nothing.
     QVERIFY(fixture->wait_filled());
     QVERIFY(wait_until([] { return armed_second_parts() == 0; }));
     QByteArrayList questions = {"//rl", "//??", "//BP"};
@@ -90,7 +91,7 @@ void Test_Model_Cancelled_Load::the_second_parts_timer_starts_behind_the_questio
     }
     QCOMPARE(fixture->commands(), questions);
     QCOMPARE(robot->snapshots().constLast().class_name, "QFileDialog");
-    // What the user picks is sent.
+    // What the user chooses is sent.
     fixture->combo("comboBox_KM_Control").setCurrentIndex(2);
     QCOMPARE(fixture->commands(), QByteArrayList{"//c3"});
 }

@@ -7,7 +7,8 @@
 
 #include <functional>
 
-/// Each control of each window does what its name says: the windows bind them one by one.
+/// Each control of each window does what its name says: each window connects its controls one by
+/// one.
 class Test_Model_Controls : public QObject {
     Q_OBJECT
 
@@ -23,7 +24,7 @@ private slots:
     void either_parking_field_warns_when_it_is_left_with_another_number();
 
 private:
-    /// The Pro names the custom entry's widgets with a "_2" behind.
+    /// The Pro's names of the custom entry's widgets end with "_2".
     [[nodiscard]] QString custom(const QString& name) const {
         return fixture->window().findChild<QWidget*>(name) != nullptr ? name : name + "_2";
     }

@@ -19,9 +19,9 @@ bool closing_fails = false;
 
 } // namespace
 
-// The linker sends the calls of QSerialPort::setFlowControl(), the last thing before a port is
-// opened, and of Link_Transport::close_port() here (see CMakeLists.txt): they can fail on demand,
-// which no outside input can cause.
+// The linker redirects the calls of QSerialPort::setFlowControl(), the last one before a port is
+// opened, and of Link_Transport::close_port() to here (see CMakeLists.txt): they can fail on
+// demand, which no input can cause.
 bool real_set_flow_control(QSerialPort* port, QSerialPort::FlowControl control) __asm__(
     "__real__ZN11QSerialPort14setFlowControlENS_11FlowControlE");
 bool failing_set_flow_control(QSerialPort* port, QSerialPort::FlowControl control) __asm__(
@@ -66,7 +66,7 @@ private slots:
 private:
     /// Opens the window on its switch, with the log open, and a second line in the list.
     [[nodiscard]] bool open();
-    /// Expects the one box of a failure, and that the log has it before the box opens.
+    /// Expects the single box of a failure, and the log entry before the box opens.
     void expect_failure(const QString& text);
     /// ON after OFF, or the choice of the second port.
     void add_ways_to_open();
@@ -167,7 +167,7 @@ void Test_Model_Link_Failures::an_exception_while_a_port_is_opened_is_logged_and
     QVERIFY(wait_until([&] { return device.received_commands().contains("//BP"); }));
     QVERIFY(!fixture->device.received_commands().contains("//c3"));
     QVERIFY(!second->received_commands().contains("//c3"));
-    // What ON opens works, and nothing more is told.
+    // The port that ON opens works, and there is no further message.
     fixture->combo("comboBox_KM_Control").setCurrentIndex(3);
     QVERIFY(wait_until([&] { return device.received_commands().contains("//c4"); }));
     QCOMPARE(folder->entries().size(), 1);
@@ -183,7 +183,7 @@ void Test_Model_Link_Failures::an_exception_while_the_first_port_is_opened_is_lo
     if (tested == Switch_Model::lite) {
         expect_boxes();
     } else {
-        // Behind the wizard's dialog, which the fixture expects on its own.
+        // After the wizard's dialog, which the fixture itself expects.
         QTimer::singleShot(0, this, expect_boxes);
     }
     fixture->open();
@@ -213,7 +213,7 @@ void Test_Model_Link_Failures::a_port_that_does_not_open_is_neither_logged_nor_s
     fixture->combo("comboBox_KM_Control").setCurrentIndex(2);
     QCOMPARE(folder->entries(), QStringList());
     QCOMPARE(robot->snapshots().size(), boxes);
-    // ON leaves the indicator to the switch's answer; another port takes it down at once.
+    // ON leaves the indicator to the switch's answer; another port turns it red at once.
     QCOMPARE(fixture->button("pushButton_Connection_Indicator").styleSheet(),
              indicator_style(way == "ON" ? "green" : "red"));
     QCOMPARE(fixture->device.received_commands(), QByteArrayList());
@@ -248,7 +248,7 @@ void Test_Model_Link_Failures::a_port_that_off_can_not_close_is_told_of_on_plus_
     QCOMPARE(logged_before_box, entries);
     QCOMPARE(folder->entries(), entries);
     QCOMPARE(robot->snapshots().size(), boxes + (told ? 1 : 0));
-    // OFF it is all the same, and what the user does is not sent.
+    // The link is OFF nevertheless, and what the user does is not sent.
     QCOMPARE(fixture->button("pushButton_Connection_Indicator").styleSheet(),
              indicator_style("red"));
     QVERIFY(fixture->button("pushButton_ON_Connection").isEnabled());
@@ -271,7 +271,7 @@ void Test_Model_Link_Failures::off_without_a_port_is_neither_logged_nor_shown() 
     }
     QCOMPARE(folder->entries(), QStringList());
     QCOMPARE(robot->snapshots().size(), boxes);
-    // The count of open ports is none below zero: one ON is enough.
+    // The count of open ports is not below zero: one ON is enough.
     fixture->button("pushButton_ON_Connection").click();
     QVERIFY(fixture->wait_connected());
     fixture->combo("comboBox_KM_Control").setCurrentIndex(2);

@@ -126,7 +126,7 @@ void Test_Model_Links::off_after_a_refresh_disables_the_controls_on_plus_and_pro
     fixture->device.set_faults(silence);
     QVERIFY(fixture->run_slot("refresh_UI"));
     fixture->button("pushButton_OFF_Connection").click();
-    // The connected mark is down since the refresh, so OFF leaves the green side as it is.
+    // The connected flag is cleared since the refresh, so OFF leaves the green side as it is.
     QVERIFY(fixture->is_connected());
     QCOMPARE(fixture->combo("comboBox_KM_Control").isEnabled(), !row().controls_fall_with_device);
 }

@@ -10,8 +10,7 @@
 #include <QTableWidget>
 #include <QTest>
 
-/// The rows of the model table that concern reading what the switch says, each on all three
-/// windows.
+/// The rows of the model table that concern reading the switch's texts, each on all three windows.
 class Test_Model_Readers : public QObject {
     Q_OBJECT
 

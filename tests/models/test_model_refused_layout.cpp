@@ -26,9 +26,9 @@ private slots:
 private:
     [[nodiscard]] QString path() const { return folder.filePath("unit.txt"); }
     /// Loads a file with a limit and channel 3 below the grid, up to its last box, while the unit
-    /// says nothing.
+    /// does not answer.
     [[nodiscard]] bool load_refused(const QByteArray& limit_command);
-    /// The layout line of a file saved now.
+    /// The layout line of a settings file saved now.
     QByteArray saved_layout();
 
     QTemporaryDir folder;
@@ -81,7 +81,7 @@ bool Test_Model_Refused_Layout::load_refused(const QByteArray& limit_command) {
         return false;
     }
     file.close();
-    // An answer to the layout command would have the layout read back.
+    // An answer to the layout command would make the tool read the layout back.
     Fault_Plan silence;
     silence.silence = true;
     fixture->device.set_faults(silence);

@@ -18,8 +18,8 @@ bool reading_the_grid_fails = false;
 
 } // namespace
 
-// The linker sends the calls of QTableWidget::item() here (see CMakeLists.txt): the scan of the
-// grid can fail on demand, which no outside input can cause.
+// The linker redirects the calls of QTableWidget::item() to here (see CMakeLists.txt): the scan of
+// the grid can fail on demand, which no input can cause.
 QTableWidgetItem* real_item(const QTableWidget* table, int row,
                             int column) __asm__("__real__ZNK12QTableWidget4itemEii");
 QTableWidgetItem* failing_item(const QTableWidget* table, int row,
@@ -32,9 +32,9 @@ QTableWidgetItem* failing_item(const QTableWidget* table, int row, int column) {
     return real_item(table, row, column);
 }
 
-/// What fails while a switch's words or the grid are read: which text is logged, shown or neither,
-/// and what can be done behind it, on all three windows. A Lite's log is closed; here it is opened
-/// for it, to see what the common code writes.
+/// Failures while a switch's texts or the grid are read: which text is logged, shown or neither,
+/// and what works afterwards, on all three windows. A Lite's log is closed; here it is opened for
+/// it, to see what the common code writes.
 class Test_Model_Report_Failures : public QObject {
     Q_OBJECT
 
@@ -101,7 +101,7 @@ void Test_Model_Report_Failures::a_report_that_lacks_a_key_is_logged_then_shown_
                    .buttons = QStringList{"OK"},
                    .action = [&](QWidget& box) {
                        logged_before_box = folder->entries();
-                       // A change counts as the program's own until the box is answered.
+                       // A change counts as made by the program until the box is answered.
                        fixture->combo("comboBox_USB_Control").setCurrentIndex(3);
                        sent_beside_box = fixture->commands();
                        return press_button("OK")(box);
@@ -111,7 +111,7 @@ void Test_Model_Report_Failures::a_report_that_lacks_a_key_is_logged_then_shown_
     QVERIFY(wait_until([this] { return robot->done(); }));
     QCOMPARE(logged_before_box, QStringList{failure});
     QCOMPARE(sent_beside_box, QByteArrayList());
-    // The lock-out of 1700 ms is not over, and the next click asks all the same.
+    // The lock-out of 1700 ms is not over, but the next click sends the questions nevertheless.
     fixture->device.set_faults({});
     QVERIFY(fixture->run_slot("on_pushButton_Refresh_clicked"));
     QCOMPARE(fixture->commands(), questions());
@@ -174,7 +174,7 @@ void Test_Model_Report_Failures::a_grid_that_can_not_be_read_is_logged_and_put_b
     QCOMPARE(folder->entries(), QStringList({"no tile to be had", "Topology setting error"}));
     QCOMPARE(table.picture(), "1234/..../..../....");
     QCOMPARE(robot->snapshots().size(), boxes);
-    // The next drop is taken.
+    // The next drop is accepted.
     tile = table.widget.takeItem(0, 3);
     table.widget.setItem(1, 3, tile);
     QCOMPARE(table.picture(), "123./...4/..../....");

@@ -74,7 +74,7 @@ void Test_Model_Settings::a_pro_file_sends_its_audio_command_on_the_pro_only() {
     fixture->device.clear_record();
     QVERIFY(load());
     QByteArrayList sent = fixture->commands();
-    sent.removeAll("//BP"); // the unit's word on the layout is asked for in between
+    sent.removeAll("//BP"); // sent in between to read the layout back
     QCOMPARE(sent.contains("//a 1 3"), is_pro());
     QVERIFY(!sent.contains("13"));
     QVERIFY(!sent.contains(""));
@@ -107,7 +107,7 @@ void Test_Model_Settings::
     write_file(documented_lines);
     robot->expect({.class_name = "QFileDialog", .action = press_key(Qt::Key_Escape)});
     fixture->button("pushButton_Load_Settings_File").click();
-    // The cancelled load's timer is running on Plus and Pro; it finds this file's first part.
+    // The cancelled load's timer is running on Plus and Pro; it meets this file's first part.
     QTest::qWait(1000);
     robot->expect({.class_name = "QFileDialog", .action = choose_file(path())});
     const int boxes = !is_lite() ? 2 : 1;

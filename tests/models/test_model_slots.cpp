@@ -11,9 +11,8 @@
 
 #include <algorithm>
 
-/// Which slots each main window has, and which it has not, against slots.txt: forms and timers find
-/// them by name only, and one that is missing is missed by nobody else before its button is
-/// pressed.
+/// Compares the slots of each main window with slots.txt: forms and timers find them by name only,
+/// so a missing slot would not be noticed before its button is pressed.
 class Test_Model_Slots : public QObject {
     Q_OBJECT
 
@@ -84,7 +83,7 @@ void Test_Model_Slots::each_window_has_exactly_its_slots() {
         }
     }
     QCOMPARE(slots_of(*window), sorted(expected));
-    // Nothing between them and Qt's own window that could bring further slots along.
+    // No class between them and Qt's own window could add further slots.
     QCOMPARE(window->superClass(), &QMainWindow::staticMetaObject);
 }
 

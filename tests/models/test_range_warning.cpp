@@ -58,7 +58,7 @@ Modal_Expectation range_warning(const Modal_Action& action = press_button("OK"))
             .action = action};
 }
 
-/// Lets everything come that is on its way.
+/// Waits for everything that is pending.
 void settle() {
     for (int round = 0; round < 50; ++round) {
         QTest::qWait(1);
@@ -78,8 +78,7 @@ void Test_Range_Warning::open_with_500_typed(Switch_Model model, const QString& 
     robot = std::make_unique<Modal_Robot>();
     fixture = make_model_fixture(model, *robot);
     QVERIFY(fixture->open_filled());
-    // Asked more than once: the window manager lets a request pass while it is busy with the
-    // window.
+    // Repeated, because the window manager ignores a request while it is busy with the window.
     const QStringList activate = {"windowactivate", QString::number(fixture->window().winId())};
     QVERIFY(wait_until(
         [&] { return fixture->window().isActiveWindow() || (x11_input(activate), false); },
@@ -183,7 +182,7 @@ void Test_Range_Warning::tab_and_return_open_the_box_at_once() {
         QTest::keyClicks(&field, "0");
         robot->expect(range_warning());
         QTest::keyClick(&field, key);
-        // The key's own event waited in the box.
+        // The key's own event was waiting while the box was open.
         QVERIFY2(robot->done(), robot->why());
     }
     QVERIFY(!field.hasFocus());

@@ -14,7 +14,7 @@
 using namespace std::chrono_literals;
 
 /// The length of each wait of a window on its serial line, on all three models. Measured in virtual
-/// time, so that the bounds are narrow whatever the machine does.
+/// time, so that the bounds are narrow however busy the machine is.
 class Test_Stated_Waits : public QObject {
     Q_OBJECT
 
@@ -35,7 +35,8 @@ private slots:
 private:
     void click_load(const Modal_Action& in_file_dialog);
     void load_file();
-    /// When the second part sends its first line. So many boxes come at the ends of second parts.
+    /// When the second part sends its first line. That many boxes are shown at the ends of second
+    /// parts.
     [[nodiscard]] std::chrono::nanoseconds start_of_second_part(int boxes = 1);
 
     std::unique_ptr<Window_Fixture> fixture;
@@ -130,7 +131,7 @@ std::chrono::nanoseconds Test_Stated_Waits::start_of_second_part(int boxes) {
         robot->expect({.class_name = "QMessageBox", .text = "Settings file applied"});
     }
     std::chrono::nanoseconds start{0};
-    // Its box comes at once, and keeps whoever waits here a little longer.
+    // Its box is shown at once, and delays the wait here a little.
     connect(&fixture->device, &Simulated_Switch::command_received, &fixture->window(),
             [&start](const QByteArray& command) {
                 if (command == "//u3" && start == 0ns) {

@@ -14,7 +14,7 @@
 #include <functional>
 #include <map>
 
-/// Brings a Plus or Pro window to one of the ends of its process and prints what it met on the way.
+/// Brings a Plus or Pro window to one of the ends of its process and prints what happened before.
 /// What follows an end is never printed.
 ///
 ///     network_end_child plus|pro <scenario>
@@ -118,7 +118,7 @@ public:
         at.robot.expect({.class_name = "IP_Settings_Dialog",
                          .action = in_order({press_object("radioButton_Static"),
                                              press_object("pushButton_Apply_IP")})});
-        // Its settings can't be read any more, and the change counts as done all the same.
+        // Its settings can't be read any more, but the change counts as done.
         expect_warning(at.robot, "Get static IP error");
         expect_warning(at.robot, "Get subnet mask error");
         expect_warning(at.robot, "Get gateway error");
@@ -158,7 +158,7 @@ public:
         wait_for_end();
     }
 
-    /// What the robot has to complain about.
+    /// The failures that the robot has recorded.
     QString failures() const { return at.robot.failures().join('\n'); }
 
 private:
@@ -178,7 +178,7 @@ private:
         at.button("pushButton_ON_Connection").click();
     }
 
-    /// The next box is the last thing to be met.
+    /// The next box is the last one.
     void expect_end() {
         at.robot.expect(
             {.class_name = "QMessageBox", .object_name = QString(), .action = [this](QWidget& box) {

@@ -10,8 +10,8 @@
 
 #include <memory>
 
-/// What every test of the network link begins and ends with: each of its functions runs with a
-/// fresh fixture, on the Plus and on the Pro.
+/// Base class of the tests of the network link: each test function runs with a new fixture, on the
+/// Plus and on the Pro.
 class Network_Test : public QObject {
     Q_OBJECT
 

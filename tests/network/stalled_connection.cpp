@@ -9,7 +9,7 @@
 #include <sys/socket.h>
 #include <utility>
 
-// The linker gives these names to Qt's own and to what stands in its place.
+// The linker gives these names to Qt's own function and to its replacement.
 void connect_really(
     QAbstractSocket* socket, const QHostAddress& address, quint16 port,
     QIODevice::OpenMode mode) __asm__("__real__"
@@ -25,7 +25,7 @@ namespace {
 
 bool next_stalls = false;
 
-/// A descriptor that is being connected for ever: nobody takes a call from a full queue.
+/// A descriptor whose connection stays pending for ever: nobody accepts from a full queue.
 int descriptor_on_its_way() {
     const int busy = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in address{};

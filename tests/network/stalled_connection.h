@@ -2,11 +2,11 @@
 
 #pragma once
 
-/// A program that is linked with this file, and with the wrapping option in CMakeLists.txt, can
-/// have a UDP socket that neither connects nor fails, which no network causes.
+/// A program linked with this file and with the wrapping option in CMakeLists.txt can have a UDP
+/// socket that neither connects nor fails, which no network causes.
 namespace stalled_connection {
 
-/// The coming QAbstractSocket::connectToHost() for an address stays on its way for ever.
+/// The next QAbstractSocket::connectToHost() to an address stays pending for ever.
 void stall_next();
 
 } // namespace stalled_connection

@@ -4,7 +4,7 @@
 #include "tests/support/wait_until.h"
 #include "tests/usr/expect_box.h"
 
-/// The adapter's admin settings, from the main window's button on.
+/// The adapter's admin settings, opened by the main window's button.
 class Test_Admin_Settings : public Network_Test {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ private:
                     {type_into("lineEdit_Name", name), type_into("lineEdit_Username", username),
                      type_into("lineEdit_Password", password), press_object("pushButton_Apply")})};
     }
-    /// Changes the settings and waits until the adapter has taken them into use.
+    /// Changes the settings and waits until the adapter uses them.
     bool change(const QString& name, const QString& username = {}, const QString& password = {}) {
         const QString taken_into_use =
             "127.0.0.2: apply, restarts as " + at->adapter.unit().state().address.toString();
@@ -111,7 +111,7 @@ void Test_Admin_Settings::the_next_opening_works_with_the_new_credentials() {
     QCOMPARE(state().username, QByteArray("owner"));
     QCOMPARE(state().password, QByteArray("house"));
     QCOMPARE(shown_name(), QString("  Name: OSTREL"));
-    // The adapter takes this only from somebody who knows the new ones.
+    // The adapter accepts this only with the new user name and password.
     QVERIFY(change("ATTIC"));
     QCOMPARE(state().name, QByteArray("ATTIC"));
     QCOMPARE(state().username, QByteArray("owner"));

@@ -15,8 +15,8 @@ bool closing_ports_fails = false;
 
 } // namespace
 
-// The linker sends the calls of Link_Transport::close_socket() and close_port() here (see
-// CMakeLists.txt): they can fail on demand, which no outside input can cause.
+// The linker redirects the calls of Link_Transport::close_socket() and close_port() to here (see
+// CMakeLists.txt): they can fail on demand, which no input can cause.
 void real_close_socket(Link_Transport* devices) __asm__(
     "__real__ZN14Link_Transport12close_socketEv");
 void failing_close_socket(Link_Transport* devices) __asm__(
@@ -25,7 +25,7 @@ void real_close_port(Link_Transport* devices) __asm__("__real__ZN14Link_Transpor
 void failing_close_port(Link_Transport* devices) __asm__(
     "__wrap__ZN14Link_Transport10close_portEv");
 
-// The socket itself fails, in the midst of its closing.
+// The socket itself fails while it closes.
 void failing_close_socket(Link_Transport* devices) {
     if (closing_sockets_fails && devices->network_socket) {
         QObject::connect(devices->network_socket.get(), &QIODevice::aboutToClose, [] {
@@ -44,7 +44,7 @@ void failing_close_port(Link_Transport* devices) {
     real_close_port(devices);
 }
 
-/// Failures of the links themselves: each is shown, stands in the event log, and ends there.
+/// Failures of the links themselves: each is shown, written to the event log, and goes no further.
 class Test_Network_Failures : public Network_Test {
     Q_OBJECT
 
@@ -67,7 +67,7 @@ void Test_Network_Failures::a_failed_connecting_leaves_the_link_unchanged() {
     QVERIFY2(at->robot.done(), at->robot.why());
     QCOMPARE(folder.entries(), QStringList("Connection to socket error"));
     QCOMPARE(Network_Fixture::socket_count(), 1);
-    // The questions that follow go out on the link in force.
+    // The questions that follow are sent on the current link.
     QCOMPARE(at->take_commands(at->start_commands().size()), at->start_commands());
     QVERIFY(at->wait_filled());
     QVERIFY(at->is_connected());
@@ -87,7 +87,7 @@ void Test_Network_Failures::a_socket_that_cannot_be_closed_is_kept() {
     QVERIFY(!at->is_connected());
     QVERIFY(!at->combo("comboBox_KM_Control").isEnabled());
     QVERIFY(at->button("pushButton_ON_Connection").isEnabled());
-    // Its count is down: commands are dropped, but for the layout, which passes the guard.
+    // Its count is 0: commands are dropped, except the layout, which is written past the guard.
     at->silence_switch();
     at->combo("comboBox_KM_Control").setCurrentIndex(2);
     QVERIFY(at->run_slot("on_pushButton_Soft_Reset_clicked"));

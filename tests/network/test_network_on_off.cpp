@@ -52,7 +52,7 @@ void Test_Network_On_Off::off_closes_the_socket_and_drops_what_is_written() {
 
 void Test_Network_On_Off::off_before_the_first_answer_closes_the_socket() {
     QVERIFY(at->open_silent());
-    // The button is disabled while the indicator is red, but the slot stands.
+    // The button is disabled while the indicator is red, but its slot still works.
     QVERIFY(at->run_slot("on_pushButton_OFF_Connection_clicked"));
     QCOMPARE(Network_Fixture::socket_count(), 0);
     QVERIFY(!at->is_connected());
@@ -190,7 +190,7 @@ void Test_Network_On_Off::with_the_network_chosen_and_a_port_standing_all_writes
     QVERIFY(at->device.received_bytes().isEmpty());
     QCOMPARE(at->taken, QByteArrayList());
     QCOMPARE(watch.events(), QStringList());
-    // What the switch says still comes in.
+    // What the switch sends is still received.
     at->device.press_hotkey(4);
     QVERIFY(wait_until([&] { return at->combo("comboBox_KM_Control").currentIndex() + 1 == 4; }));
 }

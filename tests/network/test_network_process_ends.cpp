@@ -8,7 +8,7 @@
 #include <QRegularExpression>
 #include <QTest>
 
-/// The ends of the process that Plus and Pro bring about themselves, seen from outside.
+/// The deliberate ends of the process of Plus and Pro, watched from outside.
 class Test_Network_Process_Ends : public QObject {
     Q_OBJECT
 
@@ -95,7 +95,7 @@ void Test_Network_Process_Ends::the_process_ends_with_status_1_after_its_box() {
     QVERIFY2(end.in_order, qPrintable(end.errors));
     QCOMPARE(end.lines, lines);
     QCOMPARE(end.status, 1);
-    // No window is destroyed on this way out.
+    // No window is destroyed at this end.
     QCOMPARE(folder.entries(), log_entries);
     QVERIFY(folder.text().startsWith("Start.........\n"));
     QVERIFY(!folder.text().contains("Stop"));
@@ -140,7 +140,7 @@ void Test_Network_Process_Ends::the_box_comes_after_its_wait() {
     const QRegularExpressionMatch after =
         QRegularExpression(R"(\Aafter (\d+)\z)").match(end.lines.last());
     QVERIFY2(after.hasMatch(), qPrintable(end.lines.last()));
-    // In virtual time, in which the box is looked for every few milliseconds.
+    // In virtual time, in which the robot looks for the box every few milliseconds.
     constexpr int looks = 15;
     QVERIFY2(after.captured(1).toInt() >= wait, qPrintable(end.lines.last()));
     QVERIFY2(after.captured(1).toInt() <= wait + looks, qPrintable(end.lines.last()));

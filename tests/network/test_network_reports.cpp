@@ -8,7 +8,7 @@
 
 #include <QCheckBox>
 
-/// What the windows make of the chunks that come in on the network link.
+/// How the windows handle the chunks that arrive on the network link.
 class Test_Network_Reports : public Network_Test {
     Q_OBJECT
 
@@ -38,7 +38,7 @@ private slots:
     void a_silent_switch_leaves_the_window_open_and_red();
 
 private:
-    /// Sends a chunk and waits until the terminal shows it behind what it had.
+    /// Sends a chunk and waits until the terminal shows it after its earlier text.
     bool say(const QByteArray& chunk) {
         const QString shown = at->terminal_text() + QString::fromUtf8(chunk);
         at->adapter.send_from_switch(chunk);
@@ -67,7 +67,7 @@ void Test_Network_Reports::a_report_in_one_chunk_is_applied_at_once() {
     QVERIFY(at->open_silent());
     at->unit.set_state(used_unit());
     at->adapter.send_from_switch(at->report());
-    // The slot that turns the indicator green has also filled the pages: nothing waits.
+    // The slot that turns the indicator green has also filled the pages, without a wait.
     QVERIFY(at->wait_connected());
     QVERIFY(at->is_filled());
     QCOMPARE(km_channel(), 3);
@@ -100,7 +100,7 @@ void Test_Network_Reports::a_split_report_is_an_error_and_its_rest_is_only_shown
     QCOMPARE(at->terminal_text(), QString::fromUtf8(report));
     QVERIFY(!at->is_filled());
     QCOMPARE(at->layout_positions(), QList<int>({1, 2, 3, 4}));
-    // The window goes on: a change is sent.
+    // The window still works: a change is sent.
     QVERIFY(at->change_reaches_adapter());
 }
 
@@ -136,7 +136,7 @@ void Test_Network_Reports::what_is_pending_together_is_one_chunk() {
     QVERIFY(at->open_silent());
     at->unit.set_state(used_unit());
     const QByteArray report = at->report();
-    // Both are there before the window looks.
+    // Both have arrived before the window reads.
     at->adapter.send_from_switch(report.first(report.indexOf("C1\t")));
     at->adapter.send_from_switch(report.sliced(report.indexOf("C1\t")));
     QVERIFY(at->wait_filled());
@@ -153,7 +153,7 @@ void Test_Network_Reports::a_chunk_of_the_longest_datagram_comes_whole() {
     while (padding.size() < longest) {
         padding += "line at " + QByteArray::number(padding.size()) + '\n';
     }
-    // The keys that are looked for last stand at the very end.
+    // The keys that are searched for last are at the very end.
     const QByteArray datagram = padding.first(longest - report.size() - 1) + '\n' + report;
     QCOMPARE(datagram.size(), longest);
     at->adapter.send_from_switch(datagram);
@@ -327,7 +327,7 @@ void Test_Network_Reports::a_confirmed_layout_is_read_from_the_next_chunk_whatev
     QCOMPARE(at->layout_positions(), QList<int>({1, 2, 3, 4}));
     QVERIFY(say("//FF01B09FF02B10FF03B11FF04B12\n"));
     QCOMPARE(at->layout_positions(), QList<int>({9, 10, 11, 12}));
-    // That was one chunk only, and the layout only.
+    // This affected one chunk only, and the layout only.
     QVERIFY(say("//FF01B01FF02B02FF03B03FF04B04\n"));
     QCOMPARE(at->layout_positions(), QList<int>({9, 10, 11, 12}));
     QCOMPARE(at->label("label_Current_Hotkey_Trigger_Data").text(), QString("Left Ctrl"));

@@ -3,8 +3,8 @@
 #include "tests/network/network_test.h"
 #include "tests/windows/device_watch.h"
 
-/// The window is deleted in each state it can be in. What is left behind would show in cleanup(),
-/// and under the address sanitizer.
+/// The window is deleted in each of its states. Leftovers would show in cleanup(), and under
+/// AddressSanitizer.
 class Test_Network_Window_Ends : public Network_Test {
     Q_OBJECT
 
@@ -62,7 +62,7 @@ void Test_Network_Window_Ends::while_the_first_answer_is_awaited() {
 void Test_Network_Window_Ends::while_an_answer_is_on_its_way() {
     at->expect_network_path();
     at->open();
-    // Neither the switch nor the window has been served yet.
+    // Neither the switch nor the window has processed events yet.
     at->close();
     QCOMPARE(at->take_commands(at->start_commands().size()), at->start_commands());
     QCOMPARE(Network_Fixture::socket_count(), 0);
@@ -89,7 +89,7 @@ void Test_Network_Window_Ends::within_the_seven_seconds_after_on() {
     QVERIFY(at->open_silent());
     at->button("pushButton_ON_Connection").click();
     at->close();
-    // A timer that had outlived the window would end this process.
+    // A timer that outlives the window would end this process.
     Network_Fixture::settle(longer_than_after_on);
 }
 

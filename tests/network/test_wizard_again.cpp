@@ -5,7 +5,7 @@
 #include "tests/support/wait_until.h"
 #include "tests/windows/device_watch.h"
 
-/// The connection wizard while a link is in force.
+/// The connection wizard while a link is open.
 class Test_Wizard_Again : public Network_Test {
     Q_OBJECT
 
@@ -198,7 +198,7 @@ void Test_Wizard_Again::filling_the_port_list_opens_the_port_and_lets_changes_th
         [this] { return at->device.received_commands().endsWith(at->start_commands().last()); }));
     QVERIFY(at->change_reaches_serial_line());
 
-    // This time the list's emptying is a choice as well.
+    // This time emptying the list counts as a choice as well.
     at->robot.expect(choose_serial());
     at->run_wizard();
     QCOMPARE(watch.events(), QStringList({"close", "open", "close", "open"}));

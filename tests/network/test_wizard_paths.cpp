@@ -8,7 +8,7 @@
 
 #include <QRadioButton>
 
-/// The connection wizard while the window is being made, from each dialog to the next.
+/// The connection wizard during the window's construction, from each dialog to the next.
 class Test_Wizard_Paths : public Network_Test {
     Q_OBJECT
 
@@ -290,7 +290,7 @@ void Test_Wizard_Paths::the_method_dialog_keeps_its_choice() {
                       .action = in_order({check_chosen("radioButton_RS232"),
                                           press_object("radioButton_TCP_IP"), close_by_frame()})});
     at->run_wizard();
-    // Also one that no Continue has confirmed.
+    // Also a choice that was not confirmed with Continue.
     at->robot.expect({.class_name = "Select_connection_method_Dialog",
                       .action = in_order({check_chosen("radioButton_TCP_IP"), close_by_frame()})});
     at->run_wizard();

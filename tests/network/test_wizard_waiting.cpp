@@ -9,8 +9,8 @@
 #include <QCursor>
 #include <QWindow>
 
-/// What a person sees while the wizard's adapter code blocks the program: the wait cursor, and the
-/// dialog that led there.
+/// What is visible while the wizard's adapter code blocks the program: the wait cursor, and the
+/// dialog that started it.
 class Test_Wizard_Waiting : public Network_Test {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ private slots:
     void no_box_or_dialog_has_the_wait_cursor();
 
 private:
-    /// Notes what is on the screen at each blocking wait from now on.
+    /// Records what is on the screen at each blocking wait from now on.
     void watch_waits();
 
     QStringList windows_at_waits;
@@ -36,8 +36,7 @@ QString cursor_shown() {
     return cursor == nullptr ? "usual" : cursor->shape() == Qt::WaitCursor ? "wait" : "another";
 }
 
-/// The windows that the window system has been told to show, whether or not their widgets count as
-/// hidden.
+/// The windows that the window system shows, whether or not Qt counts their widgets as hidden.
 QString windows_on_screen() {
     QStringList names;
     for (const QWindow* window : QGuiApplication::topLevelWindows()) {

@@ -15,7 +15,7 @@ constexpr int all_attempts = 100;
 const QStringList unread_settings = {"Get static IP error", "Get subnet mask error",
                                      "Get gateway error"};
 
-/// Reads the names out of the list of the dialog; three spaces precede each.
+/// Reads the names from the list of the dialog; three spaces precede each.
 Modal_Action read_names(QStringList& names) {
     return [&names](QWidget& dialog) {
         const auto& list = find_child<QComboBox>(dialog, "comboBox");
@@ -143,8 +143,8 @@ void set_up_as_told(Network_Fixture& at, const Adapter_Fault_Case& fault) {
     at.adapter.set_split(options->split_bytes);
     at.adapter.set_delay(options->delay);
     if (options->delay.count() > 0) {
-        // The tool's thread is the adapter's: its timer runs while the tool sleeps, which is 500 ms
-        // each time.
+        // The tool and the adapter share a thread: the adapter's timer runs while the tool sleeps,
+        // 500 ms each time.
         fake_waiting::while_blocked([&at] {
             at.network.catch_up();
             virtual_time::leap(std::chrono::milliseconds(500));

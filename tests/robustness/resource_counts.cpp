@@ -16,7 +16,8 @@
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
-// Qt calls what stands here with each QObject that comes and goes; made for debuggers and the like.
+// Qt calls the functions set here for each QObject created or destroyed; they are meant for
+// debuggers.
 extern "C" Q_DECL_IMPORT quintptr qtHookData[];
 
 namespace {
@@ -31,7 +32,7 @@ void count_out(QObject*) { --living_objects; }
 
 qint64 used_heap() {
 #ifdef HALVERN_ADDRESS_SANITIZER
-    // The sanitizer's allocator stands in the place of the C library's, whose figures are empty.
+    // The sanitizer's allocator replaces the C library's, whose figures are then empty.
     return static_cast<qint64>(__sanitizer_get_current_allocated_bytes());
 #else
     const struct mallinfo2 info = mallinfo2();

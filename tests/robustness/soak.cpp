@@ -14,14 +14,14 @@
 
 namespace {
 
-// What a line of the terminal may take while it is shown: its characters, and Qt's block and layout
-// of it. Qt 6.4 takes some 730 bytes, Qt 6.11 up to 2,720.
+// The memory that a line of the terminal may use while it is shown: its characters, and Qt's block
+// and layout of it. Qt 6.4 takes some 730 bytes, Qt 6.11 up to 2,720.
 constexpr qint64 max_bytes_per_line = 4096;
 
-// The allocators' own rounding; below what one leaked object in each of 200 steps would take.
+// The allocators' rounding; less than one leaked object in each of 200 steps would use.
 constexpr qint64 allowance = 64 * 1024;
 
-/// Else there is nothing that could be seen to grow.
+/// The counters must work, or no growth could be detected.
 void demand_counted(const Resource_Counts& resource_counts) {
     QCOMPARE_GT(resource_counts.objects, 0);
     QCOMPARE_GT(resource_counts.heap, 0);
@@ -72,7 +72,7 @@ void Soak::come_to_rest() {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-    // Qt keeps icons that it has drawn, up to 10 MB, whoever they were drawn for.
+    // Qt caches icons that it has drawn, up to 10 MB.
     QPixmapCache::clear();
     forget();
 }

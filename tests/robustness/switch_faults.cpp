@@ -32,8 +32,8 @@ const Unit_Snapshot no_resolutions = {{"resolution 1", as_at_start}, {"resolutio
                                       {"resolution 3", as_at_start}, {"resolution 4", as_at_start},
                                       {"buzzer", as_at_start},       {"layout", as_at_start}};
 
-/// The report ends before the custom entry of this number: the names before it are in the lists,
-/// and the labels, which are written when all names are, keep their text.
+/// The report ends before the custom entry of this number: the names before it are in the lists;
+/// the labels, which are written after all names, keep their text.
 Unit_Snapshot no_entries_from(int number) {
     Unit_Snapshot snapshot = no_resolutions;
     for (int entry = 1; entry <= 4; ++entry) {
@@ -85,7 +85,7 @@ Switch_Fault_Case missing(const QString& key, const Outcome& outcome) {
     return same_on_both_paths("missing", key, outcome);
 }
 
-/// The names that stand in the lists under their fixed place.
+/// The names that are at their fixed place in the lists.
 QStringList names_in(const Unit_Snapshot& snapshot) {
     QStringList names;
     for (int number = 1; number <= 4; ++number) {
@@ -265,7 +265,7 @@ void add_row(Switch_Model model, const QString& name, int number) {
     QTest::addRow("%s, %s", qPrintable(model_name(model)), qPrintable(name)) << model << number;
 }
 
-/// The case of a line that is left out; -1 if there is none.
+/// The index of the case of a line that is left out; -1 if there is none.
 int case_of_line(const QByteArray& line) {
     const auto& cases = switch_fault_cases();
     const auto found = std::find_if(cases.begin(), cases.end(), [&](const Switch_Fault_Case& one) {

@@ -11,16 +11,16 @@
 #include <utility>
 #include <vector>
 
-/// What becomes of a window on one path when the unit at its end has a fault.
+/// What a window shows on one path when its unit has a fault.
 struct Outcome {
     /// The behaviour in the words of docs/faults.md.
     QString words;
-    /// What is shown otherwise than the unit has it. The text `as_at_start` stands for what the
-    /// form starts with.
+    /// What is shown differently from the unit's state. The text `as_at_start` stands for the
+    /// form's initial content.
     Unit_Snapshot shown = {};
-    bool warns = false;  ///< the box "Setting data from TQL error" comes, once
+    bool warns = false;  ///< the box "Setting data from TQL error" is shown, once
     bool answers = true; ///< the window turns green; else it shows nothing of the unit
-    /// Further words and values that make the outcome certain.
+    /// Further words and values that make the result certain.
     std::vector<std::pair<QString, QString>> beside = {};
 };
 
@@ -32,7 +32,7 @@ struct Switch_Fault_Case {
     QString value;
     Outcome serial;
     Outcome network;
-    /// The Pro's report is longer by a line, which can shift the place that a fault hits.
+    /// The Pro's report is one line longer, which can shift the place that a fault affects.
     Unit_Snapshot shown_on_pro_network = {};
 
     [[nodiscard]] Fault_Plan plan(const Outcome& outcome) const;
@@ -41,7 +41,7 @@ struct Switch_Fault_Case {
     [[nodiscard]] QString title() const;
 };
 
-/// All cases, those of one word together.
+/// All cases, grouped by word.
 const std::vector<Switch_Fault_Case>& switch_fault_cases();
 
 /// One row for each case and model, with the columns "model" and "number" in the list of cases, for
@@ -49,11 +49,10 @@ const std::vector<Switch_Fault_Case>& switch_fault_cases();
 /// a case gets a row with the number -1.
 void add_switch_fault_rows(const std::vector<Switch_Model>& models);
 
-/// What the window has to show: the unit's own values, but for the outcome's.
+/// What the window must show: the unit's own values, except those of the outcome.
 Unit_Snapshot wanted_snapshot(const Outcome& outcome, const Unit_Snapshot& of_unit,
                               const Unit_Snapshot& at_start);
 
-/// What the window has to show when the fault is gone and it has asked again: the unit's values.
-/// But the lists lose their custom names only if all four stand there; fewer stay, and the new ones
-/// follow after them.
+/// What the window must show after a refresh without the fault: the unit's values. But the lists
+/// lose their custom names only if all four are there; fewer stay, and the new ones follow them.
 Unit_Snapshot wanted_after_refresh(const Unit_Snapshot& before, const Unit_Snapshot& of_unit);

@@ -13,7 +13,7 @@
 #include <algorithm>
 
 /// Every fault of the simulated adapter on the network path of a Plus and a Pro: what the user
-/// meets, and that neither adapter nor switch is changed by it.
+/// sees, and that it changes neither adapter nor switch.
 class Test_Adapter_Faults : public QObject {
     Q_OBJECT
 
@@ -30,8 +30,8 @@ const char* const end_argument = "--bring-to-its-end";
 
 QString model_argument(Switch_Model model) { return model == Switch_Model::pro ? "pro" : "plus"; }
 
-/// One row for each case, which either ends the program or does not, and one without a case for
-/// each fault that has none.
+/// One row for each case that ends the program, or for each that does not; and one row without a
+/// case for each fault that has none.
 void add_rows(bool ending) {
     QTest::addColumn<Switch_Model>("model");
     QTest::addColumn<int>("number");
@@ -64,7 +64,7 @@ QStringList texts(const Adapter_State& state) {
             state.subnet_mask.toString()};
 }
 
-/// In the child: takes the path to the box behind which the process ends, and prints what it met.
+/// In the child: follows the path to the box after which the process ends, and prints what it saw.
 void bring_to_its_end(Switch_Model model, const Adapter_Fault_Case& fault) {
     Network_Fixture at(model);
     set_up_as_told(at, fault);

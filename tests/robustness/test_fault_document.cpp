@@ -8,8 +8,8 @@
 #include <QFile>
 #include <QTest>
 
-/// docs/faults.md lists every fault, in the words of the tests, and the simulators have a word
-/// for every fault.
+/// docs/faults.md lists every fault in the words of the tests, and the simulators have a name for
+/// every fault.
 class Test_Fault_Document : public QObject {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ private slots:
 
 private:
     static QString read(const QString& path);
-    /// The rows of the tables that begin with a code and hold a text.
+    /// The rows of the tables that begin with a code and contain a text.
     [[nodiscard]] bool tells(const QString& code, const QString& words) const;
 
     QString document;

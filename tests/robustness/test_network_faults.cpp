@@ -24,14 +24,14 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// Lets time pass in steps, until the window shows the text and the robot has met what it waits
-/// for.
+/// Lets time pass in steps, until the window shows the text and the robot has answered what it
+/// expects.
 bool pass_until_shown(const Network_Fixture& at, const QString& text) {
     constexpr milliseconds step{50};
     constexpr milliseconds longest{9000};
     for (milliseconds passed{0}; passed < longest; passed += step) {
         virtual_time::leap(step);
-        // The timer that sends, the socket that hears of it, and the slot.
+        // The timer that sends, the socket that receives, and the slot.
         for (int round = 0; round < 3; ++round) {
             QCoreApplication::processEvents();
         }
@@ -89,11 +89,11 @@ void Test_Network_Faults::what_the_user_sees_of_a_fault() {
     const QString seen = differences(snapshot, wanted_snapshot(outcome, of_unit, at_start));
     QVERIFY2(seen.isEmpty(), (words + '\n' + seen.toUtf8()).constData());
 
-    // Nothing was sent but questions, and the unit is what it was.
+    // Only questions were sent, and the unit is unchanged.
     QCOMPARE(at.taken, at.start_commands());
     QCOMPARE(told_by(at.unit), before);
 
-    // Nor is anything lost in the window: without the fault it shows the whole unit.
+    // The window has lost nothing either: without the fault it shows all of the unit.
     place.set_faults({});
     QVERIFY(at.adapter.is_online() || at.adapter.go_online());
     at.taken.clear();

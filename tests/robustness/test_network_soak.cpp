@@ -11,7 +11,7 @@
 #include <QTextDocument>
 
 /// A Pro window on an adapter over hours of use, in less than a minute: its socket, its wizard's
-/// dialogs and its conversations with the adapter come and go all the time.
+/// dialogs and its conversations with the adapter are created and destroyed all the time.
 class Test_Network_Soak : public Network_Test {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ private slots:
     void runs_of_the_wizard_leave_nothing_behind();
 
 private:
-    /// The start's questions have come, and their answers stand in the pages.
+    /// The questions of the start have arrived, and the pages show their answers.
     [[nodiscard]] bool wait_asked_and_filled() const;
 
     std::unique_ptr<Soak> soak;
@@ -37,7 +37,7 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr milliseconds refresh_lock_out{1700};
-/// Within these a unit has to answer after ON.
+/// A unit must answer within this time after ON.
 constexpr milliseconds max_answer{7000};
 
 } // namespace
@@ -110,7 +110,7 @@ void Test_Network_Soak::refreshing_leaves_nothing_behind() {
         if (at->is_filled() || !wait_asked_and_filled()) {
             return false;
         }
-        // The answers have enabled the button already; the lock-out goes on behind it.
+        // The answers have enabled the button already; the timer of the lock-out is still running.
         virtual_time::leap(refresh_lock_out);
         QCoreApplication::processEvents();
         return refresh.isEnabled();

@@ -20,12 +20,12 @@ private slots:
     void what_the_user_sees_of_a_fault();
 
 private:
-    /// Lets time pass in steps, and in each lets the window take what the unit has sent by then.
+    /// Lets time pass in steps; in each the window reads what the unit has sent by then.
     [[nodiscard]] bool pass(std::chrono::milliseconds time);
     /// The last question of a connection or refresh has arrived, or the unit has gone.
     [[nodiscard]] bool wait_asked() const;
     void note_sent(const QByteArray& bytes) {
-        // The terminal keeps lines, whatever ends them.
+        // The terminal keeps the lines, whatever their line ends.
         sent += QString::fromUtf8(bytes.constData()).replace("\r\n", "\n");
     }
 
@@ -37,8 +37,8 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// Longer than four answers that are late by 1200 ms each, or in pieces 1500 ms apart, and the wait
-/// for a report.
+/// Longer than four answers, each 1200 ms late or in pieces 1500 ms apart, and the wait for a
+/// report.
 constexpr milliseconds long_run{9000};
 constexpr milliseconds short_run{2000};
 
@@ -108,13 +108,13 @@ void Test_Serial_Faults::what_the_user_sees_of_a_fault() {
     QVERIFY2(seen.isEmpty(), (words + '\n' + seen.toUtf8()).constData());
     QCOMPARE(at->terminal_text(), sent);
 
-    // Nothing was sent but questions, and the unit is what it was.
+    // Only questions were sent, and the unit is unchanged.
     for (const QByteArray& command : at->device.received_commands()) {
         QVERIFY2(questions(model).contains(command), command.constData());
     }
     QCOMPARE(told_by(at->device.unit()), before);
 
-    // Nor is anything lost in the window: without the fault it shows the whole unit.
+    // The window has lost nothing either: without the fault it shows all of the unit.
     if (!at->device.is_on_line()) {
         return;
     }

@@ -47,7 +47,7 @@ constexpr milliseconds report_wait{1000};
 constexpr milliseconds refresh_lock_out{1700};
 constexpr milliseconds second_part_wait{2000};
 
-/// With all four ports: a file of fewer does not hold the places of the other tiles.
+/// With all four ports: a file with fewer does not contain the positions of the other tiles.
 Switch_State soaked_unit() {
     Switch_State state = used_unit();
     state.port_limit = 4;
@@ -144,8 +144,8 @@ void Test_Soak::loading_settings_leaves_nothing_behind() {
     const QString path = fixture->path();
     QVERIFY(fixture->save(path));
     const QByteArray before = told_by(lite->device.unit());
-    // Qt keeps a little of each file dialog, whose ever it is: measured on dialogs that nobody
-    // asked for, which go the same way.
+    // Qt keeps a little memory of each file dialog: measured on dialogs that the test itself opens
+    // in the same way.
     constexpr qint64 no_limit = 1'000'000;
     constexpr int loads = 200;
     const qint64 kept_by_dialogs = soak->repeat(
@@ -169,7 +169,7 @@ void Test_Soak::loading_settings_leaves_nothing_behind() {
             fixture->robot.forget_snapshots();
             fixture->expect_applied_box();
             virtual_time::leap(second_part_wait);
-            // Then the layout that the unit confirms is asked for.
+            // The tool then reads back the layout that the unit confirms.
             if (!wait_until([&] { return fixture->robot.done(); }) ||
                 !wait_obeyed(fixture->sent_in_second_part(Settings_Lines()).size() + 1)) {
                 return false;

@@ -7,7 +7,7 @@
 #include <QMap>
 #include <QString>
 
-/// What a window shows of a unit, by short names: "km", "usb", "mode", "ports", "rolling",
+/// What a window shows of a unit, under short names: "km", "usb", "mode", "ports", "rolling",
 /// "parking x", "parking y", "buzzer", "hotkey", "entry 1" to "entry 4", "name 1" to "name 4",
 /// "resolution 1" to "resolution 4", "layout", and "audio" on a Pro.
 using Unit_Snapshot = QMap<QString, QString>;
@@ -19,11 +19,11 @@ Unit_Snapshot look_at_unit(const Window_Fixture& at);
 /// What a window shows that shows the whole unit.
 Unit_Snapshot snapshot_of(const Switch_State& state, Switch_Model model);
 
-/// The points in which a window does not show what it should, one line for each; empty if none.
+/// The differences between what a window shows and what it should, one line each; empty if none.
 QString differences(const Unit_Snapshot& shown, const Unit_Snapshot& wanted);
 
-/// What the link's own widgets say: "connected", "not connected", or what is at odds.
+/// What the link's own widgets show: "connected", "not connected", or the contradiction.
 QString link_status(const Window_Fixture& at);
 
-/// Everything a unit remembers, as it would tell it itself.
+/// The whole state of a unit, as its own reports give it.
 QByteArray told_by(const Switch_Logic& unit);
