@@ -5,15 +5,15 @@
 #include <QByteArray>
 #include <QByteArrayList>
 
-/// The datagrams of an input, in groups: one byte of length and so many bytes each. The length 255
-/// stands for the end of a group.
+/// The datagrams of an input, in groups: each is one byte of length and that many bytes. The length
+/// 255 stands for the end of a group.
 class Datagram_Input {
 public:
     Datagram_Input(const unsigned char* data, std::size_t size)
         : rest(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)) {}
 
     [[nodiscard]] bool is_at_end() const { return rest.isEmpty(); }
-    /// Whether the group that comes next holds no datagram.
+    /// Whether the next group is empty.
     [[nodiscard]] bool is_empty_group_next() const {
         return rest.isEmpty() || rest.front() == group_end;
     }
@@ -29,7 +29,8 @@ public:
 
 private:
     static constexpr char group_end = '\xff';
-    /// Lengths from here on count in tens: a configuration has 260 bytes, and more may come.
+    /// From this value on, lengths count tens of bytes: a configuration has 260 bytes, and more
+    /// must be possible.
     static constexpr qsizetype tens_from = 200;
 
     QByteArray take_datagram(qsizetype size) {

@@ -25,7 +25,7 @@ int fake_boxes::count() { return box_answers().boxes; }
 
 void fake_boxes::forget() { box_answers().boxes = 0; }
 
-// In the place of app/message_box.cpp.
+// Replaces app/message_box.cpp.
 void set_message_box_look(const QString& text, const int& icon, QMessageBox* box) {
     box->setText(text);
     box->setIcon(static_cast<QMessageBox::Icon>(icon));

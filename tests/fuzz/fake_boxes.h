@@ -6,8 +6,8 @@
 
 #include <functional>
 
-/// The user of the fuzzers. A program that links this file shows no message box: each counts as
-/// read and pressed Ok at once, after what happens while it is open.
+/// The user of the fuzzers. A program that links this file shows no message box: each is confirmed
+/// at once, after what happens while it is open.
 namespace fake_boxes {
 
 using Happening = std::function<void(const QString& text)>;

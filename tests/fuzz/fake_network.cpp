@@ -27,22 +27,22 @@ QByteArrayList& waiting_for(const QUdpSocket* socket) { return the_network().wai
 } // namespace
 
 void fake_network::start(const Answerer& answerer) {
-    // The look-up of a proxy takes longer than all else.
+    // The look-up of a proxy takes longer than everything else.
     QNetworkProxyFactory::setUseSystemConfiguration(false);
     the_network().answerer = answerer;
     the_network().waiting.clear();
 }
 
-// In the place of the C library's: a socket of the tool counts as bound and has no port.
+// Replaces the C library's function: a socket of the tool counts as bound and has no port.
 extern "C" int bind(int /*socket*/, const sockaddr* /*address*/, socklen_t /*size*/) noexcept {
     return 0;
 }
 
-// In the place of Qt's own.
+// Replaces Qt's own function.
 
 qint64 QUdpSocket::writeDatagram(const char* data, qint64 len, const QHostAddress& /*host*/,
                                  quint16 /*port*/) {
-    // A search begins with a port opened again: what waited at the one before is gone.
+    // A search begins with a newly opened port: what was pending at the previous one is lost.
     constexpr char search_command = 1;
     constexpr qint64 command_at = 2;
     if (len > command_at && data[command_at] == search_command) {
@@ -64,7 +64,7 @@ qint64 QUdpSocket::readDatagram(char* data, qint64 maxlen, QHostAddress* host, q
     if (!hasPendingDatagrams()) {
         return -1;
     }
-    // As the system does it: what does not fit is lost, and the rest of the buffer keeps its bytes.
+    // As the system does: what does not fit is lost, and the rest of the buffer is unchanged.
     const QByteArray datagram = waiting_for(this).takeFirst();
     const qint64 size = std::min<qint64>(maxlen, datagram.size());
     if (size > 0) {

@@ -9,7 +9,8 @@
 #include <functional>
 
 /// The network of the fuzzers. In a program that links this file nothing leaves a UDP socket and no
-/// socket gets a port: what is sent is handed to an answerer, whose datagrams wait for the sender.
+/// socket gets a port: what is sent goes to an answerer, whose datagrams are then pending for the
+/// sender.
 namespace fake_network {
 
 /// Every datagram comes from here.
@@ -18,7 +19,7 @@ inline constexpr quint16 sender_port = 1901;
 
 using Answerer = std::function<QByteArrayList(const QByteArray& frame)>;
 
-/// Empties the network and sets who answers.
+/// Drops all pending datagrams and sets the answerer.
 void start(const Answerer& answerer);
 
 } // namespace fake_network

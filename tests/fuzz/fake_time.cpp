@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// The time of the adapter search in the fuzzers, in the place of usr/waiting.cpp: blocking takes
-// none, and a search, which listens for a second by this clock, looks four times.
+// The time of the adapter search in the fuzzers, instead of usr/waiting.cpp: blocking takes no
+// time, and a search, which listens for a second by this clock, reads four times.
 
 #include "usr/waiting.h"
 

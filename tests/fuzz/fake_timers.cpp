@@ -37,8 +37,8 @@ void keep(std::chrono::milliseconds wait, const QObject* receiver, const char* m
 
 } // namespace
 
-// Takes the place of Qt's own, whose timers would fire in real time. From Qt 6.8 on the form for
-// milliseconds is inline and ends in the one for nanoseconds.
+// Replaces Qt's own function, whose timers would fire in real time. From Qt 6.8 on the overload for
+// milliseconds is inline and calls the one for nanoseconds.
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
 void QTimer::singleShot(std::chrono::nanoseconds wait, Qt::TimerType /*type*/,
                         const QObject* receiver, const char* member) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-// The frames to an adapter, from whatever a person types.
+// The frames to an adapter, made from any text that a user may type.
 // Input: the text.
 
 #include "tests/fuzz/out_of_range_end.h"

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Numbers of a file and of a report: nothing but the conversion's own two exceptions may come.
+/// Numbers of a file and of a report: only the conversion's own two exceptions may be thrown.
 template <class Step>
 void with_number_failures(const Step& step) {
     try {

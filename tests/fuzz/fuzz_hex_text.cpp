@@ -21,7 +21,7 @@ void check_hex(const QString& text, qsizetype width) {
     expect(text_to_hex_field(text, width).size() == std::max(hex.size(), width),
            "a field has another width");
     expect(hex.startsWith(cut_at_zero_byte(hex)), "what stands before a zero byte is no beginning");
-    // Digits of a device are no digits at times.
+    // The digits from a device may be other characters.
     expect(hex_to_bytes(text).size() == (text.size() + 1) / 2, "hex_to_bytes() lost a byte");
     static_cast<void>(hex_to_text(text));
     static_cast<void>(cut_at_zero_byte(text));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// Answers of any length to a login at an adapter, and what is read, shown and sent with them.
+// Answers of any length to a login at an adapter, and what the tool reads from them, shows and
+// sends.
 // Input: a byte of which the lowest bits choose searches that are answered by the input too, an
 // adapter that is silent when the input is at its end, and, if all three next are set, the dialog;
 // then the datagrams, a group for each frame.
@@ -18,7 +19,7 @@ namespace {
 
 constexpr unsigned searches_from_input = 1;
 constexpr unsigned silent_at_the_end = 2;
-// Making the dialog takes far longer than all else.
+// Creating the dialog takes far longer than everything else.
 constexpr unsigned by_dialog = 4 | 8 | 16;
 
 constexpr char search_command = 1;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 // Replies over the network, from a datagram's text to the widgets of a whole window.
-// Input: the model, which is never the Lite, then what a Reply_Player plays.
+// Input: the model, which is never the Lite, then the input of a Reply_Player.
 
 #include "pages/model_traits.h"
 #include "tests/fuzz/reply_player.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// Proves that a finding is seen: a target with defects of each kind, chosen by the first byte.
-// `tools/fuzz --self-test` runs it.
+// Proves that findings are detected: a target with one defect of each kind, chosen by the first
+// byte. `tools/fuzz --self-test` runs it.
 
 #include "tests/fuzz/stated_ends.h"
 
@@ -52,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     case 'e':
         std::exit(1);
     default:
-        // In good health: the stated end, and none.
+        // Without a defect: the expected exception, and none.
         ends_as_stated(stated(), [] { throw std::out_of_range("stated"); });
         ends_as_stated(std::nullopt, [] {});
     }

@@ -16,7 +16,7 @@
 
 namespace {
 
-/// In the place of exit(1), which follows the box.
+/// Replaces exit(1), which follows the box.
 struct No_Hardware_End : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
@@ -32,7 +32,7 @@ void check_lists(const USR_searcher& searcher) {
            "a reply without an address is in the list");
 }
 
-/// The end that comes if the next search finds nothing.
+/// The end that follows if the next search finds nothing.
 std::optional<Stated_End> end_of_search(const Datagram_Input& input) {
     if (!input.is_empty_group_next()) {
         return std::nullopt;
@@ -48,7 +48,8 @@ void search_by_dialog(Datagram_Input& input, bool refreshes) {
         check_lists(*dialog);
     }
     if (!ended && refreshes) {
-        // Not by the button: no exception may pass through its code, which is built for none.
+        // Not with the button: no exception may pass through Qt's code, which is built without
+        // exceptions.
         const bool ended_now = ends_as_stated(end_of_search(input), [&] {
             QMetaObject::invokeMethod(dialog.get(), "on_pushButton_Refresh_clicked");
         });

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 // Replies on the serial line, from the port's bytes to the widgets of a whole window.
-// Input: the model, then what a Reply_Player plays.
+// Input: the model, then the input of a Reply_Player.
 
 #include "tests/fuzz/reply_player.h"
 #include "tests/fuzz/start.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-// A settings file of any content, loaded in both its parts on a recording link.
-// Input: the model; 'r' for a window that a report has filled before; then the file. What follows
-// the file behind a byte 0x1D are the switch's replies between the two parts, one chunk to each
-// such byte; while a message box stands, the next of them is served.
+// A settings file with any content, loaded in both parts on a recording link.
+// Input: the model; 'r' for a window that a report has filled before; then the file. After the file
+// come the switch's replies between the two parts, each chunk after a byte 0x1D; while a message
+// box is open, the next chunk is processed.
 
 #include "pages/model_traits.h"
 #include "tests/fuzz/fake_boxes.h"
@@ -25,9 +25,9 @@ const QByteArray report = "//RL\nKM Port Limit: 3\nKM Cursor Rolling: Enabled\n"
                           "Current USB Control 4\nCurrent parking location: X=12 Y=34\n"
                           "//FF01B06FF02B07FF03B10FF04B11\n";
 
-/// The writes of a load: every value that is sent goes out as it stands, and nothing else.
+/// The writes of a load: every value is sent unchanged, and nothing else is sent.
 void check_writes(const Fuzz_Window& window, const QByteArrayList& writes, const QByteArray& file) {
-    // The Pro's file has the line of the audio command besides.
+    // The Pro's file also has the line of the audio command.
     const int sent_lines = &window.model() == &pro_model ? 17 : 16;
     expect(writes.size() == sent_lines, "a load sent more or fewer lines than it has");
     QByteArray text = file;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-// One report applied to a window part by part, without the guard that turns its failures into a
+// One report applied to a window part by part, without the handler that turns its failures into a
 // box, then saved to a settings file and loaded from it.
 // Input: the model, then the report.
 
@@ -27,7 +27,7 @@ void apply(Fuzz_Window& window, const std::string& report) {
                    [&] { controller.layout.set_layout_from_report(); });
 }
 
-/// @return whether the program is still there.
+/// @return whether the program would still be running.
 bool save(Fuzz_Window& window, const std::string& report) {
     settings_paths::write({});
     const bool ended = ends_as_stated(save_end(report),

@@ -16,7 +16,7 @@
 
 namespace {
 
-/// How many inputs go between two comparisons with a new window.
+/// How many inputs there are between two comparisons with a new window.
 constexpr int starts_between_checks = 500;
 
 } // namespace
@@ -31,7 +31,7 @@ Fuzz_Window::Fuzz_Window(const Model_Traits& model_traits)
     controller().menu.disable_setting_widgets();
     controller().menu.set_disconnected_indicator();
     controller().layout.set_up_table();
-    // Style sheets take effect now, and not at some later input.
+    // Applies the style sheets now, not during a later input.
     for (QWidget* widget : findChildren<QWidget*>()) {
         widget->ensurePolished();
     }
@@ -91,7 +91,7 @@ void Fuzz_Window::receive_datagram(const QByteArray& chunk) {
 }
 
 Fuzz_Window& window_of_model(unsigned char first_byte) {
-    // Never deleted, as the application.
+    // Never deleted, like the application.
     static std::array<Fuzz_Window*, 3> windows{};
     static const std::array<const Model_Traits*, 3> models{&lite_model, &plus_model, &pro_model};
     const std::size_t which = first_byte % windows.size();

@@ -10,19 +10,20 @@
 #include <optional>
 
 /// A main window of any model on a link that only records. One window serves all inputs of a
-/// process: between two of them its controller is replaced and its widgets get back what they
-/// showed, which is compared with a new window's from time to time.
+/// process: between two of them its controller is replaced and the state of its widgets is
+/// restored. This state is compared with a new window's from time to time.
 class Fuzz_Window : public Bare_Window {
 
 public:
     explicit Fuzz_Window(const Model_Traits& switch_model);
 
-    /// The window as it is when its link has just been opened and the start commands are sent.
+    /// The state of the window when its link has just been opened and the start commands have been
+    /// sent.
     void start_again(Link_Method method);
 
-    /// A chunk comes in on the serial port.
+    /// A chunk arrives at the serial port.
     void receive(const QByteArray& chunk);
-    /// The text of a datagram comes in.
+    /// The text of a datagram arrives.
     void receive_datagram(const QByteArray& chunk);
 
     /// What has been written to the link since the start, write by write.
@@ -39,5 +40,5 @@ private:
 };
 
 /// The window of the model that an input's first byte names: Lite, Plus, Pro for '0', '1', '2'.
-/// Each is made once in a process.
+/// Each is created once in a process.
 Fuzz_Window& window_of_model(unsigned char first_byte);

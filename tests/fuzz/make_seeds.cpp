@@ -2,7 +2,7 @@
 
 // make_seeds FOLDER
 //
-// Writes the first seeds of the fuzzers into FOLDER, one folder to each: what the simulated units
+// Writes the first seeds of the fuzzers into FOLDER, one folder for each: what the simulated units
 // answer to the questions of a start, to settings, and to a new layout.
 
 #include "sim/adapter_logic.h"
@@ -17,7 +17,7 @@
 
 namespace {
 
-// As the reply fuzzers read them.
+// The input format of the reply fuzzers.
 constexpr char cut = 0x1C;
 constexpr char pause = 0x1D;
 constexpr char refresh = 0x1E;
@@ -99,7 +99,7 @@ void write_switch_seeds(const Seed_Folder& seeds, int number, Switch_Model model
 
 void write_adapter_seeds(const Seed_Folder& seeds) {
     const auto datagram = [](const QByteArray& bytes) {
-        // 200 and more stand for tens, so 226 is the size of a configuration.
+        // Values from 200 on count tens of bytes, so 226 is the size of a configuration.
         const int size = static_cast<int>(bytes.size());
         return QByteArray(1, static_cast<char>(size < 200 ? size : 200 + size / 10)) + bytes;
     };

@@ -6,7 +6,7 @@
 
 #include <stdexcept>
 
-/// Nothing, or the one exception that pure functions throw at a text that is too short.
+/// Nothing, or the one exception that pure functions throw if a text is too short.
 inline std::optional<Stated_End> out_of_range_if(bool holds, const char* text) {
     return holds ? std::optional(Stated_End{&typeid(std::out_of_range), text}) : std::nullopt;
 }

@@ -10,15 +10,15 @@
 #include <algorithm>
 #include <cstring>
 
-/// A serial port or socket that counts as open and has no device: it keeps each write, and gives
-/// out what it is told to have received.
+/// A serial port or socket that counts as open and has no device: it records each write, and
+/// returns what the fuzzer lets it receive.
 template <class Device>
 class Recording_Device : public Device {
 public:
     explicit Recording_Device(QByteArrayList& kept_writes) : writes(kept_writes) {
         QIODevice::open(QIODevice::ReadWrite | QIODevice::Unbuffered);
     }
-    // Not the device's own closing, which knows nothing of the opening above.
+    // Not the device's own close(), because it was not opened by its own open().
     ~Recording_Device() override { QIODevice::close(); }
 
     void close() override { QIODevice::close(); }

@@ -29,7 +29,7 @@ bool is_question(const QByteArray& command) {
     return questions.contains(command);
 }
 
-/// The layout command, and the port limit, which is lifted while it is put together.
+/// The layout command, and the port limit, which is lifted while the command is composed.
 bool is_from_submit(const QByteArray& command) {
     return command == "//\r" || command.startsWith("//FF") || command.startsWith("//D");
 }
@@ -67,7 +67,7 @@ void Reply_Player::serve(const QByteArray& chunk) {
         ends_as_stated(std::nullopt, [&] { window.receive(chunk); });
         return;
     }
-    // A datagram is a whole answer: with a new layout confirmed it is read at once.
+    // A datagram is a whole answer: if a new layout was confirmed, it is read at once.
     const Session_State& state = window.controller().session.state;
     std::optional<Stated_End> stated;
     if (state.layout_report_pending && state.layout_saved_pending) {

@@ -6,20 +6,20 @@
 
 #include <QByteArray>
 
-/// Plays an input into a window as a switch, a clock and a user would: text that comes in, cut into
-/// chunks by marks, each of which may do something more.
+/// Feeds an input to a window, as a switch, a clock and a user would: incoming text, cut into
+/// chunks by marks, some of which do something more.
 ///
 ///     0x1C  only ends a chunk
 ///     0x1D  1000 ms pass
 ///     0x1E  the user presses Refresh
 ///     0x1F  the user submits the layout
 ///
-/// While a message box is open, the next chunk is served.
+/// While a message box is open, the next chunk is processed.
 class Reply_Player {
 public:
     Reply_Player(Fuzz_Window& window, Link_Method method, const QByteArray& input);
 
-    /// Plays all of it and lets the last timers run out.
+    /// Feeds all of it and lets the last timers fire.
     void play();
 
 private:

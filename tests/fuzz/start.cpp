@@ -8,9 +8,9 @@
 
 void start_application(int& argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    // A Plus tells bad grid positions there.
+    // A Plus logs bad grid positions there.
     std::cout.rdbuf(nullptr);
-    // Never deleted: fonts would be missed at the end and taken for leaks.
+    // Never deleted: otherwise the fonts would be reported as leaks.
     static const auto* application = new QApplication(argc, argv);
     static_cast<void>(application);
 }

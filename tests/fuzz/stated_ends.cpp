@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What std::stoi() makes of a text.
+/// The exception that std::stoi() throws for a text, if any.
 std::optional<Stated_End> number_end(const std::string& text) {
     try {
         static_cast<void>(std::stoi(text));
@@ -21,7 +21,7 @@ std::optional<Stated_End> number_end(const std::string& text) {
     return std::nullopt;
 }
 
-/// What std::string::substr() makes of a text that ends before the position.
+/// The exception that std::string::substr() throws, if any: the text ends before the position.
 std::optional<Stated_End> cut_end(const std::string& text, std::size_t position) {
     try {
         static_cast<void>(text.substr(position));

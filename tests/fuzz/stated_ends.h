@@ -10,8 +10,9 @@
 #include <string_view>
 #include <typeinfo>
 
-/// Where the tool lets an exception go on purpose, and which one: worked out here from the input
-/// alone, apart from the tool's own readers, so that such an end can be told from a crash.
+/// Where the tool does not catch an exception on purpose, and which one: computed here from the
+/// input alone, without the tool's own readers, so that such an end can be distinguished from a
+/// crash.
 
 /// An exception's exact type and text.
 struct Stated_End {
@@ -19,14 +20,14 @@ struct Stated_End {
     std::string text;
 };
 
-/// Runs a step in the place of the event loop. Nothing may leave it but the stated end, and that
-/// must; all else goes on to the fuzzer, which takes it for a finding.
+/// Runs a step in place of the event loop. It must throw the expected exception and no other; any
+/// other goes on to the fuzzer, which reports it as a finding.
 /// @return whether the process would have ended here.
 bool ends_as_stated(const std::optional<Stated_End>& stated, const std::function<void()>& step);
 
-/// Reports a finding of the fuzzer's own.
+/// Reports a finding of the fuzzer itself.
 [[noreturn]] void report_finding(const std::string& what);
-/// A finding unless the condition holds.
+/// Reports a finding unless the condition holds.
 void expect(bool holds, const char* what);
 
 /// What reading a layout text throws: a key without two characters after it, or two characters
@@ -41,7 +42,7 @@ void expect(bool holds, const char* what);
 /// What a save throws while this is the last status report.
 [[nodiscard]] std::optional<Stated_End> save_end(const std::string& report);
 
-/// A chunk's text as the tool takes it: UTF-8 up to the first NUL.
+/// A chunk's text as the tool reads it: UTF-8 up to the first NUL.
 [[nodiscard]] std::string text_of_chunk(const QByteArray& chunk);
 
 /// The text after a key up to the line feed; empty if the key is missing.

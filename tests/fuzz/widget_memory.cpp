@@ -46,7 +46,7 @@ Restorer restorer_of(QTableWidget& table) {
         };
 }
 
-/// What is peculiar to a kind of widget; nothing for a kind that nothing changes.
+/// What is specific to a kind of widget; nothing for a kind that nothing changes.
 Restorer restorer_of_content(QWidget& widget) {
     if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
         return restorer_of(*combo);
@@ -88,8 +88,8 @@ Restorer restorer_of_looks(QWidget& widget) {
     };
 }
 
-/// Content and switches. Places and sizes follow from the rest, when Qt finds the time to lay the
-/// widgets out, and colours and fonts from the style sheets.
+/// Content and flags. Positions and sizes follow from the rest when Qt lays the widgets out,
+/// colours and fonts from the style sheets.
 bool is_worth_describing(const QMetaProperty& property) {
     static const QByteArrayList measures = {"x", "y", "width", "height"};
     const int type = property.metaType().id();

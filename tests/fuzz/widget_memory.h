@@ -8,17 +8,17 @@
 #include <functional>
 #include <vector>
 
-/// What a window's widgets show, to be brought back: far quicker than making the window again.
+/// The state of a window's widgets, to be restored: far quicker than creating the window again.
 class Widget_Memory {
 public:
     explicit Widget_Memory(QWidget& window);
 
-    /// Brings back everything that replies, files and the program itself can change.
+    /// Restores everything that replies, files and the program itself can change.
     void restore() const;
 
 private:
     std::vector<std::function<void()>> restorers;
 };
 
-/// Everything that can be read from the widgets, a line each: the proof that restore() is exact.
+/// Everything that can be read from the widgets, one line each: the check that restore() is exact.
 [[nodiscard]] QByteArrayList description_of(const QWidget& window);

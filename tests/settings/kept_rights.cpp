@@ -29,7 +29,7 @@ bool fails_to_synchronise = false;
 
 } // namespace
 
-/// In place of the system's own, whose name the product's call finds here first.
+/// Replaces the system's function: the product's call finds this definition first.
 extern "C" int fsync(int descriptor) {
     if (fails_to_synchronise) {
         errno = ENOSPC;

@@ -7,7 +7,7 @@
 #include <sys/resource.h>
 #include <sys/types.h>
 
-/// A disk that takes no file longer than so many bytes, for the lifetime of an object. Needs
+/// A disk that accepts no file above this number of bytes, for the lifetime of an object. Needs
 /// ignore_full_disk_signal().
 class Full_Disk {
 public:
@@ -20,7 +20,7 @@ private:
     rlimit earlier = {};
 };
 
-/// A disk that tells only when it is synchronised that it is full, for the lifetime of an object.
+/// A disk that reports only at synchronisation that it is full, for the lifetime of an object.
 class Late_Full_Disk {
 public:
     Late_Full_Disk();
@@ -32,8 +32,8 @@ public:
 /// A write beyond the limit fails from now on, instead of ending the program.
 void ignore_full_disk_signal();
 
-/// The rights of a plain user for the lifetime of an object: root too is held by the modes of files
-/// and folders.
+/// The rights of a plain user for the lifetime of an object: root too must then obey the modes of
+/// files and folders.
 class Plain_Rights {
 public:
     Plain_Rights();
@@ -45,10 +45,10 @@ private:
     unsigned int effective[2] = {};
 };
 
-/// A group that files may be given to and that new files do not have; without one the user's own.
+/// A group that files can be given and that new files do not have; the user's own if there is none.
 gid_t another_group();
 
-/// What a logging category says for the lifetime of an object; everything else is told as ever.
+/// Records a logging category for the lifetime of an object; other categories are printed as usual.
 class Heard_Diagnostics {
 public:
     explicit Heard_Diagnostics(const char* category);

@@ -9,14 +9,14 @@
 
 #include <memory>
 
-/// What a test of single lines of a settings file begins and ends with: an open log, and a silent
-/// switch at a window whose widgets show something else than a missing line leaves.
+/// Base class of tests of single lines of a settings file: an open log, and a window on a silent
+/// switch whose widgets show something else than a missing line leaves.
 class Line_Load_Test : public QObject {
     Q_OBJECT
 
 protected:
-    /// Loads the lines, both parts, with so many error boxes in each and at the mouse mode, which
-    /// has to refill the fields from the first label.
+    /// Loads the lines, both parts, with this many error boxes in each and at the mouse mode, which
+    /// must refill the fields from the first label.
     [[nodiscard]] bool load(int first_part_errors, int second_part_errors, int mode_errors = 0);
 
     std::unique_ptr<Log_Folder> log;

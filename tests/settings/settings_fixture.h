@@ -16,14 +16,14 @@
 /// The lines of a settings file by their labels, in the order in which the tool writes them.
 class Settings_Lines;
 
-/// A window of any model, its switch, a folder for settings files, and a hand for the dialogs.
+/// A window of any model, its switch, a folder for settings files, and a robot for the dialogs.
 ///
 ///     Settings_Fixture fixture;
 ///     QVERIFY(fixture.open_filled());
 ///     QVERIFY2(fixture.load(fixture.write(file_text())), fixture.robot.why());
 class Settings_Fixture {
 public:
-    /// The folder is the user's home for the length of this object.
+    /// The folder is the user's home for the lifetime of this object.
     explicit Settings_Fixture(Switch_Model switch_model = Switch_Model::lite);
     ~Settings_Fixture();
     Settings_Fixture(const Settings_Fixture&) = delete;
@@ -48,27 +48,27 @@ public:
     void expect_file_dialog(const QString& title, const Modal_Action& action);
 
     /// Clicks the button, types the path into the dialog and dismisses the box "File saved".
-    /// @return whether just these two came.
+    /// @return whether exactly these two were shown.
     [[nodiscard]] bool save(const QString& file_path);
 
-    /// Clicks the button and chooses the file. Its first part has been applied afterwards, with so
-    /// many error boxes on the way.
+    /// Clicks the button and chooses the file. Afterwards its first part has been applied, with
+    /// this many error boxes.
     [[nodiscard]] bool load_first_part(const QString& file_path, int error_boxes = 0);
-    /// Waits for the second part and its box, with so many error boxes on the way and so many more
+    /// Waits for the second part and its box, with this many error boxes before and this many more
     /// at the line of the mouse mode, which a Pro applies after the box "Settings file applied".
     [[nodiscard]] bool wait_for_second_part(int error_boxes = 0, int mode_error_boxes = 0);
 
-    /// The switch hears and obeys but says nothing from now on, so that its answers bring no
+    /// From now on the switch executes commands but does not answer, so that its answers cause no
     /// further commands.
     void silence_switch();
 
-    // What the models differ in.
+    // The differences between the models.
     [[nodiscard]] bool is_lite() const { return model == Switch_Model::lite; }
     [[nodiscard]] bool is_pro() const { return model == Switch_Model::pro; }
     /// The fields of a custom entry: "X", "Y" or "Name".
     [[nodiscard]] QLineEdit& custom_field(const QString& what) const;
     [[nodiscard]] QPushButton& custom_submit() const;
-    /// What a window asks at its start.
+    /// The questions of a window at its start.
     [[nodiscard]] QByteArrayList start_commands() const;
     /// What the second part of a load sends before the box "Settings file applied", and after it.
     [[nodiscard]] QByteArrayList sent_before_box(const Settings_Lines& lines) const;
@@ -76,7 +76,7 @@ public:
     [[nodiscard]] QByteArrayList sent_in_second_part(const Settings_Lines& lines) const {
         return sent_before_box(lines) + sent_after_box(lines);
     }
-    /// How many commands a whole load sends.
+    /// How many commands a complete load sends.
     [[nodiscard]] int sent_count() const { return is_pro() ? 17 : 16; }
 
     const Switch_Model model;

@@ -14,7 +14,7 @@
 
 #include <csignal>
 
-/// A save that ends the unmodified program, on a screen, worked from outside.
+/// A save that ends the unmodified program, on a screen, operated from outside.
 class Test_Settings_Abort : public QObject {
     Q_OBJECT
 
@@ -33,13 +33,13 @@ QPoint centre_in(const QWidget& window, const QString& button_name) {
     return button.mapTo(&window, button.rect().center());
 }
 
-/// A radio button takes a click on its mark, not in its empty middle.
+/// A radio button accepts a click on its mark, not in its empty middle.
 QPoint mark_in(const QWidget& window, const QString& button_name) {
     const auto& button = find_child<QAbstractButton>(window, button_name);
     return button.mapTo(&window, QPoint(10, button.height() / 2));
 }
 
-/// Where the save button takes a click, from a window of the test's own.
+/// Where the save button accepts a click, taken from a window that the test creates.
 QPoint place_of_save_button() {
     Lite_Fixture lite;
     lite.open();
@@ -77,7 +77,7 @@ void Test_Settings_Abort::a_report_without_custom_entries_ends_the_program_at_a_
     QVERIFY(!window.isEmpty());
     QVERIFY(wait_until([&] { return device.received_commands().contains("//BP"); }, 20'000));
 
-    // Enough for the controls, and a report with nothing in it.
+    // A report that enables the controls and contains nothing else.
     device.send("KM\n");
     const QString box = desktop.find_window("Information");
     QVERIFY(desktop.press(box, "Return"));
@@ -92,12 +92,12 @@ void Test_Settings_Abort::a_report_without_custom_entries_ends_the_program_at_a_
     QVERIFY(desktop.press(dialog, "a"));
     QVERIFY(desktop.press(dialog, "Return"));
     QVERIFY(program.wait_for_end(20'000));
-    // An abort by the uncaught exception, and not a crash of any other kind.
+    // An abort by the uncaught exception, not another crash.
     QCOMPARE(program.ending_signal(), SIGABRT);
     QVERIFY2(program.errors().contains("terminate called after throwing an instance of "
                                        "'std::out_of_range'"),
              program.errors().constData());
-    // The file has not been begun.
+    // The file has not been created.
     QCOMPARE(QDir(home.path()).entryList(QDir::Files | QDir::System), QStringList());
 }
 

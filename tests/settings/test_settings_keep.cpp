@@ -19,7 +19,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-/// What a save leaves of the file that was there, and of its surroundings.
+/// What a save preserves of the earlier file and of its environment.
 class Test_Settings_Keep : public QObject {
     Q_OBJECT
 
@@ -50,13 +50,13 @@ private slots:
     void what_failed_is_told_to_a_developer_only();
 
 private:
-    /// Saves over the file, which the dialog asks about.
+    /// Overwrites the file, which the dialog asks about.
     [[nodiscard]] bool save_over(const QString& path);
     [[nodiscard]] QStringList names_in_folder() const {
         return QDir(fixture->path(""))
             .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
     }
-    /// A whole file as this model writes it.
+    /// A complete file as this model writes it.
     [[nodiscard]] static bool is_whole(const QByteArray& text, const Settings_Fixture& window) {
         return text.startsWith("KM Control: //c1\nUSB Control: ") &&
                text.endsWith(window.is_pro() ? "\nAudio chacked state: ALL\n"
@@ -129,7 +129,7 @@ void Test_Settings_Keep::what_is_no_regular_file_is_not_written() {
     for (const char* name : {"pipe", "link", "/dev/null", "/dev/full"}) {
         const QString path = QDir(fixture->path("")).filePath(name);
         const bool is_link = QFileInfo(path).isSymLink();
-        // Who opens the pipe for writing waits for ever, as nobody reads from it.
+        // Opening the pipe for writing would block for ever, because nobody reads from it.
         QVERIFY2(save_over(path), fixture->robot.why());
         struct stat found = {};
         QCOMPARE(stat(path.toUtf8(), &found), 0);
@@ -265,7 +265,7 @@ void Test_Settings_Keep::owner_and_group_are_kept() {
     const uid_t owner = geteuid() == 0 ? 1234 : geteuid();
     const gid_t group = another_group();
     if (chown(fixture->path().toUtf8(), owner, group) != 0) {
-        // In a namespace root may have no other ids to give.
+        // In a namespace root may have no other ids.
         QVERIFY(errno == EINVAL || errno == EPERM);
         QSKIP("no other owner to be had here");
     }
@@ -349,7 +349,7 @@ void Test_Settings_Keep::what_failed_is_told_to_a_developer_only() {
 
 int main(int argc, char** argv) {
     ignore_full_disk_signal();
-    // The rules of the surroundings would win over those of the test.
+    // The rules in the environment would override those of the test.
     qunsetenv("QT_LOGGING_RULES");
     QApplication application(argc, argv);
     Test_Settings_Keep test;

@@ -9,7 +9,7 @@
 #include <QFileDialog>
 #include <QTest>
 
-/// Loading a good file: what goes to the switch and when, and what the widgets show.
+/// Loading a valid file: what is sent to the switch and when, and what the widgets show.
 class Test_Settings_Load : public QObject {
     Q_OBJECT
 
@@ -198,7 +198,8 @@ void Test_Settings_Load::the_unit_is_what_the_file_says() {
     }
 }
 
-// Answers arrive in pieces all the while: the notices among them move the boxes to where they are.
+// Answers arrive in pieces all the time: the notices among them set the boxes to their current
+// values.
 void Test_Settings_Load::every_switch_answer_during_a_load_is_served() {
     lines["Limit Ports: "] = "//D4";
     lines["Grid settings: "] = "//FF01B06FF02B07FF03B10FF04B11";
@@ -225,12 +226,12 @@ void Test_Settings_Load::a_confirmed_layout_is_read_back_and_nothing_else() {
     QVERIFY2(fixture->wait_for_second_part(), fixture->robot.why());
     QVERIFY(wait_until(
         [&] { return fixture->window_fixture.device.received_commands().contains("//BP"); }));
-    // A Pro's last lines wait for its box, and the switch does not.
+    // A Pro's last lines wait for its box; the switch does not wait.
     QByteArrayList sent = fixture->window_fixture.commands();
     QVERIFY(sent.indexOf("//BP") >= fixture->sent_before_box(lines).size());
     QCOMPARE(sent.removeAll("//BP"), 1);
     QCOMPARE(sent, fixture->sent_in_second_part(lines));
-    // The unit has taken the second digit 3 for channel 3, and channel 4 has stayed.
+    // The unit has used the second digit 3 for channel 3, and channel 4 is unchanged.
     QVERIFY(wait_until(
         [&] { return Layout_Table(fixture->window_fixture).picture() == "...d/.12./..3./...."; }));
     QCOMPARE(fixture->window_fixture.commands(), QByteArrayList());

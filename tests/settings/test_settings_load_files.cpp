@@ -11,7 +11,7 @@
 
 #include <sys/stat.h>
 
-/// Files of all kinds: other line ends, bytes that are no text, and paths with nothing to read.
+/// Files of all kinds: other line ends, bytes that are not text, and paths that can't be read.
 class Test_Settings_Load_Files : public QObject {
     Q_OBJECT
 
@@ -46,7 +46,7 @@ private:
 
 namespace {
 
-/// After a load in which every line is missing, beginning with a filled page.
+/// The state after a load in which every line is missing, into a filled page.
 const Snapshot snapshot_without_lines = {{"km", "0"},       {"usb", "0"},
                                          {"limit", "-1"},   {"roll", "0"},
                                          {"mode", "0"},     {"parking", "0|0"},
@@ -55,7 +55,7 @@ const Snapshot snapshot_without_lines = {{"km", "0"},       {"usb", "0"},
                                          {"label 2", ""},   {"label 3", ""},
                                          {"label 4", ""},   {"fields", "100|100|DESK"}};
 
-/// A file without labels brings an error box for each custom entry, and one at the mouse mode for
+/// A file without labels causes an error box for each custom entry, and one at the mouse mode for
 /// the empty label.
 constexpr int first_errors_without_lines = 4;
 constexpr int mode_errors_without_lines = 1;
@@ -99,7 +99,7 @@ void Test_Settings_Load_Files::a_last_line_without_an_end_counts() {
     QCOMPARE(fixture->window_fixture.commands().constLast(), QByteArray("//km"));
 }
 
-// Every value runs to the end of the file, and the switch gets all that unchanged.
+// Every value extends to the end of the file, and the switch gets it unchanged.
 void Test_Settings_Load_Files::a_file_with_bare_carriage_returns_is_one_long_line() {
     const QByteArray text = lines.text("\r");
     QVERIFY2(fixture->load_first_part(fixture->write(text)), fixture->robot.why());
@@ -184,11 +184,11 @@ void Test_Settings_Load_Files::a_path_with_nothing_to_read_is_a_file_without_lab
     QTest::addColumn<QString>("path");
     QTest::addRow("no such file") << "/nowhere/to/be/found/settings.txt";
     QTest::addRow("a file in place of the folder") << "/dev/null/settings.txt";
-    // It opens, and the first reading fails.
+    // It can be opened, but the first read fails.
     QTest::addRow("a file that can't be read on") << "/proc/self/mem";
     QTest::addRow("a high surrogate alone") << QString(QChar(0xD83D)) + ".txt";
     QTest::addRow("a low surrogate alone") << QString("a") + QChar(0xDDA5);
-    // Opening it would wait for a writer.
+    // Opening it would block until there is a writer.
     QTest::addRow("a pipe") << "pipe";
     QTest::addRow("a link to a pipe") << "link";
     // It would never end.
@@ -208,7 +208,7 @@ void Test_Settings_Load_Files::a_path_with_nothing_to_read_is_a_file_without_lab
 void Test_Settings_Load_Files::a_folder_is_entered_and_not_loaded() {
     QVERIFY(QDir(QDir::homePath()).mkdir("folder"));
     fixture->expect_file_dialog("Select file", choose_file(fixture->path("folder")));
-    // It stands on, in the folder.
+    // It still exists in the folder.
     fixture->expect_file_dialog("Select file", press_key(Qt::Key_Escape));
     fixture->window_fixture.button("pushButton_Load_Settings_File").click();
     QVERIFY2(fixture->robot.done(), fixture->robot.why());

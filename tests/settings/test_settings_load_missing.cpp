@@ -6,7 +6,7 @@
 
 #include <QTest>
 
-/// What each line of a file does when it is missing: the rest of the file is loaded as ever.
+/// The effect of each missing line of a file: the rest of the file is loaded as usual.
 class Test_Settings_Load_Missing : public Line_Load_Test {
     Q_OBJECT
 
@@ -70,7 +70,7 @@ void Test_Settings_Load_Missing::a_missing_line() {
     lines.remove(label);
     QVERIFY2(load(first_part_errors, second_part_errors, mode_errors), fixture->robot.why());
     QCOMPARE(look_at(*fixture), good_snapshot(*fixture, changed));
-    // The place of a command that is missing is taken by a lone carriage return.
+    // A lone carriage return is sent instead of a missing command.
     QCOMPARE(fixture->window_fixture.commands(),
              lines.values(first_part_labels) + fixture->sent_in_second_part(lines));
 }

@@ -115,7 +115,7 @@ void Test_Settings_Load_Overlap::off_between_the_parts_applies_the_second_and_se
     QVERIFY2(fixture->wait_for_second_part(), fixture->robot.why());
     QCOMPARE(fixture->window_fixture.combo("comboBox_USB_Control").currentIndex(), 2);
     QCOMPARE(fixture->window_fixture.label("label_Custom_4").text(), "500 499 SOFA");
-    // What the switch hears next is the greeting of the next connection.
+    // The next commands that the switch receives are the questions of the next connection.
     fixture->window_fixture.button("pushButton_ON_Connection").click();
     QCOMPARE(fixture->window_fixture.commands(), fixture->start_commands());
 }

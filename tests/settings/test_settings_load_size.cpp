@@ -8,8 +8,8 @@
 
 #include <ctime>
 
-/// The processor time of this process since the object was made, which no load of the machine
-/// moves.
+/// The processor time of this process since the object was created, which does not depend on the
+/// load of the machine.
 class Processor_Time {
 public:
     [[nodiscard]] qint64 elapsed() const {
@@ -20,7 +20,7 @@ private:
     std::clock_t start = std::clock();
 };
 
-/// Files far larger than any unit's settings: they load, and the time of each part is told.
+/// Files far larger than any unit's settings: they load, and the time of each part is printed.
 class Test_Settings_Load_Size : public QObject {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ private:
 namespace {
 
 constexpr int megabyte = 1'000'000;
-/// Far above what is needed, far below what a user would take for a crash.
+/// Far above what is needed, far below what a user would consider a crash.
 constexpr int max_part = 120'000;
 
 } // namespace

@@ -5,7 +5,7 @@
 
 #include <QTest>
 
-/// What a line does whose value has the wrong form: the rest of the file is loaded as ever.
+/// The effect of a line whose value has the wrong form: the rest of the file is loaded as usual.
 class Test_Settings_Load_Wrong : public Line_Load_Test {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ private slots:
 };
 
 void Test_Settings_Load_Wrong::initTestCase_data() {
-    // In loads a Plus differs from a Lite in nothing, and each of the many rows takes a second.
+    // A Plus loads files exactly as a Lite does, and each of the many rows takes a second.
     QTest::addColumn<Switch_Model>("model");
     QTest::newRow("Lite") << Switch_Model::lite;
     QTest::newRow("Pro") << Switch_Model::pro;
@@ -136,7 +136,7 @@ void Test_Settings_Load_Wrong::a_custom_line_is_read_from_its_sixteenth_characte
     lines["Custom mouse movement setting 2: "] = value;
     QVERIFY2(load(errors, 0), fixture->robot.why());
     QCOMPARE(look_at(*fixture).value("names"), names);
-    // The command goes out whole.
+    // The command is sent completely.
     QCOMPARE(fixture->window_fixture.commands().value(2), value);
 }
 

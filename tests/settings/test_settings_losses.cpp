@@ -8,7 +8,7 @@
 
 #include <QTest>
 
-/// What the user guide warns of: ways to lose settings without a word.
+/// The warnings of the user guide: how settings can be lost without a message.
 class Test_Settings_Losses : public QObject {
     Q_OBJECT
 
@@ -87,8 +87,8 @@ void Test_Settings_Losses::a_saved_box_that_stands_over_a_load_costs_a_pro_its_a
     QVERIFY2(fixture->load_first_part(fixture->write(lines.text(), "other.txt")),
              fixture->robot.why());
     QVERIFY2(fixture->wait_for_second_part(), fixture->robot.why());
-    // The part is called once more while the box stands, as by the timer of a load just before; its
-    // own box lies over the first.
+    // The part is called again while the box is open, as by the timer of an earlier load; its own
+    // box covers the first.
     fixture->expect_file_dialog("Save Settings File", choose_file(fixture->path()));
     fixture->robot.expect({.text = "File saved", .action = [&](QWidget&) {
                                const bool called = QMetaObject::invokeMethod(
@@ -145,7 +145,7 @@ void Test_Settings_Losses::a_report_that_comes_between_the_parts_keeps_its_names
     QVERIFY2(fixture->load_first_part(fixture->write(lines.text())), fixture->robot.why());
     fixture->expect_applied_box();
     QCOMPARE(custom_items(), file_names);
-    // The answer comes only now, with the names that the unit had when it was asked.
+    // The answer arrives only now, with the names that the unit had when it received the question.
     fixture->window_fixture.device.send(status_report(asked) + information_report(asked) +
                                         layout_report(asked));
     QVERIFY(wait_until([&] { return fixture->robot.done() && custom_items().size() > 4; }, 20'000));

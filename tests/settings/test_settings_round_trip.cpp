@@ -33,7 +33,7 @@ private slots:
 private:
     [[nodiscard]] bool save_from_source(const QString& path);
     [[nodiscard]] bool load_into_target(const QString& path);
-    /// The widgets of a window, one text for each.
+    /// The content of a window's widgets, one text for each.
     QStringList widget_texts(const Untimed_Window& window) const;
 
     QTemporaryDir folder;
@@ -92,7 +92,7 @@ private:
 
 QByteArray without_blanks(QByteArray text) { return text.replace(" ", ""); }
 
-/// What the other unit is after a load: the file of a Lite does not carry everything.
+/// The state of the other unit after a load: the file of a Lite does not contain everything.
 Switch_State expected_unit(const Switch_State& saved, const Switch_State& before) {
     Switch_State state = saved;
     state.hotkey_trigger = before.hotkey_trigger;
@@ -102,7 +102,7 @@ Switch_State expected_unit(const Switch_State& saved, const Switch_State& before
     for (Custom_Entry& entry : state.custom_entries) {
         entry.name = without_blanks(entry.name);
     }
-    // Gray channels are both written as channel 3: the last one counts, channel 4 stays.
+    // Gray channels are both written as channel 3: the last one counts, channel 4 is unchanged.
     if (saved.port_limit < 4) {
         state.layout_positions[2] = saved.layout_positions[3];
         state.layout_positions[3] = before.layout_positions[3];
@@ -110,7 +110,7 @@ Switch_State expected_unit(const Switch_State& saved, const Switch_State& before
     return state;
 }
 
-/// All that a file could carry, one text for each setting.
+/// All that a file can contain, one text for each setting.
 QStringList unit_texts(const Switch_State& state) {
     QStringList texts = {QString("km %1 usb %2 limit %3")
                              .arg(state.km_channel)
@@ -224,7 +224,7 @@ void Test_Settings_Round_Trip::what_a_file_carries_arrives_in_widgets_and_unit()
         QCOMPARE(unit_texts(target->device.unit().state()),
                  unit_texts(expected_unit(saved, before)));
         QCOMPARE(widget_texts(*target), widget_texts(*source));
-        // The two that differ by rule: the blank before Y, and the mode of a Lite.
+        // The two expected differences: the blank before Y, and the mode of a Lite.
         QCOMPARE(static_cast<QLineEdit&>(target->widget("lineEdit_MouseParking_y")).text(),
                  ' ' + QString::number(saved.parking_y));
         QCOMPARE(

@@ -31,7 +31,7 @@ private slots:
     void with_nothing_chosen_the_commands_say_so();
 
 private:
-    /// The value of a line of the file that is saved now.
+    /// The value of a line in a file saved now.
     QByteArrayList saved_lines();
 
     std::unique_ptr<Settings_Fixture> fixture;
@@ -101,7 +101,7 @@ void Test_Settings_Save::a_silent_switch_gives_a_file_of_start_values_and_empty_
     fixture->window_fixture.open();
     fixture->expect_file_dialog("Save Settings File", choose_file(fixture->path()));
     fixture->expect_saved_box();
-    // The button is out of reach as long as no switch has answered.
+    // The button can't be reached as long as no switch has answered.
     QVERIFY(!fixture->window_fixture.button("pushButton_Create_Settings_File").isEnabled());
     QVERIFY(fixture->window_fixture.run_slot("on_pushButton_Create_Settings_File_clicked"));
     QCOMPARE(Settings_Fixture::read(fixture->path()),
@@ -168,7 +168,7 @@ void Test_Settings_Save::a_name_with_blanks_keeps_them_in_the_data_line_only() {
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(10), "Custom mouse movement setting 2: //MM C2 101 102 MYBIGDESK");
     QCOMPARE(lines.value(14), "Data from mouse movement label 2: 101 102 MY  BIG DESK");
-    // Nothing squeezes a single blank at the end.
+    // Nothing removes a single blank at the end.
     QCOMPARE(lines.value(11), "Custom mouse movement setting 3: //MM C3 103 104 ");
     QCOMPARE(lines.value(15), "Data from mouse movement label 3: 103 104 ");
 }
@@ -179,7 +179,7 @@ void Test_Settings_Save::custom_figures_come_from_the_report_and_the_name_from_t
     fixture->custom_field("X").setText("7");
     fixture->custom_field("Y").setText("8");
     fixture->custom_submit().click();
-    // The switch has not been asked again yet.
+    // The tool has not sent its questions again yet.
     const QByteArrayList lines = saved_lines();
     QCOMPARE(lines.value(9), "Custom mouse movement setting 1: //MM C1 100 100 two words ");
     QCOMPARE(lines.value(13), "Data from mouse movement label 1: 100 100 DESK");
@@ -220,7 +220,7 @@ void Test_Settings_Save::the_file_holds_what_the_widgets_show() {
     fixture->window_fixture.combo("comboBox_Enable_or_Disable_Cursor_Roll").setCurrentIndex(1);
     fixture->window_fixture.button("pushButton_OFF_Beep").click();
     fixture->window_fixture.resolution(2).setCurrentIndex(12);
-    // Typed, and not applied.
+    // Typed, but not applied.
     fixture->window_fixture.line_edit("lineEdit_MouseParking_x").setText("7");
     fixture->window_fixture.line_edit("lineEdit_MouseParking_y").setText("99");
     const QByteArrayList lines = saved_lines();

@@ -12,7 +12,7 @@
 #include <QFileInfo>
 #include <QTest>
 
-/// The way to a settings file: its dialog, its box, and paths of all kinds.
+/// How a settings file is saved: the dialog, the box, and paths of all kinds.
 class Test_Settings_Save_Dialog : public QObject {
     Q_OBJECT
 
@@ -38,7 +38,7 @@ private slots:
     void the_look_up_of_coordinates_is_logged_on_the_lite_only();
 
 private:
-    /// How a file of a new unit ends.
+    /// The last lines of a new unit's file.
     QByteArray last_lines() const {
         return QByteArray("\nMouse Mode: //ks\n") +
                (fixture->is_pro() ? "Audio settings: //a 0\nAudio chacked state: ALL\n" : "");

@@ -37,8 +37,8 @@ bool Untimed_Window::wait_until_obeyed() {
     device.clear_record();
     controller().terminal.clear();
     controller().session.writer.writeCommand(std::string(marker));
-    // A notice may have emptied the reply buffer; the terminal shows every answer. A layout that
-    // was confirmed on the way is asked for and answered after the marker.
+    // A notice may have emptied the reply buffer; the terminal shows every answer. The tool reads
+    // back a layout confirmed meanwhile, which is answered after the marker.
     return wait_until([&] {
         return device.received_commands().contains(QByteArray::fromStdString(marker)) &&
                device.all_sent() &&

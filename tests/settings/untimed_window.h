@@ -5,8 +5,8 @@
 #include "sim/simulated_switch.h"
 #include "tests/support/bare_window.h"
 
-/// A Lite window on its own switch whose waits a test ends itself. For tests that go through
-/// hundreds of units.
+/// A Lite window on its own switch whose waits the test ends itself. For tests with hundreds of
+/// units.
 class Untimed_Window : public Bare_Window {
 public:
     Untimed_Window();
@@ -15,7 +15,7 @@ public:
     /// Asks the switch for everything and applies the report as soon as it is complete.
     [[nodiscard]] bool read_unit();
 
-    /// Everything sent until now has been carried out by the switch, and answered.
+    /// Waits until the switch has executed and answered everything sent so far.
     [[nodiscard]] bool wait_until_obeyed();
 
     QWidget& widget(const QString& name) const;

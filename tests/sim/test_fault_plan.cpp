@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-/// How answers are spoiled, without any line.
+/// How faults change answers, without a line.
 class Test_Fault_Plan : public QObject {
     Q_OBJECT
 

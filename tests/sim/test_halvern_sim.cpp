@@ -11,7 +11,7 @@
 
 #include <csignal>
 
-/// halvern-sim as a person runs it: as a separate program.
+/// halvern-sim as a user runs it: as a separate program.
 class Test_Halvern_Sim : public QObject {
     Q_OBJECT
 

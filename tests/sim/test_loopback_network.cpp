@@ -5,8 +5,8 @@
 #include <QProcess>
 #include <QTest>
 
-/// The library that keeps programs on the loopback where they can't have a private network.
-/// Each of the small programs here has it preloaded, so nothing is sent elsewhere.
+/// The library that keeps programs on the loopback where they can't have a private network. Each of
+/// the small programs here preloads it, so nothing is sent elsewhere.
 class Test_Loopback_Network : public QObject {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ namespace {
 
 constexpr int patience_ms = 20'000;
 
-/// Numbers that another run of this test at the same time hardly has.
+/// Numbers that a simultaneous run of this test is unlikely to have.
 int own_number() { return 60 + static_cast<int>(QCoreApplication::applicationPid() % 90); }
 QString own_port() { return QString::number(30'000 + QCoreApplication::applicationPid() % 20'000); }
 
@@ -83,7 +83,7 @@ void Test_Loopback_Network::port_23_stands_at_another_port_in_truth() {
     QCOMPARE(listener.line(), QString("listening at port 23"));
     QFile sockets("/proc/net/udp");
     QVERIFY(sockets.open(QIODevice::ReadOnly));
-    // As the kernel writes 127.N.0.2, its bytes from the right, and 20023.
+    // 127.N.0.2 and 20023 as the kernel prints them, the address with its bytes in reverse order.
     const QByteArray in_truth =
         "0200" + QByteArray::number(own_number(), 16).rightJustified(2, '0').toUpper() + "7F:4E37 ";
     QVERIFY(sockets.readAll().contains(in_truth));
@@ -105,7 +105,7 @@ void Test_Loopback_Network::networks_of_other_numbers_hear_nothing() {
 void Test_Loopback_Network::whatever_is_not_the_loopback_is_unreachable_data() {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("said");
-    // Addresses for documentation, which nobody has.
+    // Addresses reserved for documentation, which nobody uses.
     QTest::newRow("a datagram") << QStringList({"ask", "192.0.2.1", "23", "question", "0"})
                                 << "sendto: Network is unreachable";
     QTest::newRow("a network's broadcast")

@@ -10,7 +10,7 @@
 #include <QSerialPortInfo>
 #include <QTest>
 
-/// The list of ports that stands in for the machine's own.
+/// The simulated list of ports, which replaces the machine's own.
 class Test_Port_List : public QObject {
     Q_OBJECT
 
@@ -68,7 +68,7 @@ QProcessEnvironment environment_with(const QStringList& ports) {
 }
 
 QProcessEnvironment preloading(QProcessEnvironment environment) {
-    // By its file alone: in a list of libraries to preload a blank would part a path.
+    // By file name only: a space would split a path in a list of libraries to preload.
     const QFileInfo library(HALVERN_PORT_LIST_PRELOAD);
     environment.insert("LD_PRELOAD", library.fileName());
     environment.insert("LD_LIBRARY_PATH", library.path());
@@ -77,7 +77,7 @@ QProcessEnvironment preloading(QProcessEnvironment environment) {
 }
 
 /// The files to which the dynamic linker has bound the libudev functions that QSerialPortInfo
-/// calls, by its own account.
+/// calls, as it reports itself.
 QSet<QString> files_asked(const char* program, QProcessEnvironment environment) {
     environment.insert("LD_DEBUG", "bindings");
     environment.insert("LD_BIND_NOW", "1");

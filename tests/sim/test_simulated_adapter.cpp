@@ -9,7 +9,7 @@
 #include <QCoreApplication>
 #include <QTest>
 
-/// The simulated adapter itself: the frames it turns down, and the switch behind its port 23.
+/// The simulated adapter itself: the frames it rejects, and the switch behind its port 23.
 class Test_Simulated_Adapter : public QObject {
     Q_OBJECT
 
@@ -72,7 +72,7 @@ public:
         socket.waitForConnected();
     }
 
-    /// Sends each command as a separate datagram and waits for so many datagrams in return.
+    /// Sends each command as a separate datagram and waits for this number of answers.
     QByteArrayList ask(const QByteArrayList& commands, int datagrams) {
         for (const QByteArray& command : commands) {
             socket.write(command + '\r');

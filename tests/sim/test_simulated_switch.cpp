@@ -21,7 +21,7 @@
 #include <sys/ioctl.h>
 #include <termios.h>
 
-/// The simulated switch, met by a real QSerialPort in the same thread.
+/// The simulated switch, connected to a real QSerialPort in the same thread.
 class Test_Simulated_Switch : public QObject {
     Q_OBJECT
 
@@ -147,7 +147,7 @@ void Test_Simulated_Switch::nothing_is_echoed() {
     Simulated_Switch device;
     device.send("\r\n\x03");
     Reader reader(device);
-    // Newer versions of Qt drop what came in before they opened the line.
+    // Newer versions of Qt drop what arrived before they opened the line.
     device.send("end");
     QVERIFY(wait_until([&] { return reader.text().endsWith("end"); }));
     QCOMPARE(device.received_bytes(), "");
@@ -290,7 +290,7 @@ void Test_Simulated_Switch::a_line_whose_lock_file_is_still_there_is_not_taken()
     QFile lock_file("/var/lock/LCK.." + earlier->port_name().replace('/', '_'));
     QVERIFY(lock_file.open(QIODevice::WriteOnly));
     const auto remove_file = qScopeGuard([&] { lock_file.remove(); });
-    // The system gives the lowest number that is free.
+    // The system assigns the lowest free number.
     earlier.reset();
     const Simulated_Switch device;
     QVERIFY2(device.device_name() != name, qPrintable(name));
@@ -313,7 +313,7 @@ void Test_Simulated_Switch::a_vanished_switch_takes_what_it_is_told_without_harm
     device.send("late");
     device.press_hotkey(1);
     device.vanish();
-    // The answer that was due must not come any more.
+    // The pending answer must not arrive any more.
     QVERIFY(!wait_until([&] { return pieces.size() > 0; }, 60));
     QVERIFY(device.all_sent());
     QCOMPARE(device.device_name(), name);

@@ -10,7 +10,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-/// What a person can do at the prompt of halvern-sim.
+/// The commands at the prompt of halvern-sim.
 class Test_Simulator_Console : public QObject {
     Q_OBJECT
 
@@ -35,7 +35,7 @@ private slots:
 
 namespace {
 
-/// A console whose output is gathered, and the tool's end of its last unit's line.
+/// A console whose output is collected, and the tool's end of its last unit's line.
 class Console_And_Reader {
 public:
     explicit Console_And_Reader(const Simulator_Options& options = {})

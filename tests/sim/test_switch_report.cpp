@@ -24,7 +24,7 @@ private slots:
 
 namespace {
 
-/// Every setting away from the factory's, and as long as it gets.
+/// Every setting different from the factory's, and as long as possible.
 Switch_State changed_state() {
     Switch_State state;
     state.km_channel = 2;

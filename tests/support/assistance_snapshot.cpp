@@ -18,7 +18,8 @@ constexpr std::array control_roles = {QAccessible::Button,       QAccessible::Ch
                                       QAccessible::RadioButton,  QAccessible::ComboBox,
                                       QAccessible::EditableText, QAccessible::Table};
 
-/// On Linux a box is called by its label, or else described, and its name is what is chosen in it.
+/// The caption of a control. On Linux the name of a combo box is its chosen item; its caption is
+/// its label, or else its description.
 QString heard_name(const QAccessibleInterface& control) {
     if (control.role() == QAccessible::ComboBox) {
         for (const auto& [label, relation] : control.relations(QAccessible::Label)) {

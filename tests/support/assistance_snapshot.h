@@ -6,13 +6,13 @@
 
 class QWidget;
 
-/// What a screen reader hears of each control of a window, on all its pages: "object name: name",
-/// from the tree that Qt hands to it.
+/// What a screen reader gets of each control of a window, on all its pages: "object name: name",
+/// from Qt's accessibility tree.
 QStringList heard_names(QWidget& window);
 
-/// What it hears of the filled cells of the table with this object name, row by row.
+/// What it gets of the filled cells of the table with this object name, row by row.
 QStringList heard_cells(QWidget& window, const QString& table);
 
-/// The object names of what Tab leads to, from the widget that has the focus until it comes back
-/// there, or has been pressed 100 times.
+/// The object names of the widgets that Tab reaches, from the one that has the focus until it has
+/// the focus again, or after 100 presses.
 QStringList tab_walk(QWidget& window);

@@ -11,15 +11,15 @@
 
 struct Model_Traits;
 
-/// A main window of any model, made of the product's form and controller, that connects to nothing
-/// by itself. Its slots have the names by which the form's widgets and the timers find them in the
-/// product's windows.
+/// A main window of any model with the product's form and controller, which does not connect to
+/// anything itself. Its slots have the names by which widgets and timers find them in the product's
+/// windows.
 class Bare_Window : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// Whether timers do what they do in the product, or nothing, so that a test calls at its own
-    /// time what they would have called.
+    /// Whether timers call their slots as in the product, or do nothing, so that a test calls the
+    /// slots itself.
     enum class Timers { run, ended_by_test };
 
     Bare_Window(const Model_Traits& model_traits, Timers timers);
@@ -34,7 +34,7 @@ protected:
     void make_controller();
 
 public slots:
-    // What devices and timers call.
+    // Called by devices and timers.
     void serialRecieve();
     void get_data_from_TQL_by_serial_port();
     void set_current_layout_from_buff();
@@ -45,7 +45,7 @@ public slots:
     void disable_refresh_button();
 
 private slots:
-    // What moves when the program writes into the widgets.
+    // Called when the program writes into the widgets.
     void on_comboBox_KM_Control_currentIndexChanged();
     void on_comboBox_USB_Control_currentIndexChanged();
     void on_comboBox_Select_Display_Mode_currentIndexChanged();

@@ -7,7 +7,7 @@
 #include <iostream>
 #include <sstream>
 
-/// Takes over std::cout for its lifetime.
+/// Captures std::cout for its lifetime.
 class Captured_Output {
 public:
     Captured_Output() : earlier(std::cout.rdbuf(text.rdbuf())) {}

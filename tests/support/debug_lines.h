@@ -6,8 +6,8 @@
 
 #include <cstring>
 
-/// Switches the tool's debug lines on for the length of a test, whatever the environment's logging
-/// rules say.
+/// Switches the tool's debug lines on for the duration of a test, whatever the environment's
+/// logging rules say.
 class Debug_Lines {
 public:
     Debug_Lines() {

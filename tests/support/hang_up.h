@@ -4,7 +4,7 @@
 
 class QSerialPort;
 
-/// Whether the other end of a port's line has gone, by the system's word: some versions of Qt raise
-/// an error then, others do not.
+/// Whether the other end of a port's line is gone, according to the system: some versions of Qt
+/// raise an error then, others do not.
 /// @param port open.
 [[nodiscard]] bool is_hung_up(const QSerialPort& port);

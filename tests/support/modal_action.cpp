@@ -16,7 +16,7 @@ namespace {
 
 QString plain_caption(const QAbstractButton& button) { return button.text().remove('&'); }
 
-/// Where a user would click. A radio button or a check box takes clicks on its mark and its caption
+/// Where a user would click. A radio button or a check box accepts clicks on its mark and caption
 /// only, and may be wider than both together.
 QPoint click_point(const QAbstractButton& button) {
     constexpr int inside_the_mark = 10;
@@ -25,7 +25,7 @@ QPoint click_point(const QAbstractButton& button) {
     return has_mark ? QPoint(inside_the_mark, middle.y()) : middle;
 }
 
-/// Clicks the first usable button that fits; otherwise tells which there are.
+/// Clicks the first enabled button that matches; otherwise lists the existing ones.
 QString press_first(const QWidget& modal, const QString& wanted,
                     const std::function<bool(const QAbstractButton&)>& fits) {
     QStringList others;
@@ -95,8 +95,7 @@ Modal_Action choose_file(const QString& path) {
         if (edit == nullptr || buttons == nullptr) {
             return QString("not a file dialog of Qt's own");
         }
-        // Not key by key: each key would start the completer, which looks into the folder
-        // meanwhile.
+        // Not key by key: each key would start the completer, which reads the folder meanwhile.
         edit->setText(path);
         for (QAbstractButton* button : buttons->buttons()) {
             if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole) {

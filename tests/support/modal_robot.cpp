@@ -36,7 +36,7 @@ Modal_Snapshot look_at(const QWidget& modal) {
     return snapshot;
 }
 
-/// Nothing if the widget fits, otherwise each point in which it does not.
+/// Nothing if the widget matches, otherwise each difference.
 QStringList differences(const Modal_Expectation& wanted, const Modal_Snapshot& snapshot,
                         const QWidget& modal) {
     QStringList points;
@@ -134,7 +134,7 @@ void Modal_Robot::meet_again(QWidget& modal) {
         expectations.pop_front();
         all_snapshots.append(snapshot);
         waited = std::chrono::milliseconds(0);
-        // It may be on its way out: between the end of a box above it and its own. Then the
+        // It may be about to close, between the end of a box above it and its own. Then the
         // expectation is for the next widget.
         act(modal, wanted.action, [this, wanted] {
             expectations.push_front(wanted);
@@ -184,7 +184,7 @@ void Modal_Robot::dismiss(QWidget& modal, const QString& failure) {
         if (auto* dialog = qobject_cast<QDialog*>(&widget)) {
             dialog->reject();
         }
-        // A widget that refuses to close would keep the test for ever.
+        // A widget that refuses to close would block the test for ever.
         if (still_there && still_there->isVisible()) {
             still_there->hide();
         }

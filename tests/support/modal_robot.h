@@ -16,7 +16,7 @@
 #include <functional>
 #include <optional>
 
-/// What a modal widget looked like when the robot met it.
+/// The look of a modal widget when the robot found it.
 struct Modal_Snapshot {
     QString class_name;
     QString object_name;
@@ -31,8 +31,7 @@ struct Modal_Snapshot {
     QString to_string() const;
 };
 
-/// What the next modal widget has to look like, and what is to be done with it. What is left out is
-/// not looked at.
+/// How the next modal widget must look, and what to do with it. What is left out is not checked.
 struct Modal_Expectation {
     QString class_name = {}; ///< the class or one it inherits
     std::optional<QString> object_name = {};
@@ -50,10 +49,10 @@ struct Modal_Expectation {
 ///     button.click();
 ///     QVERIFY2(robot.done(), robot.why());
 ///
-/// It watches the active modal widget from a timer and holds each new one against the next
-/// expectation. A widget that does not fit, or that nobody expects, is recorded as a failure and
-/// closed, so that no test hangs. A widget that stays open after its action is patiently held
-/// against the next expectation, and closed with a failure when the patience ends.
+/// It watches the active modal widget from a timer and compares each new one with the next
+/// expectation. A widget that does not match, or that nobody expects, is recorded as a failure and
+/// closed, so that no test hangs. A widget that stays open after its action is compared with the
+/// next expectation for some time, and then closed with a failure.
 class Modal_Robot : public QObject {
     Q_OBJECT
 
@@ -66,15 +65,15 @@ public:
     /// How long a widget may stay open after its action, 5 seconds unless set.
     void set_patience(std::chrono::milliseconds new_patience) { patience = new_patience; }
 
-    /// Whether everything expected has come and been answered, and nothing else.
+    /// Whether everything expected was shown and answered, and nothing else.
     bool done() const { return expectations.empty() && failure_texts.isEmpty(); }
 
     /// Why done() is false, for QVERIFY2. Valid until the next call.
     const char* why() const;
 
-    /// Everything met, in order, fitting or not.
+    /// Everything found, in order, whether it matched or not.
     const QList<Modal_Snapshot>& snapshots() const { return all_snapshots; }
-    /// For tests that meet hundreds.
+    /// For tests with hundreds of them.
     void forget_snapshots() { all_snapshots = {}; }
 
     const QStringList& failures() const { return failure_texts; }
@@ -93,7 +92,7 @@ private:
     std::deque<Modal_Expectation> expectations;
     QList<Modal_Snapshot> all_snapshots;
     QStringList failure_texts;
-    /// Widgets met and not hidden since, the newest last.
+    /// Widgets found and not hidden since, the newest last.
     QList<QPointer<QWidget>> known;
     QPointer<QWidget> awaiting_action;
     std::chrono::milliseconds patience{5000};
@@ -101,5 +100,6 @@ private:
     mutable QByteArray why_text;
 };
 
-/// The visible top-level windows of this process, as "Class name". Empty after a tidy test.
+/// The visible top-level windows of this process, as "Class name". Empty after a test that closes
+/// its windows.
 QStringList windows_left();

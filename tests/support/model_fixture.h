@@ -11,8 +11,8 @@
 /// the connection wizard.
 std::unique_ptr<Window_Fixture> make_model_fixture(Switch_Model model, Modal_Robot& robot);
 
-/// What a model has or does that another does not. It stands here on its own, so that a wrong row
-/// of the tool's table is noticed.
+/// The differences between the models. Written out here, so that a wrong row of the tool's table is
+/// noticed.
 struct Model_Facts {
     bool has_audio;
     bool has_network;

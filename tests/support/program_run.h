@@ -16,17 +16,17 @@
 struct Program_Setting {
     QString program;
     QStringList arguments = {};
-    QStringList ports = {}; ///< device names of the only serial ports that it shall see
+    QStringList ports = {}; ///< device names of the only serial ports that it sees
     QString display = {};   ///< an X display such as ":7"; empty runs it without any
     QMap<QString, QString> environment = {}; ///< further variables
 };
 
-/// A program, such as the real tool, run as it is: as a child process that sees the given serial
+/// A program, such as the real tool, run unmodified: as a child process that sees the given serial
 /// ports and no others. The child is killed with this object if it has not ended by then. Time is
 /// real as long as this object exists.
 class Program_Run {
 public:
-    /// Starts the program. Whether that worked shows in started().
+    /// Starts the program. started() returns whether that worked.
     explicit Program_Run(const Program_Setting& setting);
     ~Program_Run();
 
@@ -37,9 +37,9 @@ public:
 
     bool has_ended() const { return process.state() == QProcess::NotRunning; }
 
-    /// Serves events, so that simulated switches in this process answer meanwhile, until the
-    /// program has ended.
-    /// @return whether it has ended in time.
+    /// Processes events, so that simulated switches in this process answer, until the program has
+    /// ended.
+    /// @return whether it ended in time.
     [[nodiscard]] bool wait_for_end(int milliseconds = 10'000);
 
     /// The status the program ended with; nothing while it runs, or if a signal ended it.
@@ -52,7 +52,7 @@ public:
     const QByteArray& output();
     const QByteArray& errors();
 
-    /// The way to its input, its process id and its signals.
+    /// For its input, its process id and its signals.
     QProcess& child() { return process; }
 
 private:

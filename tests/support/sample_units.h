@@ -4,9 +4,9 @@
 
 #include "sim/switch_state.h"
 
-/// A unit after long use: every setting but the buzzer is away from a new unit's, and every one
-/// from where a form starts. A test that needs another unit changes this one at the points that
-/// matter to it.
+/// A unit after long use: every setting except the buzzer differs from a new unit's, and every
+/// setting from the form's initial content. A test that needs another unit changes only the
+/// settings that matter to it.
 inline Switch_State used_unit() {
     Switch_State state;
     state.km_channel = 3;

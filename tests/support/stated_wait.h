@@ -6,8 +6,8 @@
 
 #include <chrono>
 
-/// Nothing if a wait measured in virtual time has its stated length, otherwise its length. The
-/// clock goes on a little with each look at the events, and some event loops round up to
+/// Nothing if a wait measured in virtual time has the expected length, otherwise its length. The
+/// clock advances a little with each look at the events, and some event loops round up to
 /// milliseconds.
 inline QByteArray wrong_wait(std::chrono::nanoseconds measured, std::chrono::milliseconds stated) {
     constexpr std::chrono::milliseconds early{1};

@@ -15,7 +15,7 @@
 
 #include <csignal>
 
-/// What all other tests share, but for the robot.
+/// The helpers that all other tests share, except the robot.
 class Test_Support : public QObject {
     Q_OBJECT
 

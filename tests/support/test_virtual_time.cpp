@@ -17,7 +17,7 @@
 
 using namespace std::chrono_literals;
 
-/// The clock on which the tests measure waits.
+/// The clock with which the tests measure waits.
 class Test_Virtual_Time : public QObject {
     Q_OBJECT
 

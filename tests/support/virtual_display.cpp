@@ -5,8 +5,8 @@
 Virtual_Display::Virtual_Display(const QString& screen) {
     constexpr int max_start = 20'000;
     // The server writes its display number to the given file, here its output, once it is ready.
-    // Without -noreset it starts anew whenever its last client leaves, and a client that comes just
-    // then may wait for ever.
+    // Without -noreset it restarts whenever its last client disconnects, and a client that connects
+    // at that moment may wait for ever.
     server.start("Xvfb",
                  {"-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp", "-noreset"});
     QByteArray number;

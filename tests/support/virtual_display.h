@@ -5,8 +5,8 @@
 #include <QProcess>
 #include <QString>
 
-/// An X server without a screen (Xvfb) of the test's own, on the first free display number. It ends
-/// with this object.
+/// The test's own X server without a screen (Xvfb), on the first free display number. It ends with
+/// this object.
 class Virtual_Display {
 public:
     /// Starts the server and waits until it can be used.

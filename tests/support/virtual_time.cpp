@@ -24,10 +24,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// What a round of events, or a look at the wall clock, takes, so that a loop that does nothing else
-// comes to its end.
+// The virtual time of one round of events, or of reading the wall clock, so that a loop that does
+// nothing else ends.
 constexpr nanoseconds look_length = 10us;
-// A sleep gives way to others really, but not for long.
+// A sleep really yields to others, but not for long.
 constexpr nanoseconds max_real_sleep = 1ms;
 
 constexpr int processor_bits = 64;
@@ -41,10 +41,11 @@ struct Clock {
     nanoseconds wall_ahead{0};  ///< of virtual_now, while virtual
 };
 
-/// Of the main thread only: Qt Test watches it from another, by real time. Set up before any code
-/// runs, for the clock is read before that.
+/// Of the main thread only: Qt Test watches it from another, by real time. Initialised before any
+/// code runs, because the clock is read early.
 constinit Clock the_clock;
-/// A bit for each processor by way of which datagrams have been sent and not followed yet.
+/// A bit for each processor on which datagrams have been sent and their arrival has not been
+/// awaited yet.
 constinit std::atomic<std::uint64_t> sending_processors = 0;
 
 bool is_main_thread() {
@@ -76,7 +77,7 @@ void choose_clock() {
     }
     const nanoseconds real_now = read_machine_clock(CLOCK_MONOTONIC);
     if (wants_virtual) {
-        // Whole milliseconds, as a timer's length: else some event loops round up.
+        // Whole milliseconds, like a timer's length: otherwise some event loops round up.
         the_clock.virtual_now =
             std::chrono::ceil<std::chrono::milliseconds>(real_now + the_clock.ahead);
         the_clock.wall_ahead = read_machine_clock(CLOCK_REALTIME) - the_clock.virtual_now;
@@ -91,13 +92,13 @@ int poll_really(pollfd* files, nfds_t count, const timespec* timeout, const sigs
     if (timeout != nullptr) {
         left = *timeout;
     }
-    constexpr size_t signal_set_bytes = 8; // the kernel's own, not the C library's
+    constexpr size_t signal_set_bytes = 8; // the kernel's size, not the C library's
     return static_cast<int>(syscall(SYS_ppoll, files, count, timeout != nullptr ? &left : nullptr,
                                     mask, signal_set_bytes));
 }
 
-/// Sends a datagram to itself by way of one processor, and waits for it. A processor hands on what
-/// is sent over the loopback in order, at once or, when it is busy, a little later.
+/// Sends a datagram to itself on one processor, and waits for it. A processor delivers what is sent
+/// over the loopback in order, at once or, when it is busy, a little later.
 void follow_datagrams(int own_socket, int processor) {
     cpu_set_t only;
     CPU_ZERO(&only);
@@ -152,7 +153,7 @@ int poll_in_time(pollfd* files, nfds_t count, const timespec* timeout, const sig
         return poll_really(files, count, timeout, mask);
     }
     constexpr timespec at_once{.tv_sec = 0, .tv_nsec = 0};
-    // To ask a terminal also hands on what has been written at its other end.
+    // Querying a terminal also delivers what has been written at its other end.
     int ready = poll_really(files, count, &at_once, mask);
     const nanoseconds length = length_of(*timeout);
     if (ready == 0 && length > 0ns) {
@@ -171,7 +172,8 @@ void sleep_in_time(const timespec& length) {
 
 } // namespace
 
-// These stand before the C library's own, for Qt's shared libraries and for GLib as well.
+// These take precedence over the C library's functions, for Qt's shared libraries and for GLib as
+// well.
 
 extern "C" int clock_gettime(clockid_t clock, timespec* time) noexcept {
     if (!is_main_thread() || (clock != CLOCK_MONOTONIC && clock != CLOCK_REALTIME)) {

@@ -24,24 +24,24 @@ class Window_Fixture {
     const Virtual_Time time;
 
 public:
-    /// Only the switch stands at first, so that its state and its faults can be set.
+    /// At first there is only the switch, so that its state and its faults can be set.
     explicit Window_Fixture(Switch_Model model);
-    /// Deletes the window and leaves no port listed.
+    /// Deletes the window and clears the list of ports.
     virtual ~Window_Fixture();
 
     Window_Fixture(const Window_Fixture&) = delete;
     Window_Fixture& operator=(const Window_Fixture&) = delete;
 
-    /// Lists the ports, makes the window and shows it. The switch has not been served yet.
+    /// Lists the ports, creates the window and shows it. The switch has not processed events yet.
     void open();
 
     /// As open(), and waits until the switch has answered.
     [[nodiscard]] bool open_connected();
 
-    /// As open(), and waits until the first report has filled the pages. What the switch has
-    /// received until then is forgotten.
-    /// @param text what comes in ahead of the first report. Newer versions of Qt drop what came in
-    ///             before they opened the line, so it is sent behind the opening.
+    /// As open(), and waits until the first report has filled the pages. Then clears what the
+    /// switch has received.
+    /// @param text what arrives before the first report. Newer versions of Qt drop what arrived
+    ///             before they opened the line, so it is sent after the opening.
     [[nodiscard]] bool open_filled(const QByteArray& text = {});
 
     /// Deletes the window, as the end of the program does.
@@ -51,8 +51,8 @@ public:
 
     // What the window shows.
     [[nodiscard]] bool is_connected() const; ///< the indicator is green
-    /// The custom names of a report stand in the resolution boxes. A refresh takes them out at
-    /// once and the report puts them back.
+    /// The custom names of a report are in the resolution boxes. A refresh removes them at once and
+    /// the report inserts them again.
     [[nodiscard]] bool is_filled() const;
     [[nodiscard]] bool wait_connected() const;
     [[nodiscard]] bool wait_filled() const;
