@@ -10,13 +10,13 @@
 #include <future>
 #include <memory>
 
-/// The program may block its one thread on purpose: a search and a login take some seconds.
+/// The program may block its only thread on purpose: a search and a login take some seconds.
 inline constexpr std::chrono::seconds gui_patience{120};
 
-/// Runs a look at the widgets in the program's own thread, in whatever event loop stands there at
-/// the moment, and waits for the answer.
+/// Reads the widgets in the program's own thread, in whichever event loop runs there, and waits for
+/// the answer.
 /// @param look must not throw and must not open a modal dialog.
-/// @throws Step_Failed if the thread does not get to it.
+/// @throws Step_Failed if the thread does not run it in time.
 template <typename Look>
 auto in_gui(Look look) -> decltype(look()) {
     const auto promise = std::make_shared<std::promise<decltype(look())>>();

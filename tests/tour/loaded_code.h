@@ -8,12 +8,12 @@
 /// Where the program's code comes from.
 namespace loaded_code {
 
-/// The folder that holds the installed program, and below it or in the system's own folders all
-/// that it loads. Ends with a slash.
+/// The folder of the installed program: all that it loads must be below it or in the system's own
+/// folders. Ends with a slash.
 QString home();
 
-/// Files that the program runs code of and that come from elsewhere, but for the tour's own.
-/// @throws Step_Failed if that can't be found out.
+/// Files with code of the program that come from elsewhere, except the tour's own.
+/// @throws Step_Failed if this can't be determined.
 QStringList foreign_files();
 
 } // namespace loaded_code

@@ -31,7 +31,7 @@ QWidgetList visible_windows() {
 
 QTableWidget* grid() { return qobject_cast<QTableWidget*>(on_screen::find("tableWidget")); }
 
-/// A radio button or a check box answers on its mark and its text, which stand at the left.
+/// A radio button or a check box accepts clicks on its mark and its text, which are at the left.
 QPoint answering_spot(const QWidget& widget) {
     const auto* button = qobject_cast<const QAbstractButton*>(&widget);
     if (button == nullptr || !button->isCheckable()) {
@@ -161,7 +161,7 @@ bool on_screen::save_picture(const QString& path) {
     QRect seen;
     for (const QWidget* window : QApplication::topLevelWidgets()) {
         if (window->isVisible()) {
-            // A widget may have asked for its frame too early, and keeps what it was told.
+            // A widget may have asked for its frame too early, and keeps this answer.
             seen |= window->windowHandle()->frameGeometry();
         }
     }

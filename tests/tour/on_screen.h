@@ -9,12 +9,12 @@
 
 #include <optional>
 
-/// What can be seen of the program's windows. To be called in the program's thread.
+/// What is visible of the program's windows. To be called in the program's thread.
 namespace on_screen {
 
-/// The widget of a name in the dialog that waits for an answer, otherwise in any visible window.
-/// Where no widget has the name, one whose name goes on with "_2" counts: the Pro's form has some.
-/// @return null if there is none.
+/// The widget of a name in the dialog that waits for an answer, otherwise in any visible window. If
+/// there is none, a widget with "_2" after this name counts: the Pro's form has some.
+/// @return null if there is no such widget.
 QWidget* find(const QString& object_name);
 
 /// What a widget shows: the text of a label, button or field, the item of a combo box, "checked" or
@@ -40,11 +40,11 @@ QWidget* dialog_button(const QString& caption);
 /// Class and name of the visible windows.
 QString windows();
 
-/// Whether a window of the program has the focus, can be seen, and has got its frame from the
-/// window manager, which the program hears of a little later.
+/// Whether a window of the program has the focus, is visible, and has its frame from the window
+/// manager, which the program learns a little later.
 bool is_painted();
 
-/// Paints the program's windows anew.
+/// Repaints the program's windows.
 void repaint();
 
 /// Saves what the screen shows of the program's windows.

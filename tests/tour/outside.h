@@ -7,13 +7,13 @@
 
 #include <chrono>
 
-/// What the tour reaches outside of the program that it is in: the display's input, the units'
-/// console, and whoever reads along. On Linux these are other processes and inherited streams. A
-/// program of Windows under Wine has no such ties, and gets there by connections on the loopback.
+/// What the tour uses outside of the program that it runs in: the display's input, the units'
+/// console, and the tour's output. On Linux these are other processes and inherited streams. A
+/// Windows program under Wine has no such streams and uses connections on the loopback.
 namespace outside {
 
-/// Gives mouse and keyboard events to the X server.
-/// @throws Step_Failed if that is refused.
+/// Sends mouse and keyboard events to the X server.
+/// @throws Step_Failed if the server refuses them.
 void xdotool(const QStringList& arguments);
 
 /// The next bytes that the units print; empty if none come in time.
@@ -27,10 +27,10 @@ void ask_units(const QByteArray& line);
 /// @throws Step_Failed if that does not come.
 void await_painted();
 
-/// Prints a line for whoever watches the tour.
+/// Prints a line for the user who watches the tour.
 void print(const QString& line);
 
-/// Ends the ties. To be called last, by the thread that has used them.
+/// Closes the connections. To be called last, by the thread that has used them.
 void leave();
 
 } // namespace outside

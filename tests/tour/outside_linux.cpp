@@ -47,7 +47,7 @@ void outside::ask_units(const QByteArray& line) {
 }
 
 void outside::await_painted() {
-    // What was painted has gone to the X server already.
+    // What was painted has already been sent to the X server.
 }
 
 void outside::print(const QString& line) {

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int connection_patience_ms = 120'000;
 
-/// A connection to this machine, at the port that an environment variable names. The other end may
+/// A connection to the port of this machine that an environment variable names. The other end may
 /// need a moment until it listens.
 class Connection {
 public:
@@ -77,8 +77,8 @@ Connection& opened(std::unique_ptr<Connection>& connection, const char* port_var
 
 Connection& units() { return opened(units_connection, "HALVERN_TOUR_UNITS_PORT"); }
 
-/// Each line is a request, its words parted by tabs; each is answered by a line that is empty or
-/// names what went wrong.
+/// Each line is a request, its words separated by tabs; the answer is a line that is empty or
+/// contains the error.
 QByteArray answer_to(const QStringList& words) {
     Connection& connection = opened(helper_connection, "HALVERN_TOUR_HELPER_PORT");
     connection.write_line(words.join('\t').toUtf8());
@@ -101,7 +101,7 @@ QByteArray outside::units_output(std::chrono::milliseconds patience) {
 void outside::ask_units(const QByteArray& line) { units().write_line(line); }
 
 void outside::await_painted() {
-    // Wine gives it to the X server when the program's thread has nothing left to do.
+    // Wine sends it to the X server when the program's thread has nothing left to do.
     const auto promise = std::make_shared<std::promise<void>>();
     const auto idle = promise->get_future();
     in_gui([promise] {
@@ -115,7 +115,7 @@ void outside::await_painted() {
 }
 
 void outside::print(const QString& line) {
-    // A line of the tour has no line ends of its own, but reasons of a failure may.
+    // A line of the tour contains no line ends, but the reason of a failure may.
     for (const QString& part : line.split('\n')) {
         answer_to({"print", part});
     }

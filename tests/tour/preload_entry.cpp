@@ -4,12 +4,12 @@
 
 #include <QCoreApplication>
 
-/// The way into the unmodified program on Linux: this library is preloaded.
+/// The entry into the unmodified program on Linux: this library is preloaded.
 
 namespace {
 
 void enter() {
-    // Whatever the program or the tour starts is not to be visited.
+    // The tour must not run in programs that the program or the tour starts.
     qunsetenv("LD_PRELOAD");
     begin_tour();
 }

@@ -14,7 +14,7 @@ namespace {
 const char layout_line[] = "//FF0";
 const char audio_line[] = "**A";
 
-/// Picks the other one of the two listed ports, which opens it and asks its unit.
+/// Chooses the other one of the two listed ports, which opens it and queries its unit.
 void switch_to_second_unit(Tour_Driver& driver) {
     const QString second_port = in_gui([] {
         const auto* ports = qobject_cast<QComboBox*>(on_screen::find("comboBox_SelectPort"));
@@ -25,7 +25,7 @@ void switch_to_second_unit(Tour_Driver& driver) {
     see_factory_settings(driver);
 }
 
-/// Both units say the same of themselves.
+/// Both units report the same settings.
 void compare_units(Tour_Driver& driver, const QString& last_line) {
     const QString first = driver.units.report(1, last_line);
     const QString second = driver.units.report(2, last_line);

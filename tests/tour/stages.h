@@ -9,16 +9,16 @@
 /// The names of the stages are padded to this width in front of every line.
 inline constexpr int stage_column = 13;
 
-/// The stages of the tour. Each is one run of the program from the model dialog to the closing of
-/// its window, beside two units of the model.
+/// The stages of the tour. Each is one run of the program with two units of the model, from the
+/// model dialog to the closing of its window.
 ///
-/// @param settings_file to be made on the way.
+/// @param settings_file is created by the stage.
 void take_lite_tour(Tour_Driver& driver, const QString& settings_file);
 void take_plus_serial_tour(Tour_Driver& driver, const QString& settings_file);
 void take_pro_serial_tour(Tour_Driver& driver, const QString& settings_file);
 void take_plus_adapter_tour(Tour_Driver& driver, const QString& settings_file);
 void take_pro_adapter_tour(Tour_Driver& driver, const QString& settings_file);
 
-/// The shortest way through a program that was installed: the Lite up to its filled page, and a
-/// look at where the program, its libraries and its logo come from.
+/// A short run of an installed program: the Lite up to its filled page, and a check where the
+/// program, its libraries and its logo come from.
 void take_installed_tour(Tour_Driver& driver, const QString& settings_file);

@@ -6,7 +6,7 @@
 
 #include <stdexcept>
 
-/// What was seen instead of what should have been. It ends the tour.
+/// What was found instead of what was expected. It ends the tour.
 class Step_Failed : public std::runtime_error {
 public:
     explicit Step_Failed(const QString& reason) : std::runtime_error(reason.toStdString()) {}

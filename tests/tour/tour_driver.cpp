@@ -25,10 +25,10 @@ namespace {
 
 /// A busy machine may need half a minute for one list to open under Wine.
 constexpr qint64 patience_ms = 120'000;
-/// From one look at the windows to the next.
+/// The interval between two looks at the windows.
 constexpr unsigned long look_again_ms = 15;
 
-/// Looks until something is there.
+/// Repeats a look until it finds something.
 template <typename Look>
 auto await(const QString& what, const Look& look) -> typename decltype(look())::value_type {
     QElapsedTimer waited;
@@ -64,7 +64,7 @@ void Tour_Driver::click_on(const QString& what, const std::function<QWidget*()>&
         QWidget* widget = find();
         return widget == nullptr ? std::nullopt : on_screen::clickable_spot(*widget);
     };
-    // A window that has just come up may still be moved by the window manager.
+    // The window manager may still move a window that has just appeared.
     for (;;) {
         const QPoint spot = await(what + " to click", spot_now);
         QThread::msleep(look_again_ms);
@@ -113,7 +113,7 @@ void Tour_Driver::drag_tile(int from_cell, int to_cell) {
 
 void Tour_Driver::choose_file(const QString& path, const QString& button) {
     type("fileNameEdit", path);
-    // The list of matching names would take the click.
+    // The list of matching names would get the click.
     if (in_gui([] { return QApplication::activePopupWidget() != nullptr; })) {
         x11_input::press_key("Escape");
         see("the file dialog alone", [] { return QApplication::activePopupWidget() == nullptr; });
@@ -122,8 +122,8 @@ void Tour_Driver::choose_file(const QString& path, const QString& button) {
 }
 
 void Tour_Driver::close_window() {
-    // The outermost button at the right of the title bar, as all window managers have it. A key for
-    // it only some have.
+    // The outermost button at the right of the title bar, as all window managers have it. Only some
+    // have a key for it.
     x11_input::click_at(in_gui([] {
         const QWindow& window = *QApplication::activeWindow()->windowHandle();
         const QRect frame = window.frameGeometry();

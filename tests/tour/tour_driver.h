@@ -9,30 +9,30 @@
 
 #include <functional>
 
-/// Who takes the tour: does with mouse and keyboard what a person would, and tells what is seen.
-/// Runs in a thread of its own, so that it can go on while a dialog of the program waits.
+/// Drives the tour: does with mouse and keyboard what a user would, and reports what is shown. Runs
+/// in its own thread, so that it can continue while a dialog of the program waits.
 ///
-/// Widgets go by their object names. Every action waits until it can be done, and everything looked
-/// for is waited for; what does not come ends the tour with Step_Failed.
+/// Widgets are given by their object names. Every action waits until it is possible, and every
+/// check waits until it holds; after a time limit the tour ends with Step_Failed.
 class Tour_Driver {
 public:
     /// @param stage_name in front of every line and picture.
     Tour_Driver(const QString& stage_name, const QString& picture_folder);
 
     void click(const QString& widget);
-    /// Presses a button of the dialog that waits, by its caption.
+    /// Presses a button of the open dialog, by its caption.
     void click_button(const QString& caption);
-    /// Picks an item by its text, with the keyboard.
+    /// Chooses an item by its text, with the keyboard.
     void choose(const QString& combo_box, const QString& item);
-    /// Replaces what stands in a field.
+    /// Replaces the text of a field.
     void type(const QString& line_edit, const QString& text);
     /// Drags a tile of the layout grid. Cells count from 1 to 16, row by row.
     void drag_tile(int from_cell, int to_cell);
-    /// Names a file in a file dialog and accepts it.
+    /// Types a file name into a file dialog and accepts it.
     void choose_file(const QString& path, const QString& button);
     /// Closes the window in front.
     void close_window();
-    /// Closes the main window, with which the program ends.
+    /// Closes the main window, which ends the program.
     void end_program();
 
     void see(const QString& what, const std::function<bool()>& holds);
@@ -46,16 +46,16 @@ public:
     /// @param unit_number 1 or 2.
     void see_received(int unit_number, const QString& command);
 
-    /// Waits until a layout that a unit has confirmed was asked back and read. Until then the tool
-    /// takes whatever text it has for that layout, and a Refresh would end it.
+    /// Waits until a layout that a unit has confirmed was requested and read back. Until then the
+    /// tool reads any text it has as that layout, and a Refresh would end it.
     void see_layout_read_back(int unit_number);
 
     /// Prints the line that ends a step.
     void report_step(const QString& seen);
-    /// A picture of the program's windows, named after the step it belongs to.
+    /// Takes a picture of the program's windows, named after its step.
     void take_picture(const QString& name);
 
-    /// The units' way of naming themselves; the first and the second.
+    /// The names of the units in their own output, the first and the second.
     QString unit_names[2];
     Unit_Line units;
 

@@ -21,7 +21,7 @@ using outside::xdotool;
 
 namespace {
 
-/// The screen counts its own pixels, of which the program's may take several.
+/// The screen counts device pixels; a pixel of the program may be several of them.
 double pixel_scale() {
     return in_gui([] { return qGuiApp->devicePixelRatio(); });
 }
@@ -31,7 +31,7 @@ QStringList move_to(const QPoint& spot, double scale) {
             QString::number(qRound(spot.y() * scale))};
 }
 
-/// What has come of a drag so far, for both threads.
+/// The progress of a drag, for both threads.
 struct Drag_Progress {
     explicit Drag_Progress(const QPoint& spot) : target(spot) {}
 
@@ -40,10 +40,10 @@ struct Drag_Progress {
     std::atomic<bool> arrived = false;
 };
 
-/// How near the target a drag has arrived, in pixels.
+/// How near a drag must come to its target, in pixels.
 constexpr int reach = 3;
 
-/// Sees what the program's windows hear of a drag.
+/// Records the drag events of the program's windows.
 class Drag_Watch : public QObject {
 public:
     explicit Drag_Watch(std::shared_ptr<Drag_Progress> told) : progress(std::move(told)) {}
@@ -63,7 +63,7 @@ private:
     std::shared_ptr<Drag_Progress> progress;
 };
 
-/// Does something again and again until it has had an effect.
+/// Repeats an action until it has had an effect.
 void go_on_until(const QString& effect, const std::function<bool()>& seen,
                  const std::function<void()>& action) {
     constexpr unsigned long look_again_ms = 15;
@@ -104,8 +104,8 @@ void x11_input::drag(const QPoint& from, const QPoint& to) {
     for (int stop = 1; stop <= stops; ++stop) {
         xdotool(move_to(from + (to - from) * stop / stops, scale));
     }
-    // At the beginning of a drag the event loop of Windows takes nothing but moves of the mouse, so
-    // it can't be asked how far it is. A hand is never quite still.
+    // At the beginning of a drag the event loop of Windows handles only moves of the mouse, so its
+    // progress can't be queried. A user's hand never rests completely either.
     QPoint tremble(1, 0);
     go_on_until(
         "the drag", [&] { return progress->arrived.load(); },

@@ -25,7 +25,7 @@ Adapter_Process::~Adapter_Process() {
 }
 
 QStringList Adapter_Process::lines() {
-    // Without an event loop nobody else fetches what has come in.
+    // Without an event loop nobody else reads the input.
     process.waitForReadyRead(1);
     while (process.canReadLine()) {
         all_lines << QString::fromUtf8(process.readLine()).trimmed();

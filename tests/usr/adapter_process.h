@@ -18,7 +18,7 @@ public:
 
     /// What it has printed so far.
     QStringList lines();
-    /// Those that hold a text.
+    /// The lines that contain a text.
     QStringList lines_with(const QString& text) { return lines().filter(text); }
 
 private:

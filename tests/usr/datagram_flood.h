@@ -8,8 +8,8 @@
 #include <limits>
 #include <thread>
 
-/// A thread that sends the same datagram to a port of the loopback as fast as it can, so often, or
-/// as long as this object exists.
+/// A thread that sends the same datagram to a port of the loopback as fast as it can, a given
+/// number of times, or as long as this object exists.
 class Datagram_Flood {
 public:
     static constexpr int endless = std::numeric_limits<int>::max();
@@ -19,7 +19,7 @@ public:
     Datagram_Flood(const Datagram_Flood&) = delete;
     Datagram_Flood& operator=(const Datagram_Flood&) = delete;
 
-    /// Blocks until so many more have left, or all.
+    /// Blocks until this many more have been sent, or all.
     void wait_for_more(int datagrams) const;
 
 private:
@@ -29,5 +29,5 @@ private:
     std::thread thread;
 };
 
-/// The most memory that this process has ever held, in megabytes.
+/// The peak memory of this process, in megabytes.
 double peak_memory_mb();

@@ -4,7 +4,8 @@
 
 #include "tests/support/modal_robot.h"
 
-/// The next modal widget is a message box in the common look with this text; it is answered by OK.
+/// Expects a message box with the common look and this text as the next modal widget, and presses
+/// OK.
 inline void expect_box(Modal_Robot& robot, QMessageBox::Icon icon, const QString& text) {
     robot.expect({.class_name = "QMessageBox",
                   .title = "Information",

@@ -63,7 +63,7 @@ void block_for_milliseconds(unsigned long milliseconds) {
     }
 }
 
-// The clock goes on as it is read.
+// Does nothing: the clock advances when it is read.
 void wait_for_datagram(const QUdpSocket& /*socket*/, int /*milliseconds*/) {}
 
 qint64 read_wall_clock() {

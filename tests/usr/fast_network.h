@@ -8,8 +8,8 @@
 #include <QByteArrayList>
 
 /// Simulated adapters in the test's own thread: they are served while the tool blocks that thread,
-/// so that a search takes no real time and its outcome does not hang on a race. For programs linked
-/// with fake_waiting. Time is virtual as long as it exists.
+/// so that a search takes no real time and its result does not depend on a race. For programs
+/// linked with fake_waiting. Time is virtual as long as it exists.
 class Fast_Network : public Adapter_Network {
 public:
     Fast_Network();
@@ -20,16 +20,16 @@ public:
 
     /// Every frame broadcast so far, in hexadecimal.
     [[nodiscard]] const QByteArrayList& frames() const { return all_frames; }
-    /// Those of a command, given as two digits such as "03".
+    /// The frames of a command, given as two digits such as "03".
     [[nodiscard]] QByteArrayList frames_of(const QByteArray& command) const;
 
-    /// What the adapters made of the frames, as "127.0.0.2: login, answered".
+    /// The adapters' reactions to the frames, as "127.0.0.2: login, answered".
     [[nodiscard]] const QStringList& notes() const { return all_notes; }
 
     /// Drops the frames and notes so far.
     void forget();
 
-    /// Takes what has been sent since the tool last blocked.
+    /// Processes what has been sent since the tool last blocked.
     void catch_up();
 
 private:
@@ -38,5 +38,5 @@ private:
     QStringList all_notes;
 };
 
-/// Lets the coming search fail, after it has taken a reply of 3 bytes into its list.
+/// Makes the next search fail after it has added a reply of 3 bytes to its list.
 void spoil_coming_search();

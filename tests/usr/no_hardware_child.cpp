@@ -11,10 +11,10 @@
 #include <QPushButton>
 #include <QTextStream>
 
-/// Makes a hardware dialog in a network without adapters, as its one argument says:
+/// Creates a hardware dialog in a network without adapters, as its argument says:
 ///   construct  there are none from the start
 ///   refresh    they are gone when Refresh is pressed
-///   port       the search port is taken by another program
+///   port       the search port is used by another program
 /// and prints what becomes visible. What follows the process's end is never printed.
 
 namespace {

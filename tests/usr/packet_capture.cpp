@@ -17,7 +17,7 @@ namespace {
 
 constexpr qsizetype max_packet_bytes = 65536;
 
-// Offsets in the IP header, whose length its first byte tells, and in the UDP header behind it.
+// Offsets in the IP header, whose length is in its first byte, and in the UDP header after it.
 constexpr qsizetype protocol_offset = 9;
 constexpr qsizetype from_offset = 12;
 constexpr qsizetype to_offset = 16;
@@ -34,7 +34,7 @@ QString endpoint(const QByteArray& packet, qsizetype address_offset, qsizetype p
     return address.toString() + '.' + QString::number(port);
 }
 
-/// The next packet that came in over the loopback, which shows each twice; empty if there is none.
+/// The next packet received over the loopback, which reports each twice; empty if there is none.
 QByteArray next_packet(int packet_socket) {
     QByteArray packet(max_packet_bytes, '\0');
     while (true) {
@@ -78,7 +78,7 @@ QList<Captured_Datagram> Packet_Capture::finish() {
         const Captured_Datagram datagram{endpoint(packet, from_offset, 0),
                                          endpoint(packet, to_offset, 2),
                                          packet.mid(ip_header_bytes(packet) + udp_header_bytes)};
-        // What the tests' clock sends to itself, see tests/support/virtual_time.cpp.
+        // Datagrams of the tests' clock to itself, see tests/support/virtual_time.cpp.
         if (!datagram.from.startsWith(clock_address) || !datagram.to.startsWith(clock_address)) {
             datagrams.append(datagram);
         }

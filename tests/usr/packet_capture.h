@@ -14,8 +14,8 @@ struct Captured_Datagram {
     QByteArray payload;
 };
 
-/// What the kernel sends over the loopback of the test's network, seen below UDP. For root of that
-/// network. Time is real as long as it exists.
+/// Captures what the kernel sends over the loopback of the test's network, below UDP. Needs root in
+/// that network. Time is real as long as it exists.
 class Packet_Capture {
 public:
     /// Captures from now on; ends the test program if it can't.

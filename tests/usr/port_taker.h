@@ -5,8 +5,8 @@
 #include "tests/support/debug_lines.h"
 #include "tests/usr/raw_sender.h"
 
-/// Another program that takes the search port just between a spoiled search and its repetition,
-/// where a debug line stands.
+/// Another program that binds the search port exactly between a failed search and its repetition,
+/// when a debug line is printed.
 class Port_Taker {
 public:
     Port_Taker() {

@@ -15,7 +15,7 @@
 
 namespace {
 
-// Holds the name of the network that the program was first started in.
+// Contains the name of the network in which the program was first started.
 constexpr const char* outer_network_variable = "HALVERN_OUTER_NETWORK";
 
 // Root may have no right to map users, and a user has none to a bare network.
@@ -48,8 +48,8 @@ int start_anew(char** argv) {
     return 1;
 }
 
-/// Tells the functions of a Qt test as skipped. The test is asked for their names in a process of
-/// its own and does nothing else: the option takes the place of all its arguments.
+/// Reports the functions of a Qt test as skipped. A separate process of the test prints their names
+/// and does nothing else: the option replaces all its arguments.
 int skip_all(char* program, const std::string& refusal,
              const std::function<int(int, char**)>& run) {
     std::array<int, 2> ends{};
@@ -85,8 +85,8 @@ int skip_all(char* program, const std::string& refusal,
 } // namespace
 
 std::string private_network_refusal() {
-    // Without these tools nothing is refused, and the test has to fail. A system may allow the
-    // namespace and then allow nothing in it.
+    // If these tools are missing, the system refuses nothing, so the test must fail. A system may
+    // allow the namespace but nothing in it.
     FILE* attempt = popen("command -v unshare >/dev/null && command -v ip >/dev/null || exit 127; "
                           "unshare -n ip link set lo up 2>/dev/null || "
                           "unshare -Urn ip link set lo up 2>&1 || exit 1",
@@ -127,7 +127,7 @@ int run_in_private_network(int argc, char** argv, const std::function<int(int, c
         std::fprintf(stderr, "FAIL!  : this is no network of the test's own\n");
         return 1;
     }
-    // Programs that the test starts may make a private network in turn.
+    // Programs that the test starts may themselves create a private network.
     unsetenv(outer_network_variable);
     return run(argc, argv);
 }

@@ -8,7 +8,7 @@
 
 constexpr quint16 search_port = 4242;
 
-/// A foreign program on the loopback that sends what it likes.
+/// Another program on the loopback that sends any datagram.
 class Raw_Sender {
 public:
     /// @return false if the datagram could not be sent.

@@ -35,7 +35,7 @@ void Test_Adapter_Life::a_search_takes_its_fixed_time_and_serves_no_event() {
     const Adapter_Process adapters({"--count", "3"});
     USR_searcher searcher;
     bool event_was_served = false;
-    // Ends with the function, so that the event, served later, doesn't write where the flag was.
+    // Ends with the function, so that a late event does not write to the destroyed flag.
     const QObject while_it_searches;
     QTimer::singleShot(0, &while_it_searches, [&] { event_was_served = true; });
     QElapsedTimer timer;

@@ -151,7 +151,7 @@ void Test_Change_Setting_Dialog::blank_fields_send_the_values_in_force() {
     Modal_Robot robot;
     robot.expect({.class_name = class_name, .action = press_object("pushButton_Apply")});
     expect_information(robot, success);
-    // The name in force is written from its text, whatever the adapter's own reply says.
+    // The current name is written from its text, whatever the adapter's reply contains.
     Shown_Dialog dialog("127.0.0.2", "admin", "admin", "FROM TEXT");
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
@@ -202,7 +202,7 @@ void Test_Change_Setting_Dialog::a_failed_change_is_followed_by_the_success_mess
     robot.expect({.class_name = class_name, .action = apply("WEST WING", "keller", "geheim")});
     expect_warning(robot, "Error in the setup of USR");
     expect_information(robot, success);
-    // As after a reading that failed.
+    // The state after a failed reading.
     Shown_Dialog dialog("-1");
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());

@@ -12,7 +12,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-/// Datagrams of all sizes, senseless content and floods on both sockets of the tool.
+/// Datagrams of all sizes, meaningless content and floods on both sockets of the tool.
 class Test_Hostile_Datagrams : public QObject {
     Q_OBJECT
 
@@ -38,7 +38,7 @@ namespace {
 
 constexpr double max_growth_mb = 200;
 
-/// The datagrams of a flood that ends, and of those how many come while the tool is blocked once.
+/// The datagrams of a finite flood, and how many of them arrive while the tool is blocked once.
 constexpr int whole_flood = 2000;
 constexpr int some = 200;
 
@@ -115,7 +115,7 @@ void Test_Hostile_Datagrams::a_login_survives_an_answer_of_every_size() {
         Fast_Network network;
         Simulated_Adapter& adapter = network.add_adapter();
         adapter.unit().set_faults({.login_answer_bytes = size});
-        // The wrong size is given once: the next attempt finds the adapter in good health.
+        // The wrong size is sent once: the next attempt finds a working adapter.
         connect(&adapter, &Simulated_Adapter::frame_taken, this, [&](const QByteArray& frame) {
             if (frame.at(2) == 3) {
                 adapter.unit().set_faults({});
@@ -154,7 +154,7 @@ void Test_Hostile_Datagrams::a_login_survives_random_answers_of_the_right_size()
 
 void Test_Hostile_Datagrams::a_search_ends_in_a_flood_of_right_replies() {
     const Fast_Network network;
-    // The flood goes on for as long as the search: only the search itself can end.
+    // The flood lasts as long as the search: only the search can end by itself.
     USR_searcher searcher;
     const Datagram_Flood flood(right_reply(), search_port, Datagram_Flood::endless);
     fake_waiting::while_blocked([&] { flood.wait_for_more(some); });
@@ -179,7 +179,7 @@ void Test_Hostile_Datagrams::a_search_ends_when_a_flood_of_wrong_sizes_ends() {
     USR_searcher searcher;
     std::unique_ptr<Datagram_Flood> flood;
     fake_waiting::while_blocked([&] {
-        // Not before the search's socket stands, and before the right reply.
+        // After the search's socket is bound, and before the right reply.
         if (!flood) {
             flood =
                 std::make_unique<Datagram_Flood>(QByteArray(size, 'f'), search_port, whole_flood);
@@ -189,7 +189,7 @@ void Test_Hostile_Datagrams::a_search_ends_when_a_flood_of_wrong_sizes_ends() {
     });
     QCOMPARE(searcher.search_USR_in_network(), 1);
     QCOMPARE_GT(fake_waiting::block_count(), 1);
-    // Behind a right reply in one pass the flood's datagrams take on its size.
+    // After a right reply in the same pass the flood's datagrams are read with its size.
     const QStringList replies = searcher.get_USR_replies();
     QVERIFY(replies.contains(QString(network.adapters().front()->unit().search_reply().toHex())));
     QCOMPARE(replies.filter(QRegularExpression("^[0-9a-f]{72}$")).size(), replies.size());

@@ -20,8 +20,8 @@ using namespace std::chrono_literals;
 using std::chrono::duration_cast;
 using std::chrono::milliseconds;
 
-/// What follows a good Apply in the dialog of the IP settings: the adapter goes away, and is looked
-/// for again after a fixed time, in virtual time.
+/// What follows a successful Apply in the dialog of the IP settings: the adapter disappears, and
+/// the tool searches for it again after a fixed time, in virtual time.
 class Test_IP_Change : public QObject {
     Q_OBJECT
 
@@ -50,7 +50,7 @@ std::unique_ptr<IP_Settings_Dialog> make_dialog(const QString& allocation) {
     return std::make_unique<IP_Settings_Dialog>(adapter_ip, "admin", "admin", allocation);
 }
 
-/// How long after the apply frame the next search came.
+/// The time from the apply frame to the next search.
 class Search_Pause {
 public:
     explicit Search_Pause(const Fast_Network& network) {
@@ -73,7 +73,7 @@ private:
     milliseconds pause{-1};
 };
 
-/// How long after now the first frame comes.
+/// The time from now to the first frame.
 class First_Frame {
 public:
     explicit First_Frame(const Fast_Network& network) {
@@ -93,8 +93,8 @@ private:
 
 QString text_of_box(const QMessageBox* box) { return box ? box->text() : QString(); }
 
-/// Presses a widget as the mouse does, by way of its window: a window that a modal one blocks takes
-/// no notice.
+/// Presses a widget as the mouse does, through its window: a window that is blocked by a modal one
+/// ignores it.
 void press_through_window(const QWidget& widget) {
     QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {},
                       widget.mapTo(widget.window(), widget.rect().center()));
@@ -228,7 +228,7 @@ void Test_IP_Change::closed_during_the_wait_the_dialog_still_finishes() {
     Ip_Dialog_Widgets(*dialog).address.setText(new_ip);
     Modal_Robot robot;
     robot.expect({.class_name = class_name, .action = press_object("pushButton_Apply_IP")});
-    // Once the settings are on their way.
+    // After the settings have been sent.
     robot.expect({.class_name = class_name, .action = [&](QWidget& modal) {
                       const bool is_sent = wait_until(
                           [&] { return !network.frames_of("04").isEmpty(); }, max_wait_ms);

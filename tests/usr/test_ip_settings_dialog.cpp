@@ -9,8 +9,8 @@
 
 #include <QTest>
 
-/// The dialog of the IP settings, up to and including an Apply that fails. What follows a good
-/// Apply is in test_ip_change.
+/// The dialog of the IP settings, up to and including an Apply that fails. What follows a
+/// successful Apply is in test_ip_change.
 class Test_IP_Settings_Dialog : public QObject {
     Q_OBJECT
 
@@ -45,7 +45,7 @@ constexpr const char* adapter_ip = "127.0.0.2";
 const QList<bool> all_enabled(4, true);
 const QList<bool> all_disabled(4, false);
 
-/// Reads the adapter at 127.0.0.2, with the allocation that a login before has read.
+/// Reads the adapter at 127.0.0.2, with the allocation that an earlier login has read.
 class Shown_Dialog : public IP_Settings_Dialog {
 public:
     explicit Shown_Dialog(const QString& allocation)
@@ -198,7 +198,7 @@ void Test_IP_Settings_Dialog::apply_freezes_the_buttons_and_asks_to_wait() {
     QCOMPARE(box->icon(), QMessageBox::Information);
     QCOMPARE(box->windowModality(), Qt::NonModal);
     QVERIFY(box->parent() == nullptr);
-    // Nothing is sent before the box had its time to be painted.
+    // Nothing is sent before the box has had time to be painted.
     QCOMPARE(network.frames().size(), frames_before);
     QVERIFY(wait_until([&] { return network.frames().size() > frames_before; }));
     dismiss_waiting_box();
@@ -298,7 +298,7 @@ void Test_IP_Settings_Dialog::without_an_allocation_nothing_is_applied() {
     Shown_Dialog dialog("80");
     dialog.show();
     const Ip_Dialog_Widgets widgets(dialog);
-    // The form alone never comes to this state.
+    // The form alone never reaches this state.
     for (QRadioButton* button : {&widgets.dhcp, &widgets.fixed}) {
         button->setAutoExclusive(false);
         button->setChecked(false);

@@ -6,7 +6,7 @@
 #include <QProcess>
 #include <QTest>
 
-/// The end of the process when no adapter answers, seen from outside.
+/// The end of the process when no adapter answers, watched from outside.
 class Test_No_Hardware_Online : public QObject {
     Q_OBJECT
 

@@ -11,7 +11,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-/// The harness that keeps broadcasts in a network of the test's own.
+/// The harness that keeps broadcasts in the test's own network.
 class Test_Private_Network : public QObject {
     Q_OBJECT
 
@@ -44,7 +44,7 @@ Run run_child(const QProcessEnvironment& environment,
             output.split('\n', Qt::SkipEmptyParts)};
 }
 
-/// As "net:[4026531840]".
+/// Such as "net:[4026531840]".
 QString own_network() { return QFileInfo(QFile::symLinkTarget("/proc/self/ns/net")).fileName(); }
 
 } // namespace

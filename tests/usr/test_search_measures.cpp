@@ -16,7 +16,7 @@
 using namespace std::chrono_literals;
 
 /// How long a search takes beyond its fixed 1.5 seconds, and how many of the adapters that answer
-/// at once it lists. The figures are printed.
+/// at once it lists. Prints the figures.
 class Test_Search_Measures : public QObject {
     Q_OBJECT
 

@@ -37,7 +37,7 @@ namespace {
 
 constexpr const char* class_name = "Select_connection_method_Dialog";
 
-/// Shows the dialog and does one thing after the other in it.
+/// Shows the dialog and does the actions in order.
 QString run(Select_connection_method_Dialog& dialog, const std::vector<Modal_Action>& actions) {
     Modal_Robot robot;
     robot.expect({.class_name = class_name, .action = in_order(actions)});
@@ -147,7 +147,7 @@ void Test_Select_Connection_Method_Dialog::escape_ends_it_without_any_flag() {
 
 void Test_Select_Connection_Method_Dialog::continue_without_a_method_warns_and_stays_open() {
     Select_connection_method_Dialog dialog;
-    // The form alone never comes to this state.
+    // The form alone never reaches this state.
     for (const char* name : {"radioButton_TCP_IP", "radioButton_RS232"}) {
         auto& button = find_child<QRadioButton>(dialog, name);
         button.setAutoExclusive(false);

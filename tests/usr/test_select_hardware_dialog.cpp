@@ -14,7 +14,7 @@
 #include <QPushButton>
 #include <QTest>
 
-/// The dialog that lists the adapters. What ends the process is tested from outside, in
+/// The dialog that lists the adapters. The ends of the process are tested from outside, in
 /// test_no_hardware_online.
 class Test_Select_Hardware_Dialog : public QObject {
     Q_OBJECT
@@ -69,7 +69,7 @@ QString run(Select_hardware_Dialog& dialog, const Modal_Action& action) {
     return robot.failures().join('\n');
 }
 
-/// Sends these adapters' replies in this order, as one search meets them.
+/// Sends these adapters' replies in this order, in one search.
 void answer_with(const QList<Adapter_State>& states) {
     fake_waiting::while_blocked([states] {
         for (const Adapter_State& state : states) {

@@ -15,7 +15,7 @@
 #include <QScopeGuard>
 #include <QTest>
 
-/// What a developer can have told about the adapter's conversation.
+/// The debug lines about the conversation with the adapter.
 class Test_USR_Diagnostics : public QObject {
     Q_OBJECT
 
@@ -119,7 +119,7 @@ void Test_USR_Diagnostics::a_frame_that_could_not_be_sent_is_told() {
     const int setup = configurator.setup_USR();
     qInstallMessageHandler(earlier);
     QVERIFY(change_route("add"));
-    // As stated: the adapter confirms nothing, and a frame that was not sent is no failure.
+    // The adapter confirms nothing, and a frame that was not sent is not a failure.
     QCOMPARE(setup, 1);
     const QString all = told_lines().join('\n');
     QVERIFY2(all.contains("broadcast goes by \"no interface: "), qPrintable(all));
@@ -162,7 +162,7 @@ void Test_USR_Diagnostics::no_user_name_or_password_is_ever_told() {
 }
 
 int main(int argc, char** argv) {
-    // What is on by itself is to be seen, not what the environment asks for.
+    // The defaults are tested, not the rules in the environment.
     qunsetenv("QT_LOGGING_RULES");
     return run_test_in_private_network(argc, argv, [](int count, char** values) {
         const QApplication application(count, values);

@@ -18,7 +18,7 @@
 #include <memory>
 #include <stdexcept>
 
-/// The adapter search, in a time of the test's own.
+/// The adapter search, with the test's own clock.
 class Test_USR_Searcher : public QObject {
     Q_OBJECT
 
@@ -51,7 +51,7 @@ namespace {
 
 using Entry = QPair<QString, QString>;
 
-/// Sender and reply of each entry; the lists have to be of one length.
+/// Sender and reply of each entry; the lists must have the same length.
 QList<Entry> entries_of(const USR_searcher& searcher) {
     const QStringList replies = searcher.get_USR_replies();
     const USR_Address_List addresses = searcher.get_USR_addresses();
@@ -106,7 +106,7 @@ void Test_USR_Searcher::the_search_listens_for_a_whole_second_even_after_an_answ
     QCOMPARE(searcher.search_USR_in_network(), 1);
     const qint64 listened = read_wall_clock() - before;
     QCOMPARE_GE(listened, 1'000'000'000);
-    // The clock goes on by 10 ms at each reading.
+    // The clock advances by 10 ms at each reading.
     QCOMPARE_LE(listened, 1'050'000'000);
     QCOMPARE(fake_waiting::block_count(), 1);
     QCOMPARE(fake_waiting::blocked_milliseconds(), 500u);
@@ -325,7 +325,7 @@ void Test_USR_Searcher::a_failure_of_the_repetition_is_shown_once() {
 }
 
 void Test_USR_Searcher::the_stopwatch_measures_from_start_to_stop_or_now() {
-    // The clock goes on by 10 ms at each reading.
+    // The clock advances by 10 ms at each reading.
     fake_waiting::reset();
     Search_stopwatch stopwatch;
     QCOMPARE(stopwatch.elapsed_milliseconds(), 0.0);

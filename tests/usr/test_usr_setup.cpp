@@ -18,8 +18,8 @@ bool memory_is_short = false;
 
 } // namespace
 
-// The linker sends the calls of text_to_hex_field() here (see CMakeLists.txt): its memory can run
-// out on demand, which no outside input can cause.
+// The linker redirects the calls of text_to_hex_field() to here (see CMakeLists.txt): it can run
+// out of memory on demand, which no input can cause.
 QString real_text_to_hex_field(const QString& text,
                                qsizetype width) __asm__("__real__Z17text_to_hex_fieldRK7QStringx");
 QString
@@ -138,7 +138,7 @@ void Test_USR_Setup::an_adapter_that_is_not_there_is_written_to_without_mac_addr
     Writing_Configurator configurator;
     QCOMPARE(configurator.setup_USR(), 1);
     network.catch_up();
-    // Neither MAC address nor name is known.
+    // The tool knows neither MAC address nor name.
     QCOMPARE(network.frames_of("05").first().size(), 2 * (89 - 6 - 6 - 16));
     QCOMPARE(network.frames_of("04").first().size(), 2 * (22 - 6));
 }

@@ -9,7 +9,7 @@
 #include <QApplication>
 #include <QTest>
 
-/// A whole change of settings, below UDP.
+/// A complete change of settings, below UDP.
 class Test_Wire_Capture : public QObject {
     Q_OBJECT
 
