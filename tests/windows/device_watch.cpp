@@ -29,7 +29,7 @@ QStringList Device_Watch::events() const {
         }
         std::size_t offset = 0;
         while (offset < static_cast<std::size_t>(count)) {
-            // Events of a single file carry no name, so that all are of one size.
+            // Events of a single file contain no name, so all have the same size.
             inotify_event event = {};
             std::memcpy(&event, block.data() + offset, sizeof event);
             words.append((event.mask & IN_OPEN) != 0 ? "open" : "close");

@@ -5,10 +5,10 @@
 #include <QString>
 #include <QStringList>
 
-/// Counts how often a device file is opened and closed, by whomever, as the kernel reports it.
+/// Counts how often a device file is opened and closed, by any process, as the kernel reports it.
 class Device_Watch {
 public:
-    /// Watches from now on. The test program ends if the file cannot be watched.
+    /// Starts to watch. The test program ends if the file cannot be watched.
     explicit Device_Watch(const QString& device_name);
     ~Device_Watch();
 

@@ -21,8 +21,8 @@ bool is_main_window_visible() {
 
 } // namespace
 
-/// Makes a Lite window and serves it as the tool does, for a test that watches how the process
-/// ends. It answers the first message box and tells on the standard output what it looked like.
+/// Runs a Lite window as the tool does, for a test that watches how the process ends. Answers the
+/// first message box and prints what it looked like.
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     Modal_Robot robot;

@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-/// The controls of the Lite's first page: what each sends, and what keeps it from sending.
+/// The controls of the Lite's first page: what each sends, and what prevents it from sending.
 class Test_Configuration : public QObject {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ private slots:
     void nothing_is_sent_while_writing_is_disabled();
 
 private:
-    /// What choosing each of the items in turn makes the switch hear.
+    /// What the switch receives when each of the items is chosen in turn.
     QByteArrayList commands_of_items(const QString& box, const QList<int>& items);
     void be_silent();
     void type_and_leave(const QString& field, const QString& text);
@@ -87,7 +87,7 @@ void Test_Configuration::cleanup() {
     QCOMPARE(windows_left(), QStringList());
 }
 
-/// So that no notice moves a box between two choices.
+/// So that no notice changes a box between two choices.
 void Test_Configuration::be_silent() {
     Fault_Plan plan;
     plan.silence = true;
@@ -103,7 +103,7 @@ QByteArrayList Test_Configuration::commands_of_items(const QString& box, const Q
 
 void Test_Configuration::type_and_leave(const QString& field, const QString& text) {
     QLineEdit& edit = lite->line_edit(field);
-    // A field whose window is not active gets no focus, and so loses none.
+    // A field whose window is not active gets no focus, so it cannot lose it.
     lite->window().activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&lite->window()));
     edit.setFocus();
@@ -280,8 +280,8 @@ void Test_Configuration::off_leaves_the_values_and_deadens_the_page() {
 }
 
 void Test_Configuration::a_box_changed_while_ui_changes_are_disabled_sends_nothing() {
-    // A load whose dialog is open has lowered the flag; the custom names are out already, for
-    // taking them out would raise it again.
+    // A load whose dialog is open has cleared the flag; the custom names are removed before,
+    // because removing them would set it again.
     lite->button("pushButton_Refresh").click();
     QCOMPARE(lite->commands().size(), 3);
     robot->expect({.class_name = "QFileDialog", .action = [this](QWidget& dialog) {
@@ -294,7 +294,7 @@ void Test_Configuration::a_box_changed_while_ui_changes_are_disabled_sends_nothi
                        for (int channel = 1; channel <= 4; ++channel) {
                            lite->resolution(channel).setCurrentIndex(1);
                        }
-                       // The buttons do not ask the flag.
+                       // The buttons do not check the flag.
                        lite->button("pushButton_Soft_Reset").click();
                        return press_key(Qt::Key_Escape)(dialog);
                    }});
@@ -304,8 +304,8 @@ void Test_Configuration::a_box_changed_while_ui_changes_are_disabled_sends_nothi
 }
 
 void Test_Configuration::nothing_is_sent_while_writing_is_disabled() {
-    // The box about a bad line stands while the line is being applied, with writing disabled. A
-    // notice that comes in meanwhile leaves the boxes free to send.
+    // The box about a bad line is open while the line is applied, with writing disabled. A notice
+    // that arrives meanwhile enables the boxes to send.
     const QTemporaryDir folder;
     QFile file(folder.filePath("settings.txt"));
     QVERIFY(file.open(QIODevice::WriteOnly));

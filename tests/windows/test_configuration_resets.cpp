@@ -35,7 +35,7 @@ private:
 namespace {
 
 const QByteArrayList question_list{"//rl", "//??", "//BP"};
-/// More than the 2500 ms after which a refresh would have come.
+/// More than the 2500 ms after which a refresh would follow.
 constexpr int past_any_refresh_ms = 2800;
 
 } // namespace
@@ -100,7 +100,7 @@ void Test_Configuration_Resets::a_factory_reset_that_is_not_confirmed_sends_noth
     lite->button("pushButton_Factory_Reset").click();
     QVERIFY2(robot->done(), robot->why());
     QCOMPARE(lite->commands(), QByteArrayList());
-    // Nor does a refresh come later.
+    // No refresh follows later either.
     QTest::qWait(past_any_refresh_ms);
     QVERIFY(lite->is_filled());
     QCOMPARE(lite->commands(), QByteArrayList());
@@ -137,7 +137,7 @@ void Test_Configuration_Resets::
 
 void Test_Configuration_Resets::without_a_port_a_factory_reset_refreshes_nothing() {
     lite->button("pushButton_OFF_Connection").click();
-    // The button is dead by now.
+    // The button is disabled by now.
     expect_question(press_button("Confirm"));
     QVERIFY(lite->run_slot("on_pushButton_Factory_Reset_clicked"));
     QTest::qWait(past_any_refresh_ms);

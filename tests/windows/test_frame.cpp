@@ -10,8 +10,8 @@
 #include <QTest>
 #include <QTimer>
 
-/// The Lite window around its pages: looks, left menu, the lock-out of Refresh, and the page that
-/// nothing shows.
+/// The Lite window around its pages: look, left menu, the lock-out of Refresh, and the page that is
+/// never shown.
 class Test_Frame : public QObject {
     Q_OBJECT
 
@@ -60,7 +60,7 @@ const QString idle =
 const QStringList page_buttons{"ConfigurationBtn", "pushButton_Mouse_Speed_Settings",
                                "TopologyAndDisplayBtn"};
 
-/// Keeps when a widget was enabled and disabled, in milliseconds since the start.
+/// Records when a widget was enabled and disabled, in milliseconds since the start.
 class Enabled_Record : public QObject {
 public:
     struct Change {
@@ -182,7 +182,7 @@ void Test_Frame::refresh_is_dead_at_once_and_for_1700_ms() {
     const Enabled_Record record(refresh());
     QTest::mouseClick(&refresh(), Qt::LeftButton);
     QVERIFY(!refresh().isEnabled());
-    // The second click meets a dead button.
+    // The second click hits a disabled button.
     QTest::mouseClick(&refresh(), Qt::LeftButton);
     QVERIFY(wait_until([&] { return refresh().isEnabled(); }));
     QCOMPARE(record.changes().size(), 2);
@@ -212,12 +212,12 @@ void Test_Frame::refresh_within_the_lock_out_asks_nothing_and_is_armed_again_aft
     refresh().click();
     QCOMPARE(lite->commands(), question_list);
     QTest::qWait(100);
-    // No mouse gets here, for the button is disabled.
+    // The slot is called directly, because the button is disabled.
     const Enabled_Record record(refresh());
     QVERIFY(lite->run_slot("on_pushButton_Refresh_clicked"));
     QVERIFY(!refresh().isEnabled());
     QCOMPARE(lite->commands(), QByteArrayList());
-    // The first click's timer arms the button, and the second one's finds it armed.
+    // The first click's timer enables the button; the second one's finds it enabled.
     QVERIFY(wait_until([&] { return refresh().isEnabled(); }));
     refresh().setEnabled(false);
     QVERIFY(wait_until([&] { return refresh().isEnabled(); }));
@@ -233,7 +233,7 @@ void Test_Frame::a_late_answer_revives_the_button_but_not_the_refresh() {
     refresh().click();
     QCOMPARE(lite->commands(), question_list);
     QTest::qWait(100);
-    // What the unit says is no report, which shows at the end of the wait.
+    // The unit's text is not a report, which is noticed at the end of the wait.
     robot->expect({.class_name = "QMessageBox", .text = "Setting data from TQL error"});
     QVERIFY(lite->say("KM\n"));
     QVERIFY(refresh().isEnabled());

@@ -138,7 +138,7 @@ void Test_Grid::the_command_names_the_channels_in_order_wherever_they_stand() {
         layout_at({item_at(3, 3), item_at(2, 1), item_at(0, 0), item_at(1, 3)});
     const QString command = "//FF01B16FF02B10FF03B01FF04B08";
     QCOMPARE(grid_command(scattered), command);
-    // A move leaves the entries in row order instead of channel order.
+    // After a move the entries are in row order instead of channel order.
     std::vector<Layout_Item> by_row = scattered;
     std::ranges::sort(by_row, {}, &Layout_Item::row);
     QCOMPARE(by_row.front().name, "Channel 3");

@@ -66,7 +66,7 @@ Shape in_corner(const Shape& shape) {
     return moved;
 }
 
-/// Every turned and mirrored form of a shape.
+/// Every rotated and mirrored form of a shape.
 std::set<Shape> orientations(const Shape& shape) {
     std::set<Shape> all;
     Shape turned = shape;
@@ -103,7 +103,7 @@ std::vector<Shape> placements(const Shape& shape) {
     return all;
 }
 
-/// Goes from one tile over common edges and sees whether it meets them all.
+/// Whether all tiles can be reached from one of them over common edges.
 bool all_within_reach(const Shape& shape) {
     std::vector<Cell> reached = {*shape.begin()};
     for (std::size_t next = 0; next < reached.size(); ++next) {

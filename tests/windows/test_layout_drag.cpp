@@ -83,7 +83,7 @@ void Test_Layout_Drag::set_unit_positions(const std::array<int, 4>& positions) {
     lite->device.unit().set_state(state);
 }
 
-// What the page's own count of changes rests on; any table that moves its items does so.
+// The page's count of changes relies on this; any table that moves its items does so.
 void Test_Layout_Drag::a_drop_on_a_cell_is_two_changes_of_cells_and_any_other_end_none() {
     lite->close();
     QTableWidget plain(4, 4);

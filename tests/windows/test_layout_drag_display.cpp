@@ -23,7 +23,7 @@ QProcessEnvironment environment_on(const QString& display) {
     return environment;
 }
 
-/// The manager runs its start-up command once it manages windows.
+/// The window manager runs its start-up command once it manages windows.
 bool start_manager(QProcess& manager, const QProcessEnvironment& environment) {
     manager.setProcessEnvironment(environment);
     manager.setStandardErrorFile(QProcess::nullDevice());

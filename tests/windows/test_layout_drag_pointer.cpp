@@ -46,7 +46,7 @@ void Pointer::move(int row, int column) {
 }
 
 void Pointer::leave_to(const QPoint& spot_in_window) {
-    // Over the edge in snapshot of the table, so that the drag has begun before.
+    // First to the edge within the table, so that the drag has begun before.
     move(3, 0);
     add("leave the table", move_command(view.window()->mapToGlobal(spot_in_window)),
         [this] { return seen.leaving; });
@@ -82,7 +82,7 @@ void Pointer::click(int row, int column) {
 bool Pointer::run() {
     failure.clear();
     timer.start(look_interval);
-    // The condition is looked at from here only, so not before a drag's own loop has ended.
+    // The condition is checked only here, so not before a drag's own loop has ended.
     const bool all_done = wait_until([this] { return steps.empty(); }, max_run);
     timer.stop();
     if (!all_done && failure.isEmpty()) {
@@ -152,7 +152,7 @@ void Pointer::go_on() {
     }
 }
 
-/// Ends a drag that may be under way.
+/// Ends a drag that may be in progress.
 void Pointer::give_up(const QByteArray& reason) {
     failure = reason;
     steps.clear();

@@ -22,22 +22,22 @@
 ///     pointer.drop();
 ///     QVERIFY2(pointer.run(), pointer.why());
 ///
-/// Each step waits until the table has seen the one before, as a hand does. They come from a timer,
-/// because a drag runs an event loop of its own until it ends.
+/// Each step waits until the table has received the one before, as a user does. A timer runs them,
+/// because a drag runs its own event loop until it ends.
 class Pointer : public QObject {
     Q_OBJECT
 
 public:
     explicit Pointer(QAbstractItemView& table);
 
-    /// Goes to the middle of a cell and presses the left button.
+    /// Moves to the middle of a cell and presses the left button.
     void press(int row, int column);
-    /// Drags to the middle of a cell, on a way of several stops.
+    /// Drags to the middle of a cell in several steps.
     void move(int row, int column);
-    /// Drags out of the table, to a spot of the table's window.
+    /// Drags out of the table, to a position in the table's window.
     void leave_to(const QPoint& spot_in_window);
     void release();
-    /// As release(), and waits until the table has seen the drop.
+    /// As release(), and waits until the table has received the drop.
     void drop();
     /// Ends a drag with the Escape key; the button is still down.
     void escape();
@@ -51,7 +51,7 @@ public:
     /// press(), release().
     void click(int row, int column);
 
-    /// Does all that has been told, and returns when the drag has ended.
+    /// Runs all planned steps, and returns when the drag has ended.
     [[nodiscard]] bool run();
     /// Why run() returned false.
     const char* why() const { return failure.constData(); }
@@ -65,7 +65,7 @@ private:
         std::function<bool()> is_done;
     };
 
-    /// What the table's viewport has seen since the step began.
+    /// The events of the table's viewport since the step began.
     struct Seen {
         std::optional<QPoint> place; ///< of the pointer with the button down
         bool press = false;
@@ -82,10 +82,10 @@ private:
 
     QAbstractItemView& view;
     std::deque<Step> steps;
-    QPoint planned_place; ///< on the viewport, behind all steps told so far
+    QPoint planned_place; ///< on the viewport, after all steps planned so far
     QTimer timer;
     QProcess xdotool;
-    QElapsedTimer step_time; ///< valid while a step is under way
+    QElapsedTimer step_time; ///< valid while a step is running
     Seen seen;
     QByteArray failure;
 };

@@ -6,7 +6,7 @@
 
 #include <QTest>
 
-/// Channels beyond the port limit turn gray, on the user's word and on the switch's.
+/// Channels beyond the port limit turn gray, whether the user or the switch sets the limit.
 class Test_Layout_Inactive : public QObject {
     Q_OBJECT
 
@@ -29,9 +29,9 @@ private slots:
 private:
     QComboBox& limit() const { return lite->combo("comboBox_Select_active_port"); }
     void set_unit_limit(int port_limit, const std::array<int, 4>& positions = {1, 2, 3, 4});
-    /// Opens the window and waits until the report has been read, as far as it goes.
+    /// Opens the window and waits until the report has been read, as far as possible.
     [[nodiscard]] bool open();
-    /// Asks the switch for everything once more.
+    /// Reads everything from the switch again.
     [[nodiscard]] bool refresh();
 
     std::unique_ptr<Modal_Robot> robot;
@@ -65,7 +65,7 @@ bool Test_Layout_Inactive::open() {
 }
 
 bool Test_Layout_Inactive::refresh() {
-    // The switch must have carried out what was sent before.
+    // The switch must have executed the earlier commands.
     (void)lite->commands();
     return lite->run_slot("refresh_UI") && !lite->is_filled() && lite->wait_filled();
 }
@@ -140,7 +140,7 @@ void Test_Layout_Inactive::a_reported_limit_marks_the_tiles_where_they_stand() {
     QCOMPARE(lite->commands(), QByteArrayList());
 }
 
-// The report's own limit counts one port more; only the layout that follows settles the marks.
+// The report's own limit counts one port more; only the layout that follows sets the final marks.
 void Test_Layout_Inactive::a_limit_without_a_layout_marks_one_channel_less_data() {
     QTest::addColumn<int>("earlier_limit");
     QTest::addColumn<int>("reported_limit");

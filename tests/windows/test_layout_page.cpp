@@ -6,7 +6,7 @@
 #include <QHeaderView>
 #include <QTest>
 
-/// How the layout page stands at the start, and what pressing a cell does.
+/// The initial state of the layout page, and the effect of pressing a cell.
 class Test_Layout_Page : public QObject {
     Q_OBJECT
 

@@ -41,7 +41,7 @@ private slots:
 
 private:
     void set_unit_positions(const Positions& positions);
-    /// Opens the window and waits until the first report has been read, as far as it goes.
+    /// Opens the window and waits until the first report has been read, as far as possible.
     [[nodiscard]] bool open(const QByteArray& text = {});
     /// The same, with this in the report instead of the switch's own layout.
     [[nodiscard]] bool open_with(const QByteArray& layout_text);
@@ -99,7 +99,7 @@ bool Test_Layout_Report::open_with(const QByteArray& layout_text) {
     return open(layout_text);
 }
 
-/// The command that Submit sends for the layout in force, whatever the box says.
+/// The command that Submit sends for the current layout, whatever the box shows.
 QByteArray Test_Layout_Report::submitted_command() {
     Fault_Plan silence;
     silence.silence = true;
@@ -132,7 +132,7 @@ void Test_Layout_Report::two_channels_on_one_cell_are_both_kept_and_the_later_co
     QVERIFY(open());
     QCOMPARE(table->picture(), "13../.4../..../....");
     QCOMPARE(submitted_command(), QByteArray("//FF01B01FF02B02FF03B02FF04B06"));
-    // 1 beside 3; 2 and 3 each beside 1 and 4; 4 below 3.
+    // 1 next to 3; 2 and 3 each next to 1 and 4; 4 below 3.
     QCOMPARE(robot->snapshots().constLast().text, "Display topology has been updated");
 }
 
@@ -192,7 +192,7 @@ void Test_Layout_Report::a_confirmation_asks_for_the_layout_and_reads_it_after_1
     set_unit_positions({13, 14, 15, 16});
     QElapsedTimer since_confirmation;
     connect(&lite->terminal(), &QTextEdit::textChanged, this, [&] {
-        // The timer starts right after the terminal has been served.
+        // The timer starts right after the terminal has been updated.
         if (!since_confirmation.isValid()) {
             since_confirmation.start();
         }

@@ -6,7 +6,7 @@
 
 #include <QTest>
 
-/// Submit: the check of the layout, and the bytes that go to the switch.
+/// Submit: the check of the layout, and the bytes that are sent to the switch.
 class Test_Layout_Submit : public QObject {
     Q_OBJECT
 
@@ -28,10 +28,10 @@ private slots:
 
 private:
     QComboBox& limit() const { return lite->combo("comboBox_Select_active_port"); }
-    /// Has the page filled by a unit whose channels stand in four grid cells.
+    /// Fills the page from a unit whose channels are in four grid cells.
     [[nodiscard]] bool open_with(const std::array<int, 4>& positions, int port_limit = 4);
     void expect_connected();
-    /// The switch says nothing from now on, so that its answers bring no further commands.
+    /// From now on the switch does not answer, so that its answers cause no further commands.
     void silence();
     [[nodiscard]] QByteArray submitted_bytes();
 
@@ -211,7 +211,7 @@ void Test_Layout_Submit::without_a_port_the_box_comes_and_no_byte_goes() {
     expect_connected();
     QVERIFY(lite->run_slot("on_pushButtonSubmit_clicked"));
     QCOMPARE(table->picture(), "12cd/..../..../....");
-    // What the switch hears next is the greeting of the next connection.
+    // The next commands that the switch receives are the questions of the next connection.
     lite->button("pushButton_ON_Connection").click();
     QCOMPARE(lite->commands(), (QByteArrayList{"//rl", "//??", "//BP"}));
 }
@@ -219,7 +219,7 @@ void Test_Layout_Submit::without_a_port_the_box_comes_and_no_byte_goes() {
 void Test_Layout_Submit::submitting_changes_no_tile() {
     QVERIFY(open_with({1, 2, 3, 4}));
     silence();
-    // Not by the user's hand but by the table's own drag: the item is taken, and set.
+    // Not by the user but as the table's own drag does: the item is taken, and set.
     table->widget.setItem(1, 2, table->widget.takeItem(0, 3));
     QCOMPARE(table->picture(), "123./..4./..../....");
     expect_connected();

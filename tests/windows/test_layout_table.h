@@ -8,17 +8,17 @@
 #include <QString>
 #include <QTableWidget>
 
-/// The grid of the layout page as a test looks at it and presses it.
+/// The grid of the layout page, to be read and pressed by a test.
 class Layout_Table {
 public:
     explicit Layout_Table(const Window_Fixture& window_fixture);
 
     /// All 16 cells, row by row: "1234/..../..../....". A digit is an active channel's tile in its
     /// own colour, "c" and "d" are the gray tiles of channels 3 and 4 with their second line, a dot
-    /// is an empty cell. Any other tile is written out in brackets, with its colour.
+    /// is an empty cell. Any other tile is given in brackets, with its colour.
     QString picture() const;
 
-    /// Shows the layout page, which a switch must have answered for.
+    /// Shows the layout page. A switch must have answered before.
     void show_page() const;
 
     /// Presses and releases the left button in the middle of a cell.
@@ -27,7 +27,7 @@ public:
     /// The middle of a cell, on the table's viewport.
     QPoint centre(int row, int column) const;
 
-    /// Whether a tile can be dragged now, as all three settings of the table say.
+    /// Whether a tile can be dragged now, according to all three settings of the table.
     bool is_armed() const;
     bool is_disarmed() const;
 

@@ -9,7 +9,7 @@
 
 #include <functional>
 
-/// Everything the Lite says to the switch, each command from the widget or the slot that sends it.
+/// All commands of the Lite to the switch, each from the widget or the slot that sends it.
 class Test_Lite_Commands : public QObject {
     Q_OBJECT
 
@@ -117,7 +117,7 @@ void Test_Lite_Commands::each_control_sends_its_command_data() {
     add_row("three ports", choose(ports, {1}), {"//D3"});
     add_row("four ports", choose(ports, {0, 2}), {"//D2", "//D4"});
 
-    // The channel of keyboard and mouse decides, whichever mode is picked.
+    // The channel of keyboard and mouse decides, whichever mode is chosen.
     const QString mode = "comboBox_Select_Display_Mode";
     add_row("mouse mode on channel 1", choose(mode, {1, 0}), {"//ks", "//ks"});
     add_row("mouse mode on channel 2",
@@ -233,7 +233,7 @@ void Test_Lite_Commands::
     lacking.missing_key = "C1\t";
     lite->device.set_faults(lacking);
     robot->expect({.text = "Setting data from TQL error", .action = [&](QWidget& box) {
-                       // Changes by the program are under way as long as this box is open.
+                       // As long as this box is open, changes count as made by the program.
                        lite->device.clear_record();
                        choose("comboBox_KM_Control", {1})(*lite);
                        choose("comboBox_USB_Control", {1})(*lite);
@@ -250,7 +250,7 @@ void Test_Lite_Commands::
     QVERIFY(wait_until([&] { return robot->done(); }, 20'000));
     const QByteArrayList expected{"//MP 1 2", "//B0", "//R"};
     QCOMPARE(lite->commands(), expected);
-    // The flag is up again, once the box is gone.
+    // The flag is set again once the box is closed.
     choose("comboBox_KM_Control", {3})(*lite);
     QCOMPARE(lite->commands(), QByteArrayList{"//c4"});
 }

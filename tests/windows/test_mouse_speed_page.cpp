@@ -41,7 +41,8 @@ private:
     QStringList items(int channel) const;
     QList<int> indices() const;
     void set_entries(const std::array<Custom_Entry, 4>& entries);
-    /// Opens the window on a switch whose report has this line in place of its own of that key.
+    /// Opens the window on a switch whose report has this line instead of its own line with that
+    /// key.
     [[nodiscard]] bool open_with_line(const QByteArray& key, const QByteArray& line);
 
     std::unique_ptr<Modal_Robot> robot;
@@ -192,7 +193,7 @@ void Test_Mouse_Speed_Page::the_resolution_line_is_read_by_its_fields_data() {
 void Test_Mouse_Speed_Page::the_resolution_line_is_read_by_its_fields() {
     QFETCH(const QByteArray, value);
     QFETCH(const QList<int>, expected);
-    // The letters of the next line stand where the last of the twelve characters may be.
+    // The letters of the next line are where the last of the twelve characters may be.
     QVERIFY(open_with_line("Channels resolution", "Channels resolution:" + value + "\n//////////"));
     QVERIFY(wait_until([&] { return indices() == expected; }, 1000));
 }
@@ -286,7 +287,7 @@ void Test_Mouse_Speed_Page::a_refresh_takes_the_names_out_until_the_report_comes
     for (int channel = 1; channel <= 4; ++channel) {
         QCOMPARE(items(channel), fixed_resolutions);
     }
-    // A user's choice in between is sent as ever.
+    // A user's choice in between is sent as usual.
     lite->resolution(1).setCurrentIndex(4);
     QCOMPARE(lite->commands(), questions + QByteArrayList{"//CE 1 5"});
 }

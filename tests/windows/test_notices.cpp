@@ -6,7 +6,8 @@
 
 #include <QTest>
 
-/// What the switch says on its own, or in answer to a channel command, and what it moves.
+/// What the switch sends without being asked, or in answer to a channel command, and what this
+/// changes.
 class Test_Notices : public QObject {
     Q_OBJECT
 
@@ -151,7 +152,7 @@ void Test_Notices::a_notice_empties_the_buffer() {
     QCOMPARE(km().currentIndex(), 2);
     QVERIFY(lite->say("**U 2\n"));
     QCOMPARE(usb().currentIndex(), 1);
-    // Were the first notice still there, it would be the one that is found.
+    // If the first notice were still there, it would be the one that is found.
     QVERIFY(lite->say("**C 2\n"));
     QCOMPARE(km().currentIndex(), 1);
 }
@@ -171,7 +172,7 @@ void Test_Notices::a_notice_during_a_report_keeps_the_buffer() {
     QVERIFY(lite->wait_filled());
     QCOMPARE(lite->label("label_Current_Hotkey_Trigger_Data").text(), "Scroll Lock");
     QCOMPARE(km().currentIndex(), 3);
-    // The end of the report has emptied the buffer and taken down the wish to.
+    // The end of the report has emptied the buffer and cleared the request to empty it.
     QVERIFY(lite->say("**C 2\n"));
     QCOMPARE(km().currentIndex(), 1);
 }
@@ -185,7 +186,7 @@ void Test_Notices::after_a_save_dialog_a_notice_keeps_the_buffer() {
     // No report follows, so the first notice stays and is found again.
     QVERIFY(lite->say("**C 2\n"));
     QCOMPARE(km().currentIndex(), 2);
-    // The limit of the buffer holds all the same.
+    // The limit of the buffer still applies.
     QVERIFY(lite->say(QByteArray(1001, '.') + "\n"));
     QVERIFY(lite->say("**C 4\n"));
     QCOMPARE(km().currentIndex(), 3);

@@ -9,8 +9,8 @@
 #include <QTableWidget>
 #include <QTest>
 
-/// What a report of the switch writes into the Lite's pages, above all the first one, and what it
-/// makes of reports that are not as they should be. The texts are said for a silent switch.
+/// What a report of the switch writes into the Lite's pages, above all the first one, and how the
+/// Lite handles faulty reports. The tests send the texts in place of a silent switch.
 class Test_Report : public QObject {
     Q_OBJECT
 
@@ -37,7 +37,7 @@ private slots:
     void extreme_numbers_are_taken_without_harm();
 
 private:
-    /// Opens the window and has a text said as the answer to its questions.
+    /// Opens the window and sends a text as the answer to its questions.
     void open_and_say(const QByteArray& report);
     void fill_with(const QByteArray& report);
     int index_of(const QString& box) const { return lite->combo(box).currentIndex(); }
@@ -59,7 +59,7 @@ private:
 
 namespace {
 
-/// Every setting away from its start value.
+/// Every setting different from its initial value.
 Switch_State other_state() {
     Switch_State state = used_unit();
     state.buzzer = false;
@@ -70,7 +70,7 @@ QByteArray whole_report(const Switch_State& state) {
     return status_report(state) + information_report(state) + layout_report(state);
 }
 
-/// A whole report in which one line stands for another.
+/// A complete report in which one line is replaced by another.
 QByteArray report_with(const QByteArray& line, const QByteArray& in_place_of) {
     QByteArray report = whole_report(Switch_State());
     if (!report.contains(line)) {
@@ -281,7 +281,7 @@ void Test_Report::extreme_numbers_are_taken_without_harm() {
         const char* number;
         int port_index; ///< of the box of active ports
     };
-    // One less than the smallest number is none, so that the box keeps its first item.
+    // One less than the smallest number has no item, so the box keeps its first item.
     const QList<Row> rows{{"2147483647", -1}, {"-2147483648", 0}, {"5", -1}, {"-1", -1}};
     for (const Row& row : rows) {
         lite = std::make_unique<Lite_Fixture>();

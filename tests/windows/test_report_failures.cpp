@@ -9,8 +9,8 @@
 #include <QTableWidget>
 #include <QTest>
 
-/// What the Lite makes of reports in which something is missing: which keys may be missing without
-/// a word, which raise the box, and how far the pages got by then.
+/// How the Lite handles incomplete reports: which keys may be missing without a message, which
+/// cause the box, and how far the pages are filled by then.
 class Test_Report_Failures : public QObject {
     Q_OBJECT
 
@@ -57,7 +57,7 @@ QByteArray other_report() {
     return status_report(state) + information_report(state) + layout_report(state);
 }
 
-/// The report without the lines that hold a key.
+/// The report without the lines that contain a key.
 QByteArray report_without(const QByteArray& key) {
     QByteArrayList lines;
     for (const QByteArray& line : other_report().split('\n')) {
@@ -180,7 +180,7 @@ void Test_Report_Failures::a_missing_key_that_must_be_there_raises_the_box() {
         QCOMPARE(lite->resolution(channel).currentIndex(), 0);
     }
     QCOMPARE(text_of("label_Custom_1"), names == 4 ? "110 120 BANK" : label_before);
-    // Both beep buttons are as connecting left them.
+    // Both beep buttons are still as after connecting.
     QVERIFY(lite->button("pushButton_ON_Beep").isEnabled());
     QVERIFY(lite->button("pushButton_OFF_Beep").isEnabled());
     QCOMPARE(lite->commands(), question_list);
@@ -252,7 +252,7 @@ void Test_Report_Failures::replies_are_served_while_the_box_stands() {
 }
 
 void Test_Report_Failures::after_the_box_the_user_can_send_and_refresh() {
-    // A report that fails within the lock-out of Refresh arms it again.
+    // A report that fails within the lock-out of Refresh enables it again.
     expect_box();
     lite->device.send("//RL\n");
     QVERIFY(lite->wait_connected());
@@ -260,7 +260,7 @@ void Test_Report_Failures::after_the_box_the_user_can_send_and_refresh() {
     QCOMPARE(lite->commands(), question_list + question_list);
     QVERIFY2(wait_until([&] { return robot->done(); }), robot->why());
     lite->combo("comboBox_KM_Control").setCurrentIndex(1);
-    // Before the 1700 ms are over, so that no mouse gets here.
+    // Before the 1700 ms are over, when the button is disabled.
     QVERIFY(lite->run_slot("on_pushButton_Refresh_clicked"));
     QCOMPARE(lite->commands(), QByteArrayList{"//c2"} + question_list);
 }

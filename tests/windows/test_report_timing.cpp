@@ -12,8 +12,8 @@
 
 #include <csignal>
 
-/// When a report counts as complete, and what becomes of text that comes in pieces, too late, or in
-/// too great a number.
+/// When a report counts as complete, and the handling of text that arrives in pieces, too late, or
+/// in excess.
 class Test_Report_Timing : public QObject {
     Q_OBJECT
 
@@ -125,11 +125,11 @@ void Test_Report_Timing::a_switch_that_takes_longer_than_the_wait_raises_the_box
     expect_box();
     lite->open();
     QVERIFY2(wait_until([&] { return robot->done(); }, 10'000), robot->why());
-    // The information came within the wait, the layout did not.
+    // The information arrived within the wait, the layout did not.
     QCOMPARE(hotkey(), "Left Ctrl");
     QVERIFY(lite->is_connected());
     QVERIFY(wait_until([&] { return lite->terminal_text().endsWith("FF04B04\n"); }));
-    // What comes late is no report any more.
+    // Text that arrives late is not a report any more.
     QCOMPARE(robot->snapshots().size(), 1);
 }
 
@@ -142,12 +142,12 @@ void Test_Report_Timing::a_switch_that_answers_too_much_raises_the_box() {
     QVERIFY2(wait_until([&] { return robot->done(); }, 10'000), robot->why());
     QVERIFY(lite->is_connected());
     QVERIFY(!lite->is_filled());
-    // The terminal has it all.
+    // The terminal shows all of it.
     QVERIFY(lite->terminal_text().size() > 3 * 1100);
     QVERIFY(lite->terminal_text().startsWith("//RL\n"));
 }
 
-// Ports opened later than the first handle each chunk once, so that these see the limit itself.
+// Ports opened after the first handle each chunk once, so these cases test the limit itself.
 
 void Test_Report_Timing::at_a_thousand_characters_the_buffer_still_grows() {
     be_silent();
@@ -235,8 +235,8 @@ void Test_Report_Timing::a_confirmed_layout_that_is_not_told_ends_the_process() 
     QVERIFY(run.wait_for_end(30'000));
     QCOMPARE(run.ending_signal(), SIGABRT);
     QVERIFY2(run.errors().contains("std::out_of_range"), run.errors());
-    // The same chunk began a report that never came; its box, due in the same millisecond, opens
-    // before the end and may just have been seen.
+    // The same chunk began a report that never arrived; its box, due in the same millisecond, opens
+    // before the end and may already have been printed.
     const QByteArray box = "QMessageBox , title \"Information\", text \"Setting data from TQL "
                            "error\", icon 2, buttons OK\nover a window\n";
     QVERIFY2(run.output() == "window made\n" || run.output() == "window made\n" + box,

@@ -11,7 +11,7 @@
 
 #include <cerrno>
 
-/// What becomes of the Lite when the other end of its open port is pulled.
+/// How the Lite handles the loss of the other end of its open port.
 class Test_Serial_Link_Loss : public QObject {
     Q_OBJECT
 
@@ -28,14 +28,14 @@ private slots:
     void the_window_closes_after_a_loss();
 
 private:
-    /// Puts a name that can be moved from one device to another in place of the device's own.
+    /// Replaces the device's own name by one that can be moved from one device to another.
     void list_a_plug();
     void plug_in(const Simulated_Switch& device);
     void pull_the_plug();
 
     std::unique_ptr<Lite_Fixture> lite;
     std::unique_ptr<Modal_Robot> robot;
-    // A port's name leads to a file below /dev.
+    // A port's name is a path below /dev.
     QTemporaryDir folder{"/dev/shm/plug-XXXXXX"};
     QString plug;
 };
@@ -77,11 +77,10 @@ void Test_Serial_Link_Loss::plug_in(const Simulated_Switch& device) {
 
 void Test_Serial_Link_Loss::pull_the_plug() {
     lite->device.vanish();
-    // Qt takes a read of nothing for an error and looks at errno, whoever has set it last. With
-    // most values it then reads on without end; a few of those that a serial port itself leaves end
-    // it.
+    // Qt handles a read of 0 bytes as an error and reads errno, whatever has set it last. With most
+    // values it then reads on without end; a few of those that a serial port itself sets end this.
     errno = ENOENT;
-    // The port's own notice of it comes through the event loop, and is answered there.
+    // The port's own notification comes through the event loop and is handled there.
     serve_events_for(100);
 }
 
@@ -110,7 +109,7 @@ void Test_Serial_Link_Loss::a_lost_port_lets_the_program_rest() {
 void Test_Serial_Link_Loss::commands_to_a_lost_port_are_dropped_in_silence() {
     QVERIFY(lite->open_filled());
     lite->device.vanish();
-    // This one before the loss has been noticed, the others after it.
+    // This command before the loss has been noticed, the others after it.
     lite->button("pushButton_Soft_Reset").click();
     serve_events_for(100);
     lite->combo("comboBox_KM_Control").setCurrentIndex(3);

@@ -16,7 +16,7 @@
 #include <termios.h>
 #include <unistd.h>
 
-/// How the Lite finds, opens and replaces its serial port, and what it says on it first.
+/// How the Lite finds, opens and replaces its serial port, and what it sends first.
 class Test_Serial_Link_Opening : public QObject {
     Q_OBJECT
 
@@ -58,7 +58,7 @@ void be_silent(Simulated_Switch& device) {
     device.set_faults(plan);
 }
 
-/// A whole report with padding in front.
+/// A complete report after padding.
 QByteArray report_of_995_characters() {
     const Switch_State state;
     const QByteArray report =
@@ -102,7 +102,7 @@ void Test_Serial_Link_Opening::a_start_says_the_three_questions_once_as_fifteen_
     QVERIFY(wait_until([&] { return lite->device.received_bytes().size() >= questions.size(); }));
     QCOMPARE(lite->device.received_bytes().toHex(' '),
              "2f 2f 72 6c 0d 2f 2f 3f 3f 0d 2f 2f 42 50 0d");
-    // Those of the first opening went with its port object, and none come later.
+    // The bytes of the first opening were dropped with its port object, and none come later.
     QCOMPARE(lite->commands(), question_list);
 }
 
@@ -137,7 +137,7 @@ void Test_Serial_Link_Opening::a_later_opening_replaces_the_port_once() {
 }
 
 void Test_Serial_Link_Opening::the_line_is_set_to_115200_baud_one_stop_bit_and_no_flow_control() {
-    // A pseudo-terminal has 8 data bits and no parity whatever is set; it keeps the rest.
+    // A pseudo-terminal always has 8 data bits and no parity; it stores the other settings.
     int terminal = -1;
     termios setting = line_setting(lite->device.device_name(), terminal);
     setting.c_cflag |= CSTOPB | CRTSCTS;
@@ -182,8 +182,8 @@ void Test_Serial_Link_Opening::the_list_of_ports_is_not_read_again() {
     QCOMPARE(list.currentText(), lite->device.port_name());
 }
 
-// The buffer holds 1005 characters when the last chunk has come. Whatever comes next empties it
-// first, and on a port with two connections that is the same chunk's second, empty run.
+// The buffer contains 1005 characters after the last chunk. Whatever comes next empties it first,
+// and on a port with two connections that is the same chunk's second, empty run.
 
 void Test_Serial_Link_Opening::every_chunk_on_the_first_port_is_handled_twice() {
     be_silent(lite->device);
@@ -214,7 +214,7 @@ void Test_Serial_Link_Opening::a_listed_port_that_does_not_exist_fails_in_silenc
     QVERIFY(lite->run_slot("refresh_UI"));
     lite->window().writeCommand(std::string("//R"));
     QCOMPARE(shown_state(), "red, ON on, OFF off, Refresh off");
-    // The other port is there all the time.
+    // The other port exists all the time.
     lite->combo("comboBox_SelectPort").setCurrentIndex(1);
     QVERIFY(lite->wait_connected());
     QCOMPARE(lite->device.received_bytes(), questions);

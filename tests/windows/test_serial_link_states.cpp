@@ -7,8 +7,8 @@
 
 #include <QTest>
 
-/// What the Lite shows of its link in each state, and which words connect. The switch is silent:
-/// the tests say its lines for it.
+/// What the Lite shows of its link in each state, and which texts connect it. The switch is silent:
+/// the tests send its lines.
 class Test_Serial_Link_States : public QObject {
     Q_OBJECT
 
@@ -78,7 +78,7 @@ void Test_Serial_Link_States::cleanup() {
     QCOMPARE(windows_left(), QStringList());
 }
 
-/// Every named widget of the window that is enabled, seen or not.
+/// Every named widget of the window that is enabled, visible or not.
 QStringList Test_Serial_Link_States::live_widgets() const {
     QStringList names;
     for (const QWidget* widget : lite->window().findChildren<QWidget*>()) {

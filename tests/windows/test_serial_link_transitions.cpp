@@ -8,8 +8,8 @@
 
 #include <QTest>
 
-/// What leads the Lite from one state of its link to the next, and what it says and shows on the
-/// way. The switch is silent in most of these: the tests say its lines for it.
+/// The transitions between the states of the Lite's link, and what the Lite sends and shows
+/// meanwhile. The switch is silent in most of these: the tests send its lines.
 class Test_Serial_Link_Transitions : public QObject {
     Q_OBJECT
 
@@ -137,7 +137,7 @@ void Test_Serial_Link_Transitions::
     QCOMPARE(watch.events(), QStringList{"close"});
     QCOMPARE(lite->resolution(1).count(), 9);
     QVERIFY(wait_until([&] { return second.received_commands() == question_list; }));
-    // It does not answer with a whole report, which shows when the wait is over.
+    // It does not answer with a complete report, which is noticed when the wait is over.
     robot->expect({.class_name = "QMessageBox", .text = "Setting data from TQL error"});
     lite->device.send("//RL KM\n");
     second.send("hello\n");
@@ -188,12 +188,12 @@ void Test_Serial_Link_Transitions::off_after_refresh_and_before_the_answer_leave
     QVERIFY(!on().isEnabled());
     QVERIFY(off().isEnabled());
     QVERIFY(lite->combo("comboBox_KM_Control").isEnabled());
-    // What the live widgets send now is dropped.
+    // What the enabled widgets send now is dropped.
     lite->combo("comboBox_KM_Control").setCurrentIndex(2);
     lite->button("pushButton_Soft_Reset").click();
     off().click();
     QVERIFY(lite->is_connected());
-    // The port list leads out of it.
+    // Choosing a port leaves this state.
     port_list().setCurrentIndex(1);
     QCOMPARE(shown_link_state(*lite), shows_disconnected);
     QVERIFY(wait_until([&] { return second.received_commands() == question_list; }));

@@ -12,8 +12,7 @@
 #include <algorithm>
 #include <ctime>
 
-/// The terminal pane: the raw stream as plain characters, scrolled to its end, at a cost that does
-/// not grow.
+/// The terminal pane: the raw stream as plain characters, scrolled to its end, at a constant cost.
 class Test_Terminal : public QObject {
     Q_OBJECT
 
@@ -60,7 +59,7 @@ QByteArray lines_of(int size) {
     return text;
 }
 
-/// The processor time that one chunk takes from the line to the terminal.
+/// The processor time of one chunk from the line to the terminal.
 double cost_of_chunk(Lite_Fixture& lite) {
     QSignalSpy shown(&lite.terminal(), &QTextEdit::textChanged);
     const double before = thread_seconds();
@@ -240,7 +239,7 @@ void Test_Terminal::a_chunk_costs_no_more_with_a_megabyte_shown() {
             with_much.append(much);
         }
     }
-    // Rewriting the whole would cost a thousand times as much.
+    // Rewriting the whole text would cost a thousand times as much.
     const double ratio = median(with_much) / median(with_little);
     QVERIFY2(ratio < 5, qPrintable(QString("%1 times").arg(ratio)));
 }

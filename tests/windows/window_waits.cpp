@@ -16,7 +16,7 @@ milliseconds Window_Waits::second_scroll() {
 Window_Waits::Lock_Out Window_Waits::refresh_lock_out() {
     QPushButton& refresh = window.button("pushButton_Refresh");
     refresh.click();
-    // As an answer does.
+    // As an answer would.
     refresh.setEnabled(true);
     const milliseconds disabled = virtual_time::time_until([&] { return !refresh.isEnabled(); });
     const milliseconds enabled = virtual_time::time_until([&] { return refresh.isEnabled(); });

@@ -13,18 +13,18 @@ class Window_Waits {
 public:
     explicit Window_Waits(Window_Fixture& opened_window) : window(opened_window) {}
 
-    /// From now, at which a chunk is shown, to the second scroll of the terminal.
+    /// From now, when a chunk is shown, to the second scroll of the terminal.
     std::chrono::milliseconds second_scroll();
 
     /// From the click on Refresh to the button's second disabling, and to its enabling. The unit
-    /// must keep silent, for its answer enables the button too.
+    /// must not answer, because its answer enables the button too.
     struct Lock_Out {
         std::chrono::milliseconds disabled;
         std::chrono::milliseconds enabled;
     };
     Lock_Out refresh_lock_out();
 
-    /// From the click on Submit of a custom entry to the refresh, which takes the custom names out.
+    /// From the click on Submit of a custom entry to the refresh, which removes the custom names.
     std::chrono::milliseconds custom_entry();
 
     /// From the confirmation of a factory reset to the refresh.

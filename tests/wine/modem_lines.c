@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 /* Preloaded into Wine: the far end of a pseudo-terminal gets the modem lines that a serial port
- * has, with a device switched on at the other end. Without them Wine takes it for no serial port.
+ * has, with a device switched on at the other end. Without them Wine does not accept it as a serial
+ * port.
  */
 #define _GNU_SOURCE
 #include <dlfcn.h>
