@@ -27,7 +27,7 @@ void Dialog_Watch::choose(const QString& path) {
 bool Dialog_Watch::eventFilter(QObject* watched, QEvent* event) {
     if (auto* dialog = qobject_cast<QFileDialog*>(watched)) {
         if (event->type() == QEvent::Show) {
-            // Its parts end after it, among them a thread that is waited for.
+            // Its parts end after it, among them a thread that Qt waits for.
             for (const QObject* part : dialog->children()) {
                 connect(part, &QObject::destroyed, this, [this] { gone_ns = now_ns(); });
             }

@@ -5,8 +5,8 @@
 #include <QObject>
 #include <QString>
 
-/// Answers the file dialog and the message box of a save or a load at once, and notes when each
-/// came and went, so that the time between them can be told.
+/// Answers the file dialog and the message box of a save or a load at once, and records when each
+/// appeared and closed, so that the time between them can be measured.
 class Dialog_Watch : public QObject {
     Q_OBJECT
 
@@ -14,12 +14,12 @@ public:
     /// Watches all widgets of the program from now on.
     Dialog_Watch();
 
-    /// The file that the next file dialog chooses. Forgets what was noted.
+    /// Sets the file that the next file dialog chooses. Clears what was recorded.
     void choose(const QString& path);
 
-    /// When the file dialog was gone, its own tidying up included; 0 before.
+    /// When the file dialog was closed, including its own clean-up; 0 before.
     [[nodiscard]] qint64 file_dialog_gone_ns() const { return gone_ns; }
-    /// When the making of the message box began; 0 before.
+    /// When the creation of the message box began; 0 before.
     [[nodiscard]] qint64 box_made_ns() const { return box_ns; }
     [[nodiscard]] bool box_answered() const { return answered; }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// To be preloaded, with flush_hook.cpp, into a program that is run as it is: writes the time of the
-// first hand-over of painted content to the screen into the pipe of measure_start.cpp.
+// To be preloaded, with flush_hook.cpp, into an unmodified program: writes the time at which
+// painted content is first sent to the screen into the pipe of measure_start.cpp.
 
 #include "benchmarks/flush_hook.h"
 

@@ -23,8 +23,8 @@ constexpr int exit_failed = 2;
 /// Before a benchmark's name: run it in this process.
 constexpr std::string_view single = "--single";
 
-/// Where the measured widgets are. With widgets in this process as well, the libraries' pages would
-/// be shared with the measured one, and its proportional size would be less than a user's.
+/// Where the measured widgets are. If this process had widgets as well, both would share pages of
+/// the libraries, and the proportional size of the measured one would be less than a user's.
 enum class Widgets { in_this_process, in_others };
 
 struct Measurement {

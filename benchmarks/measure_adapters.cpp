@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 // How many of the adapters that answer at once the search lists, and how long it takes beyond its
-// fixed time. For a private network namespace only, where `run` puts it.
+// fixed time. Runs only in a private network, which ./bench creates.
 
 #include "benchmarks/measurements.h"
 #include "benchmarks/statistics.h"
@@ -16,7 +16,7 @@
 
 namespace {
 
-/// The adapters in a thread of their own, because the search blocks its own on purpose.
+/// The adapters in a separate thread, because the search blocks its own on purpose.
 class Adapter_Thread : public QThread {
     Q_OBJECT
 
@@ -63,7 +63,7 @@ void keep_receive_buffer_line(QtMsgType /*type*/, const QMessageLogContext& /*co
     }
 }
 
-/// What the search's own diagnostics say of the buffer that the system granted.
+/// The buffer size that the system granted, from the search's own debug lines.
 QString receive_buffer() {
     const Adapter_Thread adapters(1);
     QLoggingCategory::setFilterRules("halvern.usr.debug=true");

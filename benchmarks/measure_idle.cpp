@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// What the tool with a filled page does while nobody does anything, against the bare form, whose
-// toolkit wakes up by itself now and then.
+// The activity of the idle tool with a filled page, compared with the bare form, because Qt itself
+// wakes up now and then.
 
 #include "benchmarks/measurements.h"
 #include "benchmarks/tool_and_form.h"

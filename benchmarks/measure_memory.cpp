@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-// Proportional set size of the tool with a filled page, against the bare form shown.
+// Proportional set size of the tool with a filled page, compared with the visible bare form.
 
 #include "benchmarks/measurements.h"
 #include "benchmarks/tool_and_form.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// From the press on a tile, with which every drag begins, to its new look on screen, against the
-// same press on the bare form's table.
+// From the press on a tile, with which every drag begins, to its new look on screen, compared with
+// the same press on the bare form's table.
 
 #include "benchmarks/flush_hook.h"
 #include "benchmarks/measurements.h"
@@ -27,7 +27,7 @@ void send_mouse_event(QEvent::Type type, QWidget& viewport, const QPoint& place)
     QCoreApplication::sendEvent(&viewport, &event);
 }
 
-/// Presses a tile of the first row, which stands in its default place.
+/// Presses a tile of the first row, which is in its default place.
 double press_milliseconds(QTableWidget& table, int tile) {
     const QPoint place = table.visualItemRect(table.item(0, tile)).center();
     QCoreApplication::processEvents();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// Applying a whole report to all three pages, painting included, against setting the same widgets
-// of the bare form directly.
+// Applying a whole report to all three pages, painting included, compared with setting the same
+// widgets of the bare form directly.
 
 #include "benchmarks/measurements.h"
 #include "benchmarks/statistics.h"
@@ -24,7 +24,7 @@ const QStringList resolution_boxes = {
     "comboBox_mouse_movement_resolution_setting_1", "comboBox_mouse_movement_resolution_setting_2",
     "comboBox_mouse_movement_resolution_setting_3", "comboBox_mouse_movement_resolution_setting_4"};
 
-/// Takes the custom names out again, as every refresh does before its report.
+/// Removes the custom names again, as every refresh does before its report.
 void remove_custom_items(const QMainWindow& window) {
     for (const QString& name : resolution_boxes) {
         auto& box = find_child<QComboBox>(window, name);
@@ -35,7 +35,7 @@ void remove_custom_items(const QMainWindow& window) {
     }
 }
 
-/// Brings a report into the window's buffer without starting its wait, then applies it.
+/// Puts a report into the window's buffer without starting its wait, then applies it.
 double apply_milliseconds(const Window_On_Line& on_line, const Switch_State& state) {
     const QTextDocument& shown =
         *find_child<QTextEdit>(on_line.window(), "textEdit_Main_Terminal").document();

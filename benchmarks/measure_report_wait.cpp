@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// From the first byte of a report to every page filled and painted, beyond the fixed wait, against
-// how late a timer of that length fires by itself.
+// From the first byte of a report to every page filled and painted, beyond the fixed wait, compared
+// with how late a timer of that length fires by itself.
 
 #include "benchmarks/flush_hook.h"
 #include "benchmarks/measurements.h"
@@ -30,7 +30,7 @@ struct Moments {
 /// Set while a report is awaited; a flush observer is a plain function.
 std::function<void()> on_flush;
 
-/// Sees the moments of one report. The layout is filled last, so its last change of a cell is the
+/// Records the times of one report. The layout is filled last, so its last change of a cell is the
 /// moment at which all pages are filled.
 Moments take_report(const Window_On_Line& on_line, const Switch_State& state) {
     Moments moments;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 // Saving and loading a settings file as the window does it, beyond the dialogs and the wait between
-// the two parts of a load; and the load of a file of 100 MB against reading that file once.
+// the two parts of a load; and the load of a file of 100 MB compared with reading that file once.
 
 #include "benchmarks/dialog_watch.h"
 #include "benchmarks/measurements.h"

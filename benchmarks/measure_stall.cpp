@@ -19,13 +19,13 @@
 
 namespace {
 
-/// 115200 baud with a start and a stop bit to each eight.
+/// 115200 baud with a start and a stop bit for each byte.
 constexpr double line_bytes_per_second = 11'520;
 constexpr qint64 nanoseconds_per_millisecond = 1'000'000;
 constexpr std::chrono::seconds stage_time{2};
 
 /// Sends a unit's reports over and over, as many bytes each millisecond as the line's speed gives,
-/// until it is told to stop.
+/// until stopped.
 class Feeder {
 public:
     Feeder(const Pty_Line& line, const QByteArray& text, double bytes_per_second)
@@ -35,7 +35,7 @@ public:
 
     /// Ends the delivery. Serves events until its last piece has been read, because the line may be
     /// full.
-    /// @return the kilobytes a second that the line took.
+    /// @return the kilobytes per second that the line transferred.
     double stop() {
         thread.request_stop();
         if (!wait_until([this] { return kilobytes_per_second > 0; })) {
@@ -66,7 +66,7 @@ private:
         kilobytes_per_second = static_cast<double>(sent) / milliseconds_between(begin, now_ns());
     }
 
-    /// Set when the thread is done.
+    /// Set when the thread has finished.
     std::atomic<double> kilobytes_per_second = 0;
     std::jthread thread;
 };

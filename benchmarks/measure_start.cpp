@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 // From just before exec to the model dialog's first content on screen: the real program, unchanged,
-// against a program that shows a bare dialog.
+// compared with a program that shows a bare dialog.
 
 #include "benchmarks/measurements.h"
 #include "benchmarks/programs_beside.h"
@@ -20,7 +20,7 @@ constexpr int warm_up_rounds = 2;
 constexpr int start_rounds = 21;
 constexpr int max_start_ms = 20'000;
 
-/// A pipe whose ends only those children have that are told to.
+/// A pipe whose ends only the intended children inherit.
 class Pipe {
 public:
     Pipe() {

@@ -27,7 +27,7 @@ const QString parking_line = "Current parking location: X=50 Y=50 of this channe
 bool painted = false;
 
 /// A window with the Lite's form, whose terminal shows a text already. The slot of the second
-/// scroll does nothing here: the measurement scrolls by itself, so that it counts.
+/// scroll does nothing here: the benchmark itself scrolls, so that this is measured.
 class Terminal_Window : public QMainWindow {
     Q_OBJECT
 
@@ -78,7 +78,7 @@ public slots:
     void scroll_Cursor_to_the_end() {}
 
 private:
-    /// Lets late layouts and the other windows' repaints pass.
+    /// Waits until late layouts and repaints of other windows are done.
     static void settle() {
         constexpr std::chrono::milliseconds settling_time{20};
         QEventLoop loop;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 // From Continue in the model dialog to the main window's first content on screen, each time in a
-// new process, against the bare form behind the same dialogs.
+// new process, compared with the bare form after the same dialogs.
 
 #include "benchmarks/measurements.h"
 #include "benchmarks/tool_and_form.h"

@@ -14,7 +14,7 @@ public:
     explicit Measurement_Failed(const QString& why) : std::runtime_error(why.toStdString()) {}
 };
 
-/// Each takes its measure and returns its lines of the table. Each runs in a process of its own.
+/// Each benchmark returns its rows of the table. Each runs in a separate process.
 Rows measure_start();
 Rows measure_window();
 Rows measure_memory();

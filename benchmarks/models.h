@@ -35,7 +35,7 @@ auto with_form_of(const QString& model, Use use) {
     return use(std::type_identity<Ui::Corvane_PRO_UI>{});
 }
 
-/// The rows of one measurement taken of each model.
+/// The rows of one benchmark for each model.
 /// @param take gets the model's name, and std::type_identity of its form's class if it takes it.
 template <class Take>
 Rows rows_of_all_models(Take take) {

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::chrono::seconds max_run{60};
 
-/// Serves events meanwhile, so that a simulated switch in this process answers.
+/// Processes events meanwhile, so that a simulated switch in this process answers.
 bool wait_for_end(QProcess& process) {
     QEventLoop loop;
     QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);

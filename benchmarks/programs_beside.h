@@ -11,7 +11,7 @@ QString file_beside(const QString& name);
 
 /// Runs one of the programs of benchmarks/programs to its end and reads what it measured.
 /// @param ports device names of the only serial ports that it sees.
-/// @return the numbers it printed, one "name number" a line.
-/// @throws Measurement_Failed if it does not end well in time.
+/// @return the numbers it printed, one "name number" per line.
+/// @throws Measurement_Failed if it does not end successfully in time.
 QMap<QString, double> run_program(const QString& name, const QStringList& arguments,
                                   const QStringList& ports);

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int max_wait_ms = 10'000;
 
-/// One block of what has come in; empty if nothing comes in time.
+/// One block of the received bytes; empty if nothing arrives in time.
 QByteArray read_block(int file, int wait_ms) {
     std::array<char, 4096> block{};
     pollfd wait = {file, POLLIN, 0};

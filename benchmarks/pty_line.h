@@ -5,8 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
-/// A serial line of a measurement's own: a pseudo-terminal whose other end is read and written in
-/// plain blocking calls, to be used from a thread beside the one that is measured.
+/// The serial line of a benchmark: a pseudo-terminal whose other end is read and written with plain
+/// blocking calls, to be used from a thread other than the measured one.
 class Pty_Line {
 public:
     Pty_Line();
@@ -20,16 +20,16 @@ public:
     /// Sends bytes; waits while the line is full, which is after some kilobytes unread.
     void write(const QByteArray& bytes) const;
 
-    /// Reads what the tool sends until this text has come. Gives up after ten seconds.
-    /// @return whether it came.
+    /// Reads what the tool sends until this text has arrived, for at most ten seconds.
+    /// @return whether it arrived.
     [[nodiscard]] bool read_up_to(const QByteArray& text) const;
 
-    /// Takes away what the tool has sent so far.
+    /// Discards what the tool has sent so far.
     void drop_input() const;
 
 private:
     int master = -1;
-    /// Held open, so that the master survives the tool's closing and reopening of the slave.
+    /// Kept open, so that the master survives the tool's closing and reopening of the slave.
     int slave = -1;
     QString name;
 };

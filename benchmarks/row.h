@@ -17,7 +17,7 @@ struct Row {
     QString what;
     QString against;
     QString figure;
-    QString aim; ///< empty for mere information
+    QString aim; ///< empty for information only
     Verdict verdict = Verdict::information;
 };
 

@@ -23,8 +23,8 @@ double median(Samples samples);
 double largest(const Samples& samples);
 double smallest(const Samples& samples);
 
-/// The median of a[i] / b[i]. Samples taken in turn share the machine's mood, so each is held
-/// against its neighbour.
+/// The median of a[i] / b[i]. Samples taken alternately see the same load of the machine, so each
+/// is compared with its neighbour.
 double median_ratio(const Samples& a, const Samples& b);
 
 /// The median of a[i] - b[i].

@@ -26,7 +26,7 @@
 
 namespace {
 
-/// Chooses the serial line as soon as the dialog for the connection method stands.
+/// Chooses the serial line as soon as the dialog for the connection method is shown.
 class Serial_Path : public QObject {
 public:
     Serial_Path() { qApp->installEventFilter(this); }

@@ -16,8 +16,8 @@
 const Switch_State& one_state();
 const Switch_State& other_state();
 
-/// The real window of a model on screen, on a line whose other end is the measurement's. A Plus or
-/// Pro has taken the serial path.
+/// The real window of a model on screen, on a line whose other end belongs to the benchmark. A Plus
+/// or Pro has taken the serial path.
 class Window_On_Line {
 public:
     /// Returns when the window is on screen.
@@ -28,10 +28,10 @@ public:
     /// The answers to all questions of a start in one text.
     [[nodiscard]] QByteArray report(const Switch_State& state) const;
 
-    /// Runs one of the window's slots, as its signal does.
+    /// Calls one of the window's slots, as its signal does.
     void call(const char* slot) const;
 
-    /// Asks for the report, without the wait that reads it.
+    /// Requests the report, without the wait that reads it.
     void ask_for_report() const { send_first_question(); }
 
     /// Refreshes, answers with the state's report and returns when it fills the pages.

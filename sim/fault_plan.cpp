@@ -12,7 +12,7 @@ QByteArray as_markup(const QByteArray& text) {
     return "<b>" + text + "</b><img src=\"file:///nowhere.png\">";
 }
 
-/// A custom entry's line is "C", a digit, a tab, and the name behind eight columns.
+/// A custom entry's line is "C", a digit, a tab, and the name after eight columns.
 QByteArray mark_up_line(const QByteArray& line) {
     constexpr int key_length = 3;
     constexpr int name_start = key_length + 8;
@@ -26,7 +26,7 @@ QByteArray mark_up_line(const QByteArray& line) {
     return line;
 }
 
-/// Lines that hold none of the keys the tool looks for, 1100 characters in all.
+/// Lines that contain none of the keys that the tool searches for, 1100 characters in all.
 QByteArray filling() { return (QByteArray(109, '.') + '\n').repeated(10); }
 
 } // namespace

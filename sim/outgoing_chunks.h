@@ -10,11 +10,11 @@
 #include <functional>
 #include <vector>
 
-/// What a unit still has to send. The pieces go out strictly one after the other: the pause of one
-/// begins when the one before it has been sent. Those without a pause go out at once.
+/// What a unit still has to send. The pieces are sent strictly one after the other: the pause of
+/// one begins when the one before it has been sent. Those without a pause are sent at once.
 class Outgoing_Chunks {
 public:
-    /// @param send_bytes hands one piece to the line.
+    /// @param send_bytes passes one piece to the line.
     explicit Outgoing_Chunks(std::function<void(const QByteArray& bytes)> send_bytes);
 
     void add(const std::vector<Timed_Chunk>& more);

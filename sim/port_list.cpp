@@ -7,13 +7,13 @@
 
 namespace {
 
-/// Puts a value in front of or behind what a list in the environment holds.
+/// Joins a value and a list of the environment; each may be empty.
 QString joined(const QString& first, const QString& second) {
     return first.isEmpty() || second.isEmpty() ? first + second : first + ':' + second;
 }
 
-/// In a list of libraries to preload a blank parts a path. So such a library is named by its file
-/// alone, and its folder where libraries are looked for.
+/// A space splits a path in a list of libraries to preload. So such a library is given by its file
+/// name only, and its folder is added to the search path of libraries.
 void preload(QProcessEnvironment& environment, const QString& path) {
     QString library = path;
     if (path.contains(' ')) {
@@ -41,8 +41,8 @@ QProcessEnvironment environment_with_ports(const QProcessEnvironment& base,
     QProcessEnvironment environment = base;
     environment.insert(port_list_variable, QString::fromLocal8Bit(port_list_value(device_names)));
     preload(environment, library_path);
-    // A program built with AddressSanitizer refuses to start behind any preloaded library; ours
-    // does not get in its way. Other programs do not read this.
+    // A program built with AddressSanitizer refuses to start after any preloaded library; ours is
+    // harmless here. Other programs do not read this.
     environment.insert("ASAN_OPTIONS",
                        joined(base.value("ASAN_OPTIONS"), "verify_asan_link_order=0"));
     return environment;

@@ -18,7 +18,7 @@
 
 namespace {
 
-/// Puts the line in the state of a serial port: bytes pass as they are, in both directions.
+/// Puts the line in the state of a serial port: bytes pass unchanged, in both directions.
 void make_raw(int terminal) {
     termios attributes = {};
     tcgetattr(terminal, &attributes);
@@ -36,7 +36,7 @@ std::string open_terminal(int& master) {
     return name.data();
 }
 
-/// Whether QSerialPort's lock file of a line is there, such as /var/lock/LCK..pts_3.
+/// Whether QSerialPort's lock file of a line exists, such as /var/lock/LCK..pts_3.
 bool has_lock_file(const std::string& name) {
     std::string line = name.substr(std::strlen("/dev/"));
     std::replace(line.begin(), line.end(), '/', '_');
@@ -111,8 +111,8 @@ void Pty_Port::read_incoming() {
     if (bytes.isEmpty()) {
         return;
     }
-    // The tool claims the line for itself. A tool that was killed cannot give it back, and since
-    // the slave is held open here, the kernel would keep the claim.
+    // The tool takes exclusive access to the line. A tool that was killed cannot release it, and
+    // since the slave is kept open here, the kernel would not release it either.
     ioctl(slave, TIOCNXCL);
     emit received(bytes);
 }

@@ -9,7 +9,7 @@
 class QSocketNotifier;
 
 /// A pseudo-terminal that stands for one serial line. The tool opens the slave end by its name;
-/// this object is the device at the other end. Event driven, in the thread that made it.
+/// this object is the device at the other end. Event driven, in the thread that created it.
 class Pty_Port : public QObject {
     Q_OBJECT
 
@@ -25,22 +25,22 @@ public:
     /// The slave's name, such as "/dev/pts/7". It stays the same after close().
     const QString& device_name() const { return slave_name; }
 
-    /// Sends bytes to whoever has the slave open. What the line does not take at once follows when
-    /// it has room; without a reader the kernel keeps a few kilobytes and this object the rest.
+    /// Sends bytes to the process that has the slave open. What the line does not accept at once
+    /// follows later; without a reader the kernel buffers a few kilobytes and this object the rest.
     /// Dropped after close().
     void write(const QByteArray& bytes);
 
-    /// Whether everything written has been handed to the line.
+    /// Whether everything written has been passed to the line.
     bool all_written() const { return unwritten.isEmpty(); }
 
-    /// Takes the device off the line for good, like a plug that is pulled: the other end reads
-    /// errors from now on.
+    /// Disconnects the device for good, like an unplugged cable: the other end reads errors from
+    /// now on.
     void close();
 
     bool is_open() const { return master >= 0; }
 
 signals:
-    /// Bytes have come in, in the order they were written, none twice.
+    /// Bytes have arrived, in the order in which they were written, none twice.
     void received(const QByteArray& bytes);
 
 private:
@@ -48,7 +48,7 @@ private:
     void write_pending();
 
     int master = -1;
-    /// Held open, so that the master survives the tool's closing and reopening of the slave.
+    /// Kept open, so that the master survives the tool's closing and reopening of the slave.
     int slave = -1;
     QString slave_name;
     QByteArray unwritten;

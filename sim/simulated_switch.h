@@ -12,9 +12,9 @@
 #include <QObject>
 #include <QString>
 
-/// A whole simulated switch: a unit on a pseudo-terminal that answers what it is asked, as well or
-/// as badly as its fault plan says. Works in the event loop of the thread that made it, so a test
-/// can have it in its own.
+/// A whole simulated switch: a unit on a pseudo-terminal that answers commands according to its
+/// fault plan. Runs in the event loop of the thread that created it, so a test can run it in its
+/// own.
 ///
 /// Answers go out strictly one after the other: the delay of the second begins when the first has
 /// been sent.
@@ -33,42 +33,42 @@ public:
     Switch_Logic& unit() { return switch_logic; }
     const Switch_Logic& unit() const { return switch_logic; }
 
-    /// Puts a new plan in force for the answers to all commands from now on. What has been planned
-    /// before still goes out.
+    /// Sets a new plan for the answers to all commands from now on. What has been planned before is
+    /// still sent.
     void set_faults(const Fault_Plan& plan) { faults = plan; }
     const Fault_Plan& fault_plan() const { return faults; }
 
-    /// Every byte that has come in since the start or the last clear_record().
+    /// Every byte that has arrived since the start or the last clear_record().
     const QByteArray& received_bytes() const { return all_bytes; }
 
     /// The commands among them, without their carriage returns. A command counts when its carriage
-    /// return has come.
+    /// return has arrived.
     const QByteArrayList& received_commands() const { return commands; }
 
     void clear_record();
 
-    /// Sends bytes unasked and untouched by any fault, behind the answers still on their way.
+    /// Sends unsolicited bytes, without any fault, after the pending answers.
     void send(const QByteArray& bytes);
 
     /// Puts all on a channel, as the unit's own hotkey does, and sends the notice "**M".
     void press_hotkey(int channel) { send(switch_logic.notice_both(channel)); }
 
-    /// Leaves the line for good, without a word.
+    /// Disconnects from the line for good, without sending anything.
     void vanish();
 
     bool is_on_line() const { return port.is_open(); }
 
-    /// Whether every answer has been handed to the line.
+    /// Whether every answer has been passed to the line.
     bool all_sent() const { return outgoing.empty() && port.all_written(); }
 
 signals:
-    /// A command has come in and has been carried out; its answer may still be on its way.
+    /// A command has arrived and been executed; its answer may still be pending.
     void command_received(const QByteArray& command);
 
-    /// A piece of an answer, or of what send() was given, has been handed to the line.
+    /// A piece of an answer, or of the bytes of send(), has been passed to the line.
     void sent(const QByteArray& bytes);
 
-    /// The unit has left the line.
+    /// The unit has disconnected from the line.
     void vanished();
 
 private:

@@ -66,7 +66,7 @@ void Simulator_Console::set_up_unit(int number) {
     connect(unit, &Simulated_Switch::vanished, this,
             [this, number] { print_line(QString("Unit %1 has disconnected.").arg(number)); });
     if (simulator_options.vanish_after) {
-        // Every command starts a wait; the first to end takes the unit off the line.
+        // Every command starts a wait; the first to end disconnects the unit.
         connect(unit, &Simulated_Switch::command_received, unit,
                 [unit, wait = *simulator_options.vanish_after] {
                     QTimer::singleShot(wait, Qt::PreciseTimer, unit, &Simulated_Switch::vanish);

@@ -14,7 +14,7 @@ Switch_Behind_Adapter::Switch_Behind_Adapter(Simulated_Adapter& carrier, Switch_
     adapter.set_switch([this](const QByteArray& command) { return take(command); });
 }
 
-/// Says nothing at once: what there is to say goes its own way.
+/// Returns no answer at once: the answers are sent later, according to the plan.
 QByteArray Switch_Behind_Adapter::take(const QByteArray& command) {
     gathered += switch_logic.answer(command);
     batch_timer.start(batch_pause);

@@ -10,17 +10,18 @@
 #include <QObject>
 #include <QTimer>
 
-/// The switch behind an adapter's data port, which answers as well or as badly as its fault plan
-/// says. What it says to commands sent back to back is one answer, for the adapter gathers it.
+/// The switch behind an adapter's data port, which answers according to its fault plan. Its answers
+/// to commands sent back to back are one answer, because the adapter collects them.
 class Switch_Behind_Adapter : public QObject {
     Q_OBJECT
 
 public:
-    /// Takes its place behind the adapter, which has to live longer, as the unit has.
+    /// Connects the switch to the adapter. Adapter and unit must live longer than this object.
     Switch_Behind_Adapter(Simulated_Adapter& carrier, Switch_Logic& unit,
                           QObject* parent = nullptr);
 
-    /// For all answers from now on. Who disappears takes the adapter off the network with him.
+    /// Applies to all answers from now on. A switch that disappears takes its adapter off the
+    /// network.
     void set_faults(const Fault_Plan& plan) { faults = plan; }
 
 private:

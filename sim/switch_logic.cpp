@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What a command is answered with; nothing if its arguments make no sense.
+/// The answer to a command; nothing if its arguments are invalid.
 using Answer = std::optional<QByteArray>;
 
 /// A question about the state.
@@ -28,7 +28,8 @@ struct Flag_Command {
     bool value;
 };
 
-/// A command with arguments: the text it begins with, and what it does with the text behind that.
+/// A command with arguments: the text that it begins with, and what it does with the text after
+/// that.
 struct Argument_Command {
     const char* start;
     Answer (*carry_out)(Switch_State& state, const QByteArray& rest);
@@ -107,8 +108,8 @@ Answer set_resolution(Switch_State& state, const QByteArray& rest) {
     return "**CE " + rest + "\n";
 }
 
-/// The entry's number stands behind one C or two: the button of the tool sends "//MM CC1 ...", a
-/// settings file "//MM C1 ...". The button leaves a blank at the end.
+/// The entry's number follows one C or two: the tool's button sends "//MM CC1 ...", a settings file
+/// "//MM C1 ...". The button's command ends with a space.
 Answer set_custom_entry(Switch_State& state, const QByteArray& rest) {
     QByteArrayList fields = (rest.startsWith('C') ? rest.mid(1) : rest).split(' ');
     if (fields.size() < 3) {
@@ -125,7 +126,7 @@ Answer set_custom_entry(Switch_State& state, const QByteArray& rest) {
     return carried_out;
 }
 
-/// Tells how many columns and rows of the grid the four displays take up.
+/// Reports how many columns and rows of the grid the four displays occupy.
 QByteArray layout_confirmation(const std::array<int, 4>& positions) {
     std::array<int, 4> columns = positions;
     for (int& column : columns) {
@@ -139,8 +140,8 @@ QByteArray layout_confirmation(const std::array<int, 4>& positions) {
 }
 
 /// Four times "FF0", a channel digit, "B" and a cell of two digits. A digit may stand twice and
-/// another be missing: so the tool writes inactive channels into a settings file. The last one
-/// counts, and a channel that is missing stays where it is.
+/// another be missing: this is how the tool writes inactive channels into a settings file. The last
+/// one counts, and a missing channel stays where it is.
 Answer set_layout(Switch_State& state, const QByteArray& rest) {
     constexpr qsizetype part_length = 7;
     if (rest.size() != 4 * part_length) {
@@ -196,8 +197,7 @@ constexpr std::array flag_commands = {
     Flag_Command{"//B1", &Switch_State::buzzer, true},
 };
 
-/// The first that fits counts, so the layout command, which is "//" and its four parts, stands
-/// last.
+/// The first match counts, so the layout command, which is "//" and its four parts, is last.
 constexpr std::array argument_commands = {
     Argument_Command{"//c", set_km_channel},   Argument_Command{"//u", set_usb_channel},
     Argument_Command{"//D", set_port_limit},   Argument_Command{"//MP ", set_parking},
@@ -224,7 +224,7 @@ QByteArray Switch_Logic::answer(const QByteArray& command) {
         unit_state = Switch_State();
         return carried_out;
     }
-    // A soft reset starts the unit anew; the settings stay.
+    // A soft reset restarts the unit; the settings stay.
     if (command == "//R") {
         return carried_out;
     }

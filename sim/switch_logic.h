@@ -11,9 +11,9 @@ class Switch_Logic {
 public:
     explicit Switch_Logic(Switch_Model model = Switch_Model::lite) : unit_model(model) {}
 
-    /// Carries out one command, given without its carriage return, and returns the answer, lines
-    /// ended by a line feed. A command the unit does not know, or whose numbers are out of range,
-    /// changes nothing. Its answer is a line without any of the texts that the tool searches for.
+    /// Executes one command, given without its carriage return, and returns the answer, lines ended
+    /// by a line feed. A command the unit does not know, or whose numbers are out of range, changes
+    /// nothing. Its answer is a line without any of the texts that the tool searches for.
     QByteArray answer(const QByteArray& command);
 
     /// Puts keyboard, mouse and USB on a channel, as the unit's own hotkey does, and returns the

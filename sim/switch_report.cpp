@@ -33,7 +33,7 @@ QByteArray status_report(const Switch_State& state) {
     for (const Custom_Entry& entry : state.custom_entries) {
         report += custom_line(number++, entry);
     }
-    // The tool reads twelve characters behind the key; in the next line, "Buzzer", they do no harm.
+    // The tool reads twelve characters after the key; in the next line, "Buzzer", they do no harm.
     report += "Channels resolution:";
     for (const int resolution : state.resolutions) {
         report += " " + resolution_code(resolution);

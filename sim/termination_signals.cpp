@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Where the handler writes to; a handler may do little more.
+/// The handler writes to this pipe; a signal handler may do little more.
 volatile std::sig_atomic_t signal_pipe = -1;
 
 void pass_on(int) {

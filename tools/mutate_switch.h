@@ -2,9 +2,9 @@
 
 #pragma once
 
-// What tools/mutate builds into the product beside its faults: which of them is on, by the number
-// in HALVERN_MUTANT; and where HALVERN_MUTANT_TRACE names a file, the numbers of those that are
-// reached.
+// What tools/mutate builds into the product in addition to its faults. HALVERN_MUTANT is the number
+// of the fault that is on; if HALVERN_MUTANT_TRACE names a file, the numbers of the reached faults
+// are written there.
 
 #include <cstdlib>
 #include <fcntl.h>
@@ -26,8 +26,8 @@ inline bool halvern_mutant(int number) {
     return number == active;
 }
 
-/// "a < b" becomes "a < Halvern_Operator<7, std::less<>, std::greater<>>() < b": that needs no
-/// knowledge of where a begins and b ends.
+/// "a < b" becomes "a < Halvern_Operator<7, std::less<>, std::greater<>>() < b": this works without
+/// knowing where a begins and b ends.
 template <int number, class Right_One, class Wrong_One>
 struct Halvern_Operator {};
 

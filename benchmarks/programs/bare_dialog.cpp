@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-// What a start is held against: a dialog with the widgets of the model dialog, and nothing else.
+// The reference for a start: a dialog with the widgets of the model dialog, and nothing else.
 
 #include <QApplication>
 #include <QDialog>

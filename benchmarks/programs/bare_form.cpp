@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-// What a main window is held against: its form, set up and shown without our code, behind the same
+// The reference for a main window: its form, set up and shown without our code, after the same
 // dialogs as bare forms: halvern-bench-bare-form <model> <task>, as tool.cpp.
 
 #include "benchmarks/models.h"
@@ -54,7 +54,8 @@ int main(int argc, char* argv[]) {
     const Startup_Driver driver(model, [&task](const Startup_Driver& done, const QMainWindow&) {
         carry_out_task(task, done.milliseconds_to_window());
     });
-    // Only the way to the window leads through dialogs; memory and idling are the form's alone.
+    // Only the task "window" shows the dialogs first; memory and idling are measured with the form
+    // alone.
     const bool with_dialogs = task == "window";
     if (with_dialogs) {
         answer_dialog(&Ui::Select_KM_type_Dialog::pushButton_Continue);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-// What a start is held against: the model dialog's form, set up and shown, without our code.
+// The reference for a start: the model dialog's form, set up and shown, without our code.
 
 #include "ui_select_km_type_dialog.h"
 

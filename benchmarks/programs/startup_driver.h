@@ -9,7 +9,7 @@
 #include <functional>
 
 /// Answers the dialogs of a start the moment they are on screen, as a very quick user would, and
-/// measures the way from the model dialog's Continue to the main window on screen.
+/// measures the time from the model dialog's Continue to the main window on screen.
 ///
 /// The time in which the dialog for the connection method waits on screen does not count.
 class Startup_Driver : public QObject {

@@ -12,13 +12,13 @@
 
 namespace {
 
-// Timers of the start, late repaints and cursors have come to rest by then.
+// Timers of the start, late repaints and cursors have finished by then.
 constexpr std::chrono::seconds settling_time{2};
 constexpr std::chrono::seconds idle_time{5};
 
 void print_number(const char* name, double number) { std::printf("%s %.6f\n", name, number); }
 
-/// The number behind a key at the beginning of a line of a file in /proc.
+/// The number after a key at the beginning of a line of a file in /proc.
 double number_in(const QString& path, const QByteArray& key) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {

@@ -4,9 +4,9 @@
 
 #include <QString>
 
-/// What a program of this folder measures in itself once its window stands. Each prints its
-/// numbers, one "name number" a line, and then ends the program.
+/// What a program of this folder measures in itself once its window is shown. Each prints its
+/// numbers, one "name number" per line, and then ends the program.
 
-/// Does what the name asks for: "window" has been measured on the way, "memory" and "idle" follow
-/// when the window has come to rest.
+/// Runs the task: "window" has been measured at the start, "memory" and "idle" follow when the
+/// window has become idle.
 void carry_out_task(const QString& task, double milliseconds_to_window);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// The tool from its model dialog on, walked through by itself: halvern-bench-tool <model> <task>.
-// The model is "Lite", "Plus" or "Pro"; the tasks are told in tasks.h.
+// The tool from its model dialog on, without a user: halvern-bench-tool <model> <task>. The model
+// is "Lite", "Plus" or "Pro"; tasks.h describes the tasks.
 
 #include "app/start_up.h"
 #include "benchmarks/programs/startup_driver.h"
@@ -30,8 +30,8 @@ bool is_filled(const QMainWindow& window) {
     return window.findChild<QLabel*>("label_Current_Hotkey_Trigger_Data")->text() == "Left Ctrl";
 }
 
-/// Carries the task out when the switch's report has filled the pages. Nothing in the window tells
-/// when it has, so it is looked at; that ends before anything is measured.
+/// Runs the task when the switch's report has filled the pages. The window gives no signal for
+/// this, so it is polled; the polling ends before anything is measured.
 void await_filled_page(const QMainWindow& window, const std::function<void()>& next) {
     constexpr std::chrono::milliseconds look_interval{20};
     auto* timer = new QTimer(qApp);

@@ -15,8 +15,8 @@
 //
 // Addresses that the process reads are translated back.
 //
-// C++ because there the C library declares addresses as plain pointers; nothing of the C++ library
-// is used.
+// In C++, because there the C library declares addresses as plain pointers; the C++ library is not
+// used.
 
 #include <arpa/inet.h>
 #include <cerrno>
@@ -28,7 +28,7 @@
 #include <netinet/in.h>
 #include <sys/socket.h>
 
-/// Tells a program that asks for this symbol that it is kept on the loopback.
+/// A program that finds this symbol knows that it is kept on the loopback.
 extern "C" {
 extern const int halvern_loopback_network;
 const int halvern_loopback_network = 1;

@@ -3,9 +3,9 @@
 /* Stands in for libudev where a program looks for serial ports. QSerialPortInfo asks libudev for
  * the devices of the subsystem "tty"; these functions answer with the names in HALVERN_SIM_PORTS,
  * all below /dev and separated by colons, and with no port if it is empty or unset. Linked into a
- * program, or preloaded, they win over the shared library. Questions about any other subsystem find
- * nothing, and udev_silence.cpp answers the rest of the interface, so that other users of libudev
- * in the same process see a machine without devices.
+ * program, or preloaded, they take precedence over the shared library. Questions about any other
+ * subsystem find nothing, and udev_silence.cpp answers the rest of the interface, so that other
+ * users of libudev in the same process see a machine without devices.
  *
  * The declarations repeat those of libudev's stable interface; its header need not be installed. */
 
@@ -42,7 +42,7 @@ struct udev_device {
     char* syspath;
 };
 
-/* What every simulated port hangs on. QSerialPortInfo leaves out ports without a parent. */
+/* The parent of every simulated port. QSerialPortInfo leaves out ports without a parent. */
 static struct udev_device common_parent = {NULL, 1, NULL, NULL};
 
 struct udev* udev_new(void) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-// The rest of libudev's interface beside udev_port_list.c: there is nothing to find, nothing to
-// watch and nothing to tell. The shared library must not see the objects that udev_port_list.c
-// hands out, so every function that takes one stands here. Monitors, queues and hardware tables are
-// never made, and the library's own functions for those take a null pointer well.
+// The rest of libudev's interface, in addition to udev_port_list.c: there is nothing to find, to
+// watch or to report. The shared library must not get the objects that udev_port_list.c returns, so
+// every function that takes one is here. Monitors, queues and hardware tables are never created,
+// and the library's own functions for those accept a null pointer.
 //
 // C++ for its parameters without names; nothing of its library is used.
 
@@ -52,7 +52,7 @@ udev_device* udev_device_new_from_device_id(udev*, const char*) { return nullptr
 
 udev_device* udev_device_new_from_environment(udev*) { return nullptr; }
 
-// What a port has not.
+// Properties that a port does not have.
 
 udev_device* udev_device_get_parent_with_subsystem_devtype(udev_device*, const char*, const char*) {
     return nullptr;
@@ -92,7 +92,7 @@ int udev_device_has_tag(udev_device*, const char*) { return 0; }
 
 int udev_device_has_current_tag(udev_device*, const char*) { return 0; }
 
-// Narrower searches: they are taken, and change nothing.
+// Narrower searches: they are accepted, but change nothing.
 
 int udev_enumerate_add_nomatch_subsystem(udev_enumerate*, const char*) { return 0; }
 
