@@ -33,8 +33,8 @@ public:
               feed(line, text, bytes_per_second, stop);
           }) {}
 
-    /// Ends the delivery. Serves events until its last piece has been read, because the line may be
-    /// full.
+    /// Ends the delivery. Processes events until its last piece has been read, because the line may
+    /// be full.
     /// @return the kilobytes per second that the line transferred.
     double stop() {
         thread.request_stop();

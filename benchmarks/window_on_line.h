@@ -17,7 +17,7 @@ const Switch_State& one_state();
 const Switch_State& other_state();
 
 /// The real window of a model on screen, on a line whose other end belongs to the benchmark. A Plus
-/// or Pro has taken the serial path.
+/// or Pro has followed the serial path.
 class Window_On_Line {
 public:
     /// Returns when the window is on screen.

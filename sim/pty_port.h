@@ -8,8 +8,8 @@
 
 class QSocketNotifier;
 
-/// A pseudo-terminal that stands for one serial line. The tool opens the slave end by its name;
-/// this object is the device at the other end. Event driven, in the thread that created it.
+/// A pseudo-terminal in place of one serial line. The tool opens the slave end by its name; this
+/// object is the device at the other end. Event driven, in the thread that created it.
 class Pty_Port : public QObject {
     Q_OBJECT
 

@@ -139,7 +139,7 @@ QByteArray layout_confirmation(const std::array<int, 4>& positions) {
            "\nSaving vertical dimension as " + QByteArray::number(rows) + "\n";
 }
 
-/// Four times "FF0", a channel digit, "B" and a cell of two digits. A digit may stand twice and
+/// Four times "FF0", a channel digit, "B" and a cell of two digits. A digit may occur twice and
 /// another be missing: this is how the tool writes inactive channels into a settings file. The last
 /// one counts, and a missing channel stays where it is.
 Answer set_layout(Switch_State& state, const QByteArray& rest) {

@@ -45,7 +45,7 @@ QByteArray status_report(const Switch_State& state) {
 QByteArray information_report(const Switch_State& state) {
     QByteArray report = "Current Hotkey Trigger: " + state.hotkey_trigger + "\n";
     report += "Current KM Control: " + QByteArray::number(state.km_channel) + "\n";
-    // No colon here: with one, the line would be taken for a channel notice.
+    // No colon here: with one, the tool would read the line as a channel notice.
     report += "Current USB Control " + QByteArray::number(state.usb_channel) + "\n";
     report += "Current parking location: X=" + QByteArray::number(state.parking_x) +
               " Y=" + QByteArray::number(state.parking_y) + "\n";

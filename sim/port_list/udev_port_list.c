@@ -15,7 +15,7 @@
 static const char port_subsystem[] = "tty";
 static const char device_folder[] = "/dev/";
 
-/* QSerialPortInfo takes an empty list for a failure and then looks into /sys and /dev by itself. So
+/* QSerialPortInfo treats an empty list as a failure and then looks into /sys and /dev by itself. So
  * an empty list holds one device without a parent, which it passes over. */
 static const char no_port[] = "/dev/none";
 

@@ -6,7 +6,7 @@
 #include <QByteArrayList>
 
 /// The datagrams of an input, in groups: each is one byte of length and that many bytes. The length
-/// 255 stands for the end of a group.
+/// 255 marks the end of a group.
 class Datagram_Input {
 public:
     Datagram_Input(const unsigned char* data, std::size_t size)

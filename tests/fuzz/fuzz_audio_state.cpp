@@ -20,7 +20,7 @@ void check_audio(const std::string& text) {
         state.channels = {};
     }
     const std::string filed = audio_state_text(state).toStdString();
-    // Without any channel the file holds a command, which reads as no channel.
+    // Without any channel the file contains a command, which is read as no channel.
     expect(read_audio_state(filed).state == state, "an audio state does not come back");
     expect(audio_command(state).startsWith("//a "), "another audio command");
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-// Values cut out of a unit's replies.
-// Input: a byte that is an offset, then the text.
+// Values extracted from a unit's replies. Input: a byte that is an offset, then the text.
 
 #include "link/channels.h"
 #include "link/custom_setting.h"

@@ -9,7 +9,7 @@
 
 #include <optional>
 
-/// A main window of any model on a link that only records. One window serves all inputs of a
+/// A main window of any model on a link that only records. One window is used for all inputs of a
 /// process: between two of them its controller is replaced and the state of its widgets is
 /// restored. This state is compared with a new window's from time to time.
 class Fuzz_Window : public Bare_Window {

@@ -67,7 +67,7 @@ void Reply_Player::serve(const QByteArray& chunk) {
         ends_as_stated(std::nullopt, [&] { window.receive(chunk); });
         return;
     }
-    // A datagram is a whole answer: if a new layout was confirmed, it is read at once.
+    // A datagram is a complete answer: if a new layout was confirmed, it is read at once.
     const Session_State& state = window.controller().session.state;
     std::optional<Stated_End> stated;
     if (state.layout_report_pending && state.layout_saved_pending) {

@@ -9,7 +9,7 @@
 /// settings/file_dialogs.cpp.
 namespace settings_paths {
 
-/// Makes this the content of the file.
+/// Sets the content of the file.
 void write(const QByteArray& content);
 /// The content of the file.
 [[nodiscard]] QByteArray read();

@@ -7,8 +7,8 @@
 /// While it exists, every operator new of this size or more throws std::bad_alloc, as it does when
 /// memory runs out. It replaces the operators of the whole program, so that a test which lists
 /// failing_allocation.cpp among its sources reaches the code under test with it. Memory that is not
-/// taken by operator new, such as that of QString and QByteArray, is not touched; nor is that which
-/// another library takes on Windows.
+/// allocated with operator new, such as that of QString and QByteArray, is not affected; neither is
+/// that of another library on Windows.
 class Failing_Allocation {
 public:
     explicit Failing_Allocation(std::size_t smallest_failing);

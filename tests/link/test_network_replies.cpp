@@ -10,7 +10,7 @@
 
 #include <stdexcept>
 
-/// A chunk from the network, which is taken for a whole report.
+/// A chunk from the network, which is read as a complete report.
 class Test_Network_Replies : public QObject {
     Q_OBJECT
 
@@ -102,7 +102,7 @@ void Test_Network_Replies::the_first_chunk_fills_all_buffers_and_is_applied_at_o
     take(report);
     QCOMPARE(state().info_buff, report.toStdString());
     QCOMPARE(state().status_buff, report.toStdString());
-    // The whole chunk and not the one line.
+    // The whole chunk, not only this line.
     QCOMPARE(state().layout_buff, report.toStdString());
     QVERIFY(!state().info_report_pending);
     QVERIFY(!state().layout_report_pending);

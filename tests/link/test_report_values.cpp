@@ -7,7 +7,7 @@
 
 #include <stdexcept>
 
-/// Cutting values out of the switch's free text.
+/// Extracting values from the switch's free text.
 class Test_Report_Values : public QObject {
     Q_OBJECT
 

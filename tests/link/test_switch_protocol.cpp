@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-/// Every text that goes to the switch, and every text that is searched for in its answers.
+/// Every text that is sent to the switch, and every text that is searched for in its answers.
 class Test_Switch_Protocol : public QObject {
     Q_OBJECT
 

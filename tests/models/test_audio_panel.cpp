@@ -220,7 +220,7 @@ void Test_Audio_Panel::a_reply_is_shown() {
     QFETCH(const QByteArray, reply);
     QFETCH(const QString, shown);
     QVERIFY(pro->open_filled());
-    // A notice empties the buffer, so that only the reply is looked through.
+    // A notice empties the buffer, so that only the reply is searched.
     QVERIFY(pro->say("**U 1\n"));
     clear_panel();
     QVERIFY(pro->say(reply));

@@ -98,7 +98,7 @@ void Test_Model_Readers::a_grid_position_that_is_no_number_is_forgiven_on_the_pl
     QCOMPARE(threw, !row().forgives_bad_grid_position);
     QCOMPARE(told.startsWith("Invalid argument: "), row().forgives_bad_grid_position);
     QCOMPARE(told.endsWith('\n'), row().forgives_bad_grid_position);
-    // The Plus puts the channel without a number on the first cell; the others stay as they were.
+    // The Plus puts the channel without a number on the first cell; the others are unchanged.
     if (row().forgives_bad_grid_position) {
         QCOMPARE(table().item(0, 0)->text(), "Channel 2");
         QCOMPARE(table().item(3, 3)->text(), "Channel 1");

@@ -160,7 +160,7 @@ void Test_Stated_Waits::on_plus_and_pro_a_cancelled_load_has_a_second_part_2000_
     if (model == Switch_Model::lite) {
         QCOMPARE(wrong_wait(start_of_second_part() - loaded, 2000ms), QByteArray());
     } else {
-        // It finds the first part of the file chosen meanwhile, which has one of its own as well.
+        // It finds the first part of the file chosen meanwhile, which has its own timer as well.
         QCOMPARE(wrong_wait(start_of_second_part(2) - cancelled, 2000ms), QByteArray());
     }
 }

@@ -86,7 +86,7 @@ public:
         }
         at.robot.expect({.class_name = "QMessageBox", .action = [this](QWidget& box) {
                              say(at.robot.snapshots().last().to_string());
-                             // So that it is not taken for the second one.
+                             // So that it is not mistaken for the second one.
                              box.setObjectName("first");
                              return QString();
                          }});

@@ -73,8 +73,8 @@ void Test_Network_Soak::chunks_of_replies_leave_nothing_behind() {
     const QByteArray words[] = {"Done.\n", "**C 2\n", "**U 4\n", "a line\n", "**M 1\n"};
     // Painting the window for each would take most of the time.
     at->window().setUpdatesEnabled(false);
-    // Qt's list of timers grows to the most that ever waited. A millisecond between chunks keeps it
-    // short.
+    // Qt's list of timers grows to the largest number that was ever pending. A millisecond between
+    // chunks keeps it short.
     constexpr qint64 for_waiting_timers = 64 * 1024;
     soak->repeat(
         "chunks", length_of_run(20'000),

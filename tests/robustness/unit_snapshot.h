@@ -16,7 +16,7 @@ using Unit_Snapshot = QMap<QString, QString>;
 /// not there; a box without a choice shows "(none)" as well.
 Unit_Snapshot look_at_unit(const Window_Fixture& at);
 
-/// What a window shows that shows the whole unit.
+/// The snapshot of a window that shows the whole unit.
 Unit_Snapshot snapshot_of(const Switch_State& state, Switch_Model model);
 
 /// The differences between what a window shows and what it should, one line each; empty if none.

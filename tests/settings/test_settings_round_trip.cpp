@@ -157,7 +157,7 @@ bool Test_Settings_Round_Trip::save_from_source(const QString& path) {
     robot->expect({.class_name = "QFileDialog", .action = choose_file(path)});
     robot->expect({.class_name = "QMessageBox", .text = "File saved"});
     source->controller().settings.create_settings_file();
-    // The answer to the save's own question must not be taken for the next report.
+    // The answer to the save's own question must not be mistaken for the next report.
     return robot->done() && source->wait_until_obeyed();
 }
 

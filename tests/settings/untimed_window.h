@@ -12,7 +12,7 @@ public:
     Untimed_Window();
     ~Untimed_Window() override;
 
-    /// Asks the switch for everything and applies the report as soon as it is complete.
+    /// Reads everything from the switch and applies the report as soon as it is complete.
     [[nodiscard]] bool read_unit();
 
     /// Waits until the switch has executed and answered everything sent so far.

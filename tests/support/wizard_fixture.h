@@ -5,11 +5,11 @@
 #include "tests/support/modal_robot.h"
 #include "tests/support/window_fixture.h"
 
-/// What the method dialog of the connection wizard looks like, and the way through it by the serial
-/// line.
+/// What the method dialog of the connection wizard looks like, and the path through it to the
+/// serial line.
 Modal_Expectation serial_method();
 
-/// A Plus or Pro window whose wizard has taken the serial path to a simulated switch.
+/// A Plus or Pro window whose wizard has followed the serial path to a simulated switch.
 template <class Window>
 class Wizard_Fixture : public Window_Fixture {
 public:

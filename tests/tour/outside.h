@@ -16,7 +16,7 @@ namespace outside {
 /// @throws Step_Failed if the server refuses them.
 void xdotool(const QStringList& arguments);
 
-/// The next bytes that the units print; empty if none come in time.
+/// The next bytes that the units print; empty if none arrive in time.
 QByteArray units_output(std::chrono::milliseconds patience);
 
 /// Writes a line to the units' console.

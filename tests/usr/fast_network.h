@@ -7,9 +7,9 @@
 
 #include <QByteArrayList>
 
-/// Simulated adapters in the test's own thread: they are served while the tool blocks that thread,
-/// so that a search takes no real time and its result does not depend on a race. For programs
-/// linked with fake_waiting. Time is virtual as long as it exists.
+/// Simulated adapters in the test's own thread: they run while the tool blocks that thread, so that
+/// a search takes no real time and its result does not depend on a race. For programs linked with
+/// fake_waiting. Time is virtual as long as it exists.
 class Fast_Network : public Adapter_Network {
 public:
     Fast_Network();

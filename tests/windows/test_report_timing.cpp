@@ -198,7 +198,7 @@ void Test_Report_Timing::refresh_during_the_wait_drops_what_has_come() {
     be_silent();
     expect_box();
     lite->button("pushButton_Refresh").click();
-    // The first wait goes on and finds an empty buffer.
+    // The first wait continues and finds an empty buffer.
     QVERIFY2(wait_until([&] { return robot->done(); }), robot->why());
     QVERIFY(!lite->is_filled());
     QCOMPARE(hotkey(), "");

@@ -126,7 +126,7 @@ void Test_Terminal::markup_is_shown_as_its_characters() {
     const QString expected = lite->terminal_text() + QString::fromUtf8(chunk);
     lite->device.send(chunk);
     QVERIFY(wait_for(expected));
-    // It has left no style either.
+    // It has not left a style either.
     QVERIFY(!lite->terminal().textCursor().charFormat().isImageFormat());
     QCOMPARE(lite->terminal().textCursor().charFormat().fontWeight(),
              lite->terminal().currentCharFormat().fontWeight());
