@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/event_log.h"
-#include "tests/app/log_folder.h"
+#include "tests/support/log_folder.h"
 
 #include <QDateTime>
 #include <QFile>

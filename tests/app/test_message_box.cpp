@@ -2,8 +2,8 @@
 
 #include "app/event_log.h"
 #include "app/message_box.h"
-#include "tests/app/log_folder.h"
 #include "tests/support/find_child.h"
+#include "tests/support/log_folder.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
 

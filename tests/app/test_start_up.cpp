@@ -3,7 +3,7 @@
 #include "app/select_km_type_dialog.h"
 #include "app/start_up.h"
 #include "app/text_font.h"
-#include "tests/app/log_folder.h"
+#include "tests/support/log_folder.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/stay_painted.h"
+#include "tests/support/own_display.h"
 #include "tests/support/wait_until.h"
-#include "tests/windows/test_layout_drag_display.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "sim/simulated_switch.h"
-#include "tests/app/log_folder.h"
 #include "tests/end_to_end/driven_program.h"
+#include "tests/support/log_folder.h"
 #include "tests/support/wait_until.h"
 
 #include <QDateTime>

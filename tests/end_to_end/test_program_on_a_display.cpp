@@ -2,9 +2,9 @@
 
 #include "app/select_km_type_dialog.h"
 #include "sim/simulated_switch.h"
-#include "tests/app/log_folder.h"
-#include "tests/end_to_end/desktop.h"
+#include "tests/support/desktop.h"
 #include "tests/support/find_child.h"
+#include "tests/support/log_folder.h"
 #include "tests/support/program_run.h"
 #include "tests/support/wait_until.h"
 

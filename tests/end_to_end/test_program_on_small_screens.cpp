@@ -2,7 +2,7 @@
 
 #include "app/screen_fit.h"
 #include "sim/simulated_switch.h"
-#include "tests/end_to_end/desktop.h"
+#include "tests/support/desktop.h"
 #include "tests/support/program_run.h"
 
 #include <QTest>

@@ -2,8 +2,8 @@
 
 #include "sim/adapter_network.h"
 #include "tests/end_to_end/driven_program.h"
+#include "tests/support/private_network.h"
 #include "tests/support/wait_until.h"
-#include "tests/usr/private_network.h"
 
 #include <QApplication>
 #include <QTcpServer>

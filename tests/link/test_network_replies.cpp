@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/event_log.h"
-#include "tests/app/log_folder.h"
 #include "tests/link/reply_bench.h"
+#include "tests/support/log_folder.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
 

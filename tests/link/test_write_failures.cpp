@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/event_log.h"
-#include "tests/app/log_folder.h"
 #include "tests/link/failing_allocation.h"
 #include "tests/link/open_line.h"
 #include "tests/support/debug_lines.h"
+#include "tests/support/log_folder.h"
 #include "tests/support/modal_robot.h"
 
 #include <QTest>

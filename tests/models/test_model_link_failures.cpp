@@ -2,7 +2,7 @@
 
 #include "app/event_log.h"
 #include "link/link_transport.h"
-#include "tests/app/log_folder.h"
+#include "tests/support/log_folder.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"

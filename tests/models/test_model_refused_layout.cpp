@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/layout_table.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"
-#include "tests/windows/test_layout_table.h"
 
 #include <QFile>
 #include <QTemporaryDir>

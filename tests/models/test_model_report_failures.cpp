@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/event_log.h"
-#include "tests/app/log_folder.h"
 #include "tests/support/debug_lines.h"
+#include "tests/support/layout_table.h"
+#include "tests/support/log_folder.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"
-#include "tests/windows/test_layout_table.h"
 
 #include <QTest>
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/settings/settings_fixture.h"
 #include "tests/support/model_fixture.h"
+#include "tests/support/settings_fixture.h"
 #include "tests/support/stated_wait.h"
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
-#include "tests/windows/window_waits.h"
+#include "tests/support/window_waits.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/network/network_fixture.h"
 #include "tests/network/stalled_connection.h"
+#include "tests/support/expect_box.h"
+#include "tests/support/network_fixture.h"
+#include "tests/support/private_network.h"
 #include "tests/support/wait_until.h"
-#include "tests/usr/expect_box.h"
-#include "tests/usr/private_network.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

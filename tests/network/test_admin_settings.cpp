@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/network/network_test.h"
+#include "tests/support/expect_box.h"
+#include "tests/support/network_test.h"
 #include "tests/support/wait_until.h"
-#include "tests/usr/expect_box.h"
 
 /// The adapter's admin settings, opened by the main window's button.
 class Test_Admin_Settings : public Network_Test {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/app/log_folder.h"
-#include "tests/network/network_test.h"
+#include "tests/support/expect_box.h"
+#include "tests/support/log_folder.h"
+#include "tests/support/network_test.h"
 #include "tests/support/wait_until.h"
-#include "tests/usr/expect_box.h"
 
 #include <QFile>
 #include <QRegularExpression>

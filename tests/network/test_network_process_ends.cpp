@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/app/log_folder.h"
-#include "tests/usr/private_network.h"
+#include "tests/support/log_folder.h"
+#include "tests/support/private_network.h"
 
 #include <QCoreApplication>
 #include <QProcess>

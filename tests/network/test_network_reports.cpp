@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/network/network_test.h"
+#include "tests/support/expect_box.h"
 #include "tests/support/find_child.h"
+#include "tests/support/network_test.h"
 #include "tests/support/sample_units.h"
 #include "tests/support/wait_until.h"
-#include "tests/usr/expect_box.h"
 
 #include <QCheckBox>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/network/network_test.h"
+#include "tests/support/network_test.h"
 #include "tests/support/stated_wait.h"
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
-#include "tests/windows/window_waits.h"
+#include "tests/support/window_waits.h"
 
 #include <QUdpSocket>
 

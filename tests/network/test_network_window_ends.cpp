@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/network/network_test.h"
-#include "tests/windows/device_watch.h"
+#include "tests/support/device_watch.h"
+#include "tests/support/network_test.h"
 
 /// The window is deleted in each of its states. Leftovers would show in cleanup(), and under
 /// AddressSanitizer.

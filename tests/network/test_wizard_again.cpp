@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "sim/port_list.h"
-#include "tests/network/network_test.h"
+#include "tests/support/device_watch.h"
+#include "tests/support/network_test.h"
 #include "tests/support/wait_until.h"
-#include "tests/windows/device_watch.h"
 
 /// The connection wizard while a link is open.
 class Test_Wizard_Again : public Network_Test {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/network/network_test.h"
 #include "tests/support/assistance_snapshot.h"
 #include "tests/support/find_child.h"
+#include "tests/support/network_test.h"
 
 #include <QRadioButton>
 

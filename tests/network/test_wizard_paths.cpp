@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/network/network_test.h"
+#include "tests/support/expect_box.h"
+#include "tests/support/fake_waiting.h"
 #include "tests/support/find_child.h"
+#include "tests/support/network_test.h"
 #include "tests/support/wait_until.h"
-#include "tests/usr/expect_box.h"
-#include "tests/usr/fake_waiting.h"
 
 #include <QRadioButton>
 

@@ -3,10 +3,10 @@
 #include "tests/robustness/adapter_faults.h"
 
 #include "sim/adapter_options.h"
+#include "tests/support/expect_box.h"
+#include "tests/support/fake_waiting.h"
 #include "tests/support/find_child.h"
 #include "tests/support/virtual_time.h"
-#include "tests/usr/expect_box.h"
-#include "tests/usr/fake_waiting.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "tests/network/network_fixture.h"
+#include "tests/support/network_fixture.h"
 
 #include <QStringList>
 

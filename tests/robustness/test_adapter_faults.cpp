@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "sim/adapter_options.h"
-#include "tests/network/network_test.h"
 #include "tests/robustness/adapter_faults.h"
 #include "tests/robustness/unit_snapshot.h"
+#include "tests/support/network_test.h"
 #include "tests/support/sample_units.h"
 #include "tests/support/wait_until.h"
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 
 #include "sim/switch_behind_adapter.h"
-#include "tests/network/network_test.h"
 #include "tests/robustness/switch_faults.h"
+#include "tests/support/expect_box.h"
+#include "tests/support/network_test.h"
 #include "tests/support/sample_units.h"
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
-#include "tests/usr/expect_box.h"
 
 /// Every fault of the simulated switch behind an adapter: what the user of a Plus and a Pro sees,
 /// and that nothing of the unit is changed by it.

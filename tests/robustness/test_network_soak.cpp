@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/network/network_test.h"
 #include "tests/robustness/resource_counts.h"
 #include "tests/robustness/soak.h"
 #include "tests/robustness/unit_snapshot.h"
+#include "tests/support/network_test.h"
 #include "tests/support/sample_units.h"
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"

@@ -2,11 +2,11 @@
 
 #include "sim/port_list.h"
 #include "tests/robustness/switch_faults.h"
+#include "tests/support/expect_box.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/sample_units.h"
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
-#include "tests/usr/expect_box.h"
 
 /// Every fault of the simulated switch on the serial line, on all three windows: what the user
 /// sees, and that nothing of the unit is changed by it.

@@ -3,12 +3,12 @@
 #include "tests/robustness/resource_counts.h"
 #include "tests/robustness/soak.h"
 #include "tests/robustness/unit_snapshot.h"
-#include "tests/settings/settings_fixture.h"
+#include "tests/support/expect_box.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/sample_units.h"
+#include "tests/support/settings_fixture.h"
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
-#include "tests/usr/expect_box.h"
 
 #include <QFileDialog>
 #include <QTextDocument>

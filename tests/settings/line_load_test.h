@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "tests/app/log_folder.h"
-#include "tests/settings/settings_fixture.h"
+#include "tests/support/log_folder.h"
+#include "tests/support/settings_fixture.h"
 
 #include <QTest>
 

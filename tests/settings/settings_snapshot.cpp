@@ -2,7 +2,7 @@
 
 #include "tests/settings/settings_snapshot.h"
 
-#include "tests/windows/test_layout_table.h"
+#include "tests/support/layout_table.h"
 
 #include <QStringList>
 

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "tests/settings/settings_fixture.h"
+#include "tests/support/settings_fixture.h"
 
 #include <QMap>
 #include <QString>

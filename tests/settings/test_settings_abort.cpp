@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/select_km_type_dialog.h"
-#include "tests/end_to_end/desktop.h"
-#include "tests/settings/settings_fixture.h"
+#include "tests/support/desktop.h"
 #include "tests/support/find_child.h"
 #include "tests/support/lite_fixture.h"
+#include "tests/support/settings_fixture.h"
 #include "tests/support/wait_until.h"
 
 #include <QDir>

@@ -2,9 +2,9 @@
 
 #include "pages/model_traits.h"
 #include "tests/settings/kept_rights.h"
-#include "tests/settings/settings_fixture.h"
 #include "tests/support/bare_window.h"
 #include "tests/support/model_fixture.h"
+#include "tests/support/settings_fixture.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/settings/settings_fixture.h"
+#include "tests/support/layout_table.h"
 #include "tests/support/model_fixture.h"
+#include "tests/support/settings_fixture.h"
 #include "tests/support/wait_until.h"
-#include "tests/windows/test_layout_table.h"
 
 #include <QElapsedTimer>
 #include <QFileDialog>

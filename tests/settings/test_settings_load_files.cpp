@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/settings/settings_fixture.h"
 #include "tests/settings/settings_snapshot.h"
 #include "tests/support/model_fixture.h"
+#include "tests/support/settings_fixture.h"
 #include "tests/support/wait_until.h"
 
 #include <QDir>

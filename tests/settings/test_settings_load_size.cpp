@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/settings/settings_fixture.h"
 #include "tests/settings/settings_snapshot.h"
+#include "tests/support/settings_fixture.h"
 #include "tests/support/wait_until.h"
 
 #include <QTest>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "sim/switch_report.h"
-#include "tests/settings/settings_fixture.h"
 #include "tests/settings/settings_snapshot.h"
 #include "tests/support/model_fixture.h"
+#include "tests/support/settings_fixture.h"
 #include "tests/support/wait_until.h"
 
 #include <QTest>

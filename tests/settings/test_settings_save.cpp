@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/settings/settings_fixture.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/sample_units.h"
+#include "tests/support/settings_fixture.h"
 
 #include <QFile>
 #include <QTest>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/event_log.h"
-#include "tests/app/log_folder.h"
-#include "tests/settings/settings_fixture.h"
+#include "tests/support/log_folder.h"
 #include "tests/support/model_fixture.h"
+#include "tests/support/settings_fixture.h"
 #include "tests/support/wait_until.h"
 
 #include <QDir>

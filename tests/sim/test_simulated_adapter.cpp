@@ -2,9 +2,9 @@
 
 #include "sim/adapter_network.h"
 #include "sim/switch_logic.h"
+#include "tests/support/adapter_process.h"
+#include "tests/support/private_network.h"
 #include "tests/support/wait_until.h"
-#include "tests/usr/adapter_process.h"
-#include "tests/usr/private_network.h"
 
 #include <QCoreApplication>
 #include <QTest>

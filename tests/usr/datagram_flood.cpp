@@ -2,7 +2,7 @@
 
 #include "tests/usr/datagram_flood.h"
 
-#include "tests/usr/raw_sender.h"
+#include "tests/support/raw_sender.h"
 
 #include <algorithm>
 #include <sys/resource.h>

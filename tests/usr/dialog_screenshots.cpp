@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/usr/fake_waiting.h"
-#include "tests/usr/fast_network.h"
+#include "tests/support/fake_waiting.h"
+#include "tests/support/fast_network.h"
+#include "tests/support/private_network.h"
 #include "tests/usr/ip_dialog_widgets.h"
-#include "tests/usr/private_network.h"
 #include "usr/change_setting_for_usr_dialog.h"
 #include "usr/credentials_dialog.h"
 #include "usr/select_connection_method_dialog.h"

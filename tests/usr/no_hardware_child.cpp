@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/fast_network.h"
 #include "tests/support/find_child.h"
 #include "tests/support/modal_robot.h"
-#include "tests/usr/fast_network.h"
-#include "tests/usr/private_network.h"
-#include "tests/usr/raw_sender.h"
+#include "tests/support/private_network.h"
+#include "tests/support/raw_sender.h"
 #include "usr/select_hardware_dialog.h"
 
 #include <QApplication>

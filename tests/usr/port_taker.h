@@ -3,7 +3,7 @@
 #pragma once
 
 #include "tests/support/debug_lines.h"
-#include "tests/usr/raw_sender.h"
+#include "tests/support/raw_sender.h"
 
 /// Another program that binds the search port exactly between a failed search and its repetition,
 /// when a debug line is printed.

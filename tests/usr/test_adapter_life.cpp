@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/adapter_process.h"
+#include "tests/support/expect_box.h"
+#include "tests/support/private_network.h"
 #include "tests/support/wait_until.h"
-#include "tests/usr/adapter_process.h"
-#include "tests/usr/expect_box.h"
 #include "tests/usr/ip_dialog_widgets.h"
-#include "tests/usr/private_network.h"
 #include "usr/change_setting_for_usr_dialog.h"
 #include "usr/credentials_dialog.h"
 #include "usr/select_hardware_dialog.h"

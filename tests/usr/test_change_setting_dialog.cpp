@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/expect_box.h"
+#include "tests/support/fake_waiting.h"
+#include "tests/support/fast_network.h"
 #include "tests/support/find_child.h"
-#include "tests/usr/expect_box.h"
-#include "tests/usr/fake_waiting.h"
-#include "tests/usr/fast_network.h"
-#include "tests/usr/private_network.h"
+#include "tests/support/private_network.h"
 #include "usr/change_setting_for_usr_dialog.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/adapter_process.h"
+#include "tests/support/private_network.h"
 #include "tests/support/stated_wait.h"
 #include "tests/support/virtual_time.h"
-#include "tests/usr/adapter_process.h"
-#include "tests/usr/private_network.h"
 #include "usr/usr_searcher.h"
 
 #include <QCoreApplication>

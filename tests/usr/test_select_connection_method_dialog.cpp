@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/event_log.h"
+#include "tests/support/expect_box.h"
 #include "tests/support/find_child.h"
-#include "tests/usr/expect_box.h"
 #include "usr/select_connection_method_dialog.h"
 
 #include <QApplication>

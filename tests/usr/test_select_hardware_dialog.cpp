@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/expect_box.h"
+#include "tests/support/fake_waiting.h"
+#include "tests/support/fast_network.h"
 #include "tests/support/find_child.h"
-#include "tests/usr/expect_box.h"
-#include "tests/usr/fake_waiting.h"
-#include "tests/usr/fast_network.h"
+#include "tests/support/private_network.h"
+#include "tests/support/raw_sender.h"
 #include "tests/usr/port_taker.h"
-#include "tests/usr/private_network.h"
-#include "tests/usr/raw_sender.h"
 #include "usr/select_hardware_dialog.h"
 
 #include <QApplication>

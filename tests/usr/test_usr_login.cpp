@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/app/open_log.h"
-#include "tests/usr/expect_box.h"
-#include "tests/usr/fake_waiting.h"
-#include "tests/usr/fast_network.h"
-#include "tests/usr/private_network.h"
-#include "tests/usr/raw_sender.h"
+#include "tests/support/expect_box.h"
+#include "tests/support/fake_waiting.h"
+#include "tests/support/fast_network.h"
+#include "tests/support/open_log.h"
+#include "tests/support/private_network.h"
+#include "tests/support/raw_sender.h"
 #include "usr/usr_configurator.h"
 
 #include <QApplication>

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/app/open_log.h"
 #include "tests/support/debug_lines.h"
+#include "tests/support/fake_waiting.h"
+#include "tests/support/fast_network.h"
 #include "tests/support/modal_robot.h"
-#include "tests/usr/fake_waiting.h"
-#include "tests/usr/fast_network.h"
+#include "tests/support/open_log.h"
+#include "tests/support/private_network.h"
+#include "tests/support/raw_sender.h"
 #include "tests/usr/port_taker.h"
-#include "tests/usr/private_network.h"
-#include "tests/usr/raw_sender.h"
 #include "usr/search_stopwatch.h"
 #include "usr/usr_searcher.h"
 #include "usr/waiting.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/usr/fake_waiting.h"
-#include "tests/usr/fast_network.h"
+#include "tests/support/fake_waiting.h"
+#include "tests/support/fast_network.h"
+#include "tests/support/private_network.h"
 #include "tests/usr/packet_capture.h"
-#include "tests/usr/private_network.h"
 #include "usr/usr_configurator.h"
 
 #include <QApplication>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/layout_table.h"
 #include "tests/support/modal_robot.h"
+#include "tests/support/own_display.h"
 #include "tests/support/wait_until.h"
-#include "tests/windows/test_layout_drag_display.h"
-#include "tests/windows/test_layout_drag_pointer.h"
-#include "tests/windows/test_layout_table.h"
+#include "tests/windows/layout_drag_pointer.h"
 
 #include <QApplication>
 #include <QSignalSpy>

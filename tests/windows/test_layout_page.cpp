@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/layout_table.h"
 #include "tests/support/modal_robot.h"
-#include "tests/windows/test_layout_table.h"
 
 #include <QHeaderView>
 #include <QTest>

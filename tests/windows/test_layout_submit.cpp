@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/layout_table.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
-#include "tests/windows/test_layout_table.h"
 
 #include <QTest>
 

@@ -2,8 +2,8 @@
 
 #include "app/event_log.h"
 #include "pages/combo_box.h"
-#include "tests/app/log_folder.h"
 #include "tests/support/lite_fixture.h"
+#include "tests/support/log_folder.h"
 #include "tests/support/modal_robot.h"
 
 #include <QTest>

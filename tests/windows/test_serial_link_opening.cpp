@@ -2,11 +2,11 @@
 
 #include "sim/port_list.h"
 #include "sim/switch_report.h"
+#include "tests/support/device_watch.h"
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/program_run.h"
 #include "tests/support/wait_until.h"
-#include "tests/windows/device_watch.h"
 
 #include <QFile>
 #include <QSerialPort>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/device_watch.h"
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
-#include "tests/windows/device_watch.h"
 #include "tests/windows/link_snapshot.h"
 
 #include <QTest>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/network/network_test.h"
+#include "tests/support/network_test.h"
 
 void Network_Test::initTestCase_data() {
     QTest::addColumn<Switch_Model>("model");

@@ -2,9 +2,9 @@
 
 #pragma once
 
+#include "tests/support/fast_network.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/window_fixture.h"
-#include "tests/usr/fast_network.h"
 
 #include <QByteArrayList>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/windows/window_waits.h"
+#include "tests/support/window_waits.h"
 
 #include "tests/support/virtual_time.h"
 

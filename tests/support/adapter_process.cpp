@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/usr/adapter_process.h"
+#include "tests/support/adapter_process.h"
 
 namespace {
 

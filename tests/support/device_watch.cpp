@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/windows/device_watch.h"
+#include "tests/support/device_watch.h"
 
 #include <QFile>
 

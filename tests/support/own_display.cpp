@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/windows/test_layout_drag_display.h"
+#include "tests/support/own_display.h"
 
 #include "tests/support/virtual_display.h"
 

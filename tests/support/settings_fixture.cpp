@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/settings/settings_fixture.h"
+#include "tests/support/settings_fixture.h"
 
 #include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"

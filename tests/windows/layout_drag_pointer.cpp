@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/windows/test_layout_drag_pointer.h"
+#include "tests/windows/layout_drag_pointer.h"
 
 #include "tests/support/wait_until.h"
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/network/network_fixture.h"
+#include "tests/support/network_fixture.h"
 
+#include "tests/support/expect_box.h"
 #include "tests/support/find_child.h"
 #include "tests/support/wait_until.h"
 #include "tests/support/wizard_fixture.h"
-#include "tests/usr/expect_box.h"
 #include "windows/halvern_velmoran_plus.h"
 #include "windows/halvern_velmoran_pro.h"
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/event_log.h"
-#include "tests/app/log_folder.h"
+#include "tests/support/log_folder.h"
 
 /// The event log, open in a separate folder for the duration of a test.
 class Open_Log {

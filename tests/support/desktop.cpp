@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/end_to_end/desktop.h"
+#include "tests/support/desktop.h"
 
 #include "tests/support/wait_until.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/usr/fake_waiting.h"
+#include "tests/support/fake_waiting.h"
 
 #include "usr/waiting.h"
 

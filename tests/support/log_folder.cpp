@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/app/log_folder.h"
+#include "tests/support/log_folder.h"
 
 #include <QFile>
 

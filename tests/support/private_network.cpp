@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/usr/private_network.h"
+#include "tests/support/private_network.h"
 
 #include <array>
 #include <cerrno>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/windows/test_layout_table.h"
+#include "tests/support/layout_table.h"
 
 #include "tests/support/find_child.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-#include "tests/usr/fast_network.h"
+#include "tests/support/fast_network.h"
 
-#include "tests/usr/fake_waiting.h"
-#include "tests/usr/raw_sender.h"
+#include "tests/support/fake_waiting.h"
+#include "tests/support/raw_sender.h"
 
 #include <stdexcept>
 

@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "tests/network/network_fixture.h"
-#include "tests/usr/private_network.h"
+#include "tests/support/network_fixture.h"
+#include "tests/support/private_network.h"
 
 #include <QApplication>
 #include <QTest>
