@@ -17,6 +17,7 @@ private slots:
     void the_link_names_no_widget();
     void a_page_asks_no_device();
     void no_folder_holds_more_than_a_third_of_the_product();
+    void test_folders_share_helpers_only_by_support();
 };
 
 namespace {
@@ -106,6 +107,17 @@ void Test_Folders::no_folder_holds_more_than_a_third_of_the_product() {
         QVERIFY2(lines[folder] > 0 && 3 * lines[folder] <= all,
                  qPrintable(QString("%1: %2 of %3 lines").arg(folder).arg(lines[folder]).arg(all)));
     }
+}
+
+void Test_Folders::test_folders_share_helpers_only_by_support() {
+    const QDir tests(QString(HALVERN_SOURCE_FOLDER) + "/tests");
+    QStringList wrong;
+    for (const QString& folder : tests.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        wrong += includes("tests/" + folder, "tests/(?!(?:support|" + folder + ")/)[^\"]+");
+    }
+    QCOMPARE(wrong, QStringList());
+    // The pattern matches where it should.
+    QVERIFY(!includes("tests/app", "tests/(?!app/)[^\"]+").isEmpty());
 }
 
 QTEST_APPLESS_MAIN(Test_Folders)
