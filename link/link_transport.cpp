@@ -5,6 +5,8 @@
 #include <QLoggingCategory>
 #include <QSocketNotifier>
 
+#include <utility>
+
 namespace {
 
 Q_LOGGING_CATEGORY(link_log, "halvern.link", QtCriticalMsg)
@@ -46,7 +48,7 @@ void quiet_when_hung_up([[maybe_unused]] QSerialPort& port) {
 } // namespace
 
 void Link_Transport::open_port(const QString& port_name) {
-    serial_port = std::make_unique<QSerialPort>(port_name);
+    use_port(std::make_unique<QSerialPort>(port_name));
     serial_port->setBaudRate(baud_rate, QSerialPort::AllDirections);
     serial_port->setDataBits(QSerialPort::Data8);
     serial_port->setParity(QSerialPort::NoParity);
@@ -54,12 +56,35 @@ void Link_Transport::open_port(const QString& port_name) {
     serial_port->setFlowControl(QSerialPort::NoFlowControl);
     serial_port->open(QIODevice::ReadWrite);
     if (serial_port->isOpen()) {
-        port_open_count += 1;
+        port_open_count = 1;
         quiet_at_first_error(*serial_port);
         quiet_when_hung_up(*serial_port);
     } else {
         qCDebug(link_log) << port_name << "did not open:" << serial_port->errorString();
     }
+}
+
+void Link_Transport::use_port(std::unique_ptr<QSerialPort> port) {
+    serial_port = std::move(port);
+    port_open_count = serial_port->isOpen() ? 1 : 0;
+}
+
+void Link_Transport::connect_socket(const QHostAddress& address, quint16 port) {
+    use_socket(std::make_unique<QUdpSocket>());
+    network_socket->connectToHost(address, port, QIODevice::ReadWrite);
+}
+
+bool Link_Transport::wait_for_socket(int milliseconds) {
+    if (!network_socket->waitForConnected(milliseconds)) {
+        return false;
+    }
+    socket_open_count = 1;
+    return true;
+}
+
+void Link_Transport::use_socket(std::unique_ptr<QUdpSocket> socket) {
+    network_socket = std::move(socket);
+    socket_open_count = network_socket->isOpen() ? 1 : 0;
 }
 
 void Link_Transport::close_port() {
@@ -103,7 +128,7 @@ void Link_Transport::close_chosen_device() const {
 }
 
 QIODevice* Link_Transport::chosen_device() const {
-    if (method == Link_Method::network) {
+    if (chosen_method == Link_Method::network) {
         return network_socket.get();
     }
     return serial_port.get();

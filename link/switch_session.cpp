@@ -35,7 +35,7 @@ void Switch_Session::port_changed(const QString& port_name) {
 }
 
 void Switch_Session::turn_on(const QString& port_name) {
-    if (transport->method == Link_Method::network) {
+    if (transport->get_method() == Link_Method::network) {
         connect_to_USR();
         QTimer::singleShot(first_answer_wait_ms, Qt::PreciseTimer, &slots_owner,
                            SLOT(is_not_Connected_Message()));
@@ -69,9 +69,9 @@ void Switch_Session::refresh_after(int milliseconds) {
 }
 
 void Switch_Session::refresh_after_reset() {
-    if (transport->network_socket) {
+    if (transport->get_network_socket() != nullptr) {
         refresh_after(reset_wait_network_ms);
-    } else if (transport->serial_port) {
+    } else if (transport->get_serial_port() != nullptr) {
         refresh_after(reset_wait_serial_ms);
     }
 }
@@ -84,14 +84,14 @@ QStringList Switch_Session::available_ports() {
     return names;
 }
 
-void Switch_Session::choose(Link_Method method) { transport->method = method; }
+void Switch_Session::choose(Link_Method method) { transport->choose(method); }
 
 void Switch_Session::open_serial_port(const QString& port_name) {
     try {
         if (traits.clears_terminal_on_port_open) {
             view.clear_terminal();
         }
-        if (transport->port_open_count > 0) {
+        if (transport->get_port_open_count() > 0) {
             transport->close_port();
         }
         close_network_socket();
@@ -103,7 +103,7 @@ void Switch_Session::open_serial_port(const QString& port_name) {
 }
 
 void Switch_Session::connect_ready_read() {
-    QObject::connect(transport->serial_port.get(), SIGNAL(readyRead()), &slots_owner,
+    QObject::connect(transport->get_serial_port(), SIGNAL(readyRead()), &slots_owner,
                      SLOT(serialRecieve()));
 }
 
@@ -118,10 +118,9 @@ void Switch_Session::connect_to_USR() {
         view.show_adapter(current_USR_ip);
         // Queued, because a report can open a message box: while a directly called slot waits in
         // it, Qt does not signal incoming data, and does not start again when the box is closed.
-        QObject::connect(transport->network_socket.get(), SIGNAL(readyRead()), &slots_owner,
+        QObject::connect(transport->get_network_socket(), SIGNAL(readyRead()), &slots_owner,
                          SLOT(onReadyRead()), Qt::QueuedConnection);
-        if (transport->network_socket->waitForConnected(connect_wait_ms)) {
-            transport->socket_open_count += 1;
+        if (transport->wait_for_socket(connect_wait_ms)) {
             return;
         }
     } catch (...) {
@@ -138,12 +137,11 @@ void Switch_Session::is_not_Connected_Message() {
 }
 
 template <class Close>
-void Switch_Session::close_counted(int& open_count, const char* failure, const Close& close) {
+void Switch_Session::close_reported(const char* failure, const Close& close) {
     try {
         if (traits.controls_fall_with_device) {
             view.disable_controls();
         }
-        open_count = 0;
         close();
     } catch (...) {
         if (traits.reports_failed_closing) {
@@ -153,16 +151,20 @@ void Switch_Session::close_counted(int& open_count, const char* failure, const C
 }
 
 void Switch_Session::close_serial_port() {
-    if (transport->serial_port) {
-        close_counted(transport->port_open_count, "Close serial error",
-                      [this] { transport->close_port(); });
+    if (transport->get_serial_port() != nullptr) {
+        close_reported("Close serial error", [this] {
+            transport->count_port_as_closed();
+            transport->close_port();
+        });
     }
 }
 
 void Switch_Session::close_network_socket() {
-    if (transport->network_socket) {
-        close_counted(transport->socket_open_count, "Close socket error",
-                      [this] { transport->close_socket(); });
+    if (transport->get_network_socket() != nullptr) {
+        close_reported("Close socket error", [this] {
+            transport->count_socket_as_closed();
+            transport->close_socket();
+        });
     }
 }
 
@@ -174,22 +176,23 @@ void Switch_Session::set_disconnected_indicator() {
 }
 
 void Switch_Session::serialRecieve() {
-    replies.take_serial_chunk(transport->serial_port->readAll());
+    replies.take_serial_chunk(transport->get_serial_port()->readAll());
 }
 
 void Switch_Session::onReadyRead() {
-    if (!transport->network_socket) {
+    QUdpSocket* socket = transport->get_network_socket();
+    if (socket == nullptr) {
         // Closed since the datagram came in.
         return;
     }
     // An adapter whose data port is closed raises the signal without a datagram.
-    if (const auto chunk = read_pending_datagrams(*transport->network_socket)) {
+    if (const auto chunk = read_pending_datagrams(*socket)) {
         replies.take_network_chunk(*chunk);
     }
 }
 
 void Switch_Session::close_current_link() {
-    if (transport->method == Link_Method::network) {
+    if (transport->get_method() == Link_Method::network) {
         close_network_socket();
     } else {
         close_serial_port();
@@ -198,12 +201,10 @@ void Switch_Session::close_current_link() {
 
 void Switch_Session::replace_socket() {
     view.clear_terminal();
-    if (transport->socket_open_count > 0) {
+    if (transport->get_socket_open_count() > 0) {
         transport->close_socket();
         set_disconnected_indicator();
     }
     close_serial_port();
-    transport->network_socket = std::make_unique<QUdpSocket>();
-    transport->network_socket->connectToHost(QHostAddress(current_USR_ip), data_port,
-                                             QIODevice::ReadWrite);
+    transport->connect_socket(QHostAddress(current_USR_ip), data_port);
 }

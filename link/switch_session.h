@@ -107,7 +107,7 @@ private:
     /// Closes one device, with the controls before it where the model has it so. What it throws
     /// ends here, reported or not as the model has it.
     template <class Close>
-    void close_counted(int& open_count, const char* failure, const Close& close);
+    void close_reported(const char* failure, const Close& close);
 
 public:
     Command_Writer writer;

@@ -60,11 +60,9 @@ void Fuzz_Window::open_link(Link_Method method) {
     controller().session.choose(method);
     Link_Transport& transport = controller().session.get_transport();
     if (method == Link_Method::network) {
-        transport.network_socket = std::make_unique<Recording_Socket>(all_sent);
-        transport.socket_open_count = 1;
+        transport.use_socket(std::make_unique<Recording_Socket>(all_sent));
     } else {
-        transport.serial_port = std::make_unique<Recording_Port>(all_sent);
-        transport.port_open_count = 1;
+        transport.use_port(std::make_unique<Recording_Port>(all_sent));
     }
 }
 
@@ -82,7 +80,8 @@ void Fuzz_Window::check_reset() {
 }
 
 void Fuzz_Window::receive(const QByteArray& chunk) {
-    static_cast<Recording_Port&>(*controller().session.get_transport().serial_port).receive(chunk);
+    static_cast<Recording_Port&>(*controller().session.get_transport().get_serial_port())
+        .receive(chunk);
     controller().session.serialRecieve();
 }
 

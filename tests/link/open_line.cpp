@@ -28,7 +28,7 @@ Open_Line::~Open_Line() { ::close(side_entrance); }
 QByteArray Open_Line::received() {
     // The port writes its bytes while events are processed; only then the mark may follow.
     const auto handed_over = [this] {
-        const QSerialPort* port = devices.serial_port.get();
+        const QSerialPort* port = devices.get_serial_port();
         return port == nullptr || !port->isOpen() || port->bytesToWrite() == 0;
     };
     const bool complete = wait_until(handed_over) &&

@@ -53,10 +53,8 @@ public:
 
     /// Connects the devices' own socket to this one.
     void connect_to(Link_Transport& devices) const {
-        devices.network_socket = std::make_unique<QUdpSocket>();
-        devices.network_socket->connectToHost(QHostAddress::LocalHost, socket.localPort());
-        devices.network_socket->waitForConnected();
-        devices.socket_open_count = 1;
+        devices.connect_socket(QHostAddress::LocalHost, socket.localPort());
+        QVERIFY(devices.wait_for_socket(3000));
     }
 
     /// The next datagram, or a text that no test expects if none comes.
@@ -220,13 +218,13 @@ void Test_Command_Writer::bytes_go_to_the_port_whatever_the_chosen_method() {
     Open_Line line;
     Listening_Socket adapter;
     adapter.connect_to(line.devices);
-    line.devices.method = Link_Method::network;
+    line.devices.choose(Link_Method::network);
     line.writer.writeData("raw");
     QCOMPARE(line.received(), "raw");
     // What comes next is the first to arrive.
     line.writer.writeCommand(std::string("//c4"));
     QCOMPARE(adapter.next(), "//c4\r");
-    line.devices.method = Link_Method::serial;
+    line.devices.choose(Link_Method::serial);
     line.writer.writeData("raw again");
     QCOMPARE(line.received(), "raw again");
 }
@@ -235,8 +233,8 @@ void Test_Command_Writer::bytes_without_an_open_port_are_dropped_in_silence() {
     Open_Line line;
     Listening_Socket adapter;
     adapter.connect_to(line.devices);
-    line.devices.method = Link_Method::network;
-    line.devices.serial_port->close();
+    line.devices.choose(Link_Method::network);
+    line.devices.get_serial_port()->close();
     line.writer.writeData("raw");
     QCOMPARE(line.received(), "");
     line.devices.close_port();
@@ -258,7 +256,7 @@ void Test_Command_Writer::commands_follow_the_chosen_method_to_the_socket() {
     Open_Line line;
     Listening_Socket adapter;
     adapter.connect_to(line.devices);
-    line.devices.method = Link_Method::network;
+    line.devices.choose(Link_Method::network);
     line.writer.send_start_commands();
     // One datagram each, in the form of the serial line.
     QCOMPARE(adapter.next(), "//rl\r");
@@ -277,14 +275,14 @@ void Test_Command_Writer::an_open_socket_does_not_help_the_serial_method() {
     line.writer.writeCommand(std::string("//c3"));
     QCOMPARE(line.received(), "");
     // What comes next is the first to arrive.
-    line.devices.method = Link_Method::network;
+    line.devices.choose(Link_Method::network);
     line.writer.writeCommand(std::string("//c4"));
     QCOMPARE(adapter.next(), "//c4\r");
 }
 
 void Test_Command_Writer::an_open_port_does_not_help_the_network_method() {
     Open_Line line;
-    line.devices.method = Link_Method::network;
+    line.devices.choose(Link_Method::network);
     QVERIFY(line.devices.is_open());
     line.writer.writeCommand(std::string("//c3"));
     QCOMPARE(line.received(), "");
@@ -292,7 +290,7 @@ void Test_Command_Writer::an_open_port_does_not_help_the_network_method() {
 
 void Test_Command_Writer::a_port_that_was_closed_behind_the_counter_drops_in_silence() {
     Open_Line line;
-    line.devices.serial_port->close();
+    line.devices.get_serial_port()->close();
     QVERIFY(line.devices.is_open());
     line.writer.writeCommand(std::string("//c3"));
     line.writer.send_start_commands();

@@ -30,6 +30,7 @@ private slots:
     void a_port_that_does_not_exist_stands_closed_and_counts_nothing_data();
     void a_port_that_does_not_exist_stands_closed_and_counts_nothing();
     void a_port_that_did_not_open_is_replaced_by_one_that_does();
+    void a_device_that_takes_the_place_of_another_counts_if_it_is_open();
     void closing_without_a_port_does_nothing();
     void closing_a_port_deletes_it();
     void bytes_without_an_open_device_are_dropped_in_silence();
@@ -85,10 +86,10 @@ void Test_Link_Transport::cleanup() { QCOMPARE(windows_left(), QStringList()); }
 
 void Test_Link_Transport::at_first_no_device_stands() {
     const Link_Transport devices;
-    QVERIFY(!devices.serial_port);
-    QVERIFY(!devices.network_socket);
-    QCOMPARE(devices.port_open_count, 0);
-    QCOMPARE(devices.socket_open_count, 0);
+    QVERIFY(devices.get_serial_port() == nullptr);
+    QVERIFY(devices.get_network_socket() == nullptr);
+    QCOMPARE(devices.get_port_open_count(), 0);
+    QCOMPARE(devices.get_socket_open_count(), 0);
     QVERIFY(!devices.is_open());
 }
 
@@ -96,11 +97,11 @@ void Test_Link_Transport::an_opened_port_stands_open_and_counts_one() {
     const Pty_Port device;
     Link_Transport devices;
     devices.open_port(name_of(device));
-    QVERIFY(devices.serial_port->isOpen());
-    QCOMPARE(devices.serial_port->portName(), name_of(device));
-    QCOMPARE(devices.serial_port->openMode(), QIODevice::ReadWrite);
-    QCOMPARE(devices.serial_port->parent(), nullptr);
-    QCOMPARE(devices.port_open_count, 1);
+    QVERIFY(devices.get_serial_port()->isOpen());
+    QCOMPARE(devices.get_serial_port()->portName(), name_of(device));
+    QCOMPARE(devices.get_serial_port()->openMode(), QIODevice::ReadWrite);
+    QCOMPARE(devices.get_serial_port()->parent(), nullptr);
+    QCOMPARE(devices.get_port_open_count(), 1);
     QVERIFY(devices.is_open());
 }
 
@@ -127,7 +128,7 @@ void Test_Link_Transport::the_line_gets_the_units_fixed_parameters() {
     QCOMPARE(attributes.c_oflag & OPOST, tcflag_t(0));
     QCOMPARE(attributes.c_lflag & (ICANON | ECHO), tcflag_t(0));
 
-    const QSerialPort& port = *devices.serial_port;
+    const QSerialPort& port = *devices.get_serial_port();
     QCOMPARE(port.baudRate(QSerialPort::Input), 115200);
     QCOMPARE(port.baudRate(QSerialPort::Output), 115200);
     QCOMPARE(port.dataBits(), QSerialPort::Data8);
@@ -146,8 +147,8 @@ void Test_Link_Transport::bytes_pass_in_both_directions_unchanged() {
     }
     QCOMPARE(bytes_after_sending(devices, device, all_bytes).toHex(), all_bytes.toHex());
     device.write(all_bytes);
-    QVERIFY(wait_until([&] { return devices.serial_port->bytesAvailable() == 256; }));
-    QCOMPARE(devices.serial_port->readAll().toHex(), all_bytes.toHex());
+    QVERIFY(wait_until([&] { return devices.get_serial_port()->bytesAvailable() == 256; }));
+    QCOMPARE(devices.get_serial_port()->readAll().toHex(), all_bytes.toHex());
 }
 
 void Test_Link_Transport::a_port_can_be_closed_and_opened_again() {
@@ -155,10 +156,10 @@ void Test_Link_Transport::a_port_can_be_closed_and_opened_again() {
     Link_Transport devices;
     for (int round = 0; round < 3; ++round) {
         devices.open_port(name_of(device));
-        QCOMPARE(devices.port_open_count, 1);
+        QCOMPARE(devices.get_port_open_count(), 1);
         QCOMPARE(bytes_after_sending(devices, device, "//rl\r"), "//rl\r");
         devices.close_port();
-        QCOMPARE(devices.port_open_count, 0);
+        QCOMPARE(devices.get_port_open_count(), 0);
         QVERIFY(!devices.is_open());
     }
 }
@@ -169,11 +170,11 @@ void Test_Link_Transport::opening_another_port_replaces_the_first() {
     const QSignalSpy at_first(&first, &Pty_Port::received);
     Link_Transport devices;
     devices.open_port(name_of(first));
-    const QPointer<QSerialPort> first_port = devices.serial_port.get();
+    const QPointer<QSerialPort> first_port = devices.get_serial_port();
     devices.close_port();
     devices.open_port(name_of(second));
     QVERIFY(first_port.isNull());
-    QCOMPARE(devices.port_open_count, 1);
+    QCOMPARE(devices.get_port_open_count(), 1);
     QCOMPARE(bytes_after_sending(devices, second, "//??\r"), "//??\r");
     QCOMPARE(at_first.size(), 0);
 }
@@ -190,9 +191,9 @@ void Test_Link_Transport::a_port_that_does_not_exist_stands_closed_and_counts_no
     Modal_Robot robot;
     Link_Transport devices;
     devices.open_port(name);
-    QVERIFY(devices.serial_port != nullptr);
-    QVERIFY(!devices.serial_port->isOpen());
-    QCOMPARE(devices.port_open_count, 0);
+    QVERIFY(devices.get_serial_port() != nullptr);
+    QVERIFY(!devices.get_serial_port()->isOpen());
+    QCOMPARE(devices.get_port_open_count(), 0);
     QVERIFY(!devices.is_open());
     devices.write("//rl\r");
     QVERIFY2(robot.done(), robot.why());
@@ -203,11 +204,29 @@ void Test_Link_Transport::a_port_that_did_not_open_is_replaced_by_one_that_does(
     Pty_Port device;
     Link_Transport devices;
     devices.open_port("pts/no-such-line");
-    const QPointer<QSerialPort> closed_port = devices.serial_port.get();
+    const QPointer<QSerialPort> closed_port = devices.get_serial_port();
     devices.open_port(name_of(device));
     QVERIFY(closed_port.isNull());
-    QCOMPARE(devices.port_open_count, 1);
+    QCOMPARE(devices.get_port_open_count(), 1);
     QCOMPARE(bytes_after_sending(devices, device, "//BP\r"), "//BP\r");
+}
+
+void Test_Link_Transport::a_device_that_takes_the_place_of_another_counts_if_it_is_open() {
+    const Pty_Port device;
+    QUdpSocket adapter;
+    QVERIFY(adapter.bind(QHostAddress::LocalHost, 0));
+    Link_Transport devices;
+    auto port = std::make_unique<QSerialPort>(name_of(device));
+    QVERIFY(port->open(QIODevice::ReadWrite));
+    devices.use_port(std::move(port));
+    QCOMPARE(devices.get_port_open_count(), 1);
+    devices.use_port(std::make_unique<QSerialPort>(name_of(device)));
+    QCOMPARE(devices.get_port_open_count(), 0);
+    devices.use_socket(connected_socket(adapter));
+    QCOMPARE(devices.get_socket_open_count(), 1);
+    devices.use_socket(std::make_unique<QUdpSocket>());
+    QCOMPARE(devices.get_socket_open_count(), 0);
+    QVERIFY(!devices.is_open());
 }
 
 void Test_Link_Transport::closing_without_a_port_does_nothing() {
@@ -215,26 +234,26 @@ void Test_Link_Transport::closing_without_a_port_does_nothing() {
     devices.close_port();
     devices.close_port();
     devices.close_socket();
-    QCOMPARE(devices.port_open_count, 0);
-    QCOMPARE(devices.socket_open_count, 0);
+    QCOMPARE(devices.get_port_open_count(), 0);
+    QCOMPARE(devices.get_socket_open_count(), 0);
 }
 
 void Test_Link_Transport::closing_a_port_deletes_it() {
     const Pty_Port device;
     Link_Transport devices;
     devices.open_port(name_of(device));
-    const QPointer<QSerialPort> port = devices.serial_port.get();
+    const QPointer<QSerialPort> port = devices.get_serial_port();
     devices.close_port();
     QVERIFY(port.isNull());
-    QVERIFY(!devices.serial_port);
-    QCOMPARE(devices.port_open_count, 0);
+    QVERIFY(devices.get_serial_port() == nullptr);
+    QCOMPARE(devices.get_port_open_count(), 0);
 }
 
 void Test_Link_Transport::bytes_without_an_open_device_are_dropped_in_silence() {
     Modal_Robot robot;
     Link_Transport devices;
     devices.write("//rl\r");
-    devices.method = Link_Method::network;
+    devices.choose(Link_Method::network);
     devices.write("//rl\r");
     QVERIFY2(robot.done(), robot.why());
     QCOMPARE(robot.snapshots().size(), 0);
@@ -246,14 +265,13 @@ void Test_Link_Transport::bytes_go_to_the_device_of_the_chosen_method() {
     QVERIFY(adapter.bind(QHostAddress::LocalHost, 0));
     Link_Transport devices;
     devices.open_port(name_of(device));
-    devices.network_socket = connected_socket(adapter);
-    devices.socket_open_count = 1;
+    devices.use_socket(connected_socket(adapter));
 
     QCOMPARE(bytes_after_sending(devices, device, "serial"), "serial");
     QVERIFY(!adapter.hasPendingDatagrams());
 
     const QSignalSpy at_device(&device, &Pty_Port::received);
-    devices.method = Link_Method::network;
+    devices.choose(Link_Method::network);
     devices.write("network");
     QVERIFY(wait_until([&] { return adapter.hasPendingDatagrams(); }));
     QByteArray datagram(100, '\0');
@@ -267,55 +285,56 @@ void Test_Link_Transport::closing_the_chosen_device_keeps_the_other() {
     QUdpSocket adapter;
     QVERIFY(adapter.bind(QHostAddress::LocalHost, 0));
     Link_Transport devices;
-    devices.method = Link_Method::network;
+    devices.choose(Link_Method::network);
     devices.open_port(name_of(device));
-    devices.network_socket = connected_socket(adapter);
-    QVERIFY(devices.network_socket->isOpen());
+    devices.use_socket(connected_socket(adapter));
+    QVERIFY(devices.get_network_socket()->isOpen());
 
     devices.close_chosen_device();
-    QVERIFY(!devices.network_socket->isOpen());
-    QVERIFY(devices.serial_port->isOpen());
-    devices.method = Link_Method::serial;
+    QVERIFY(!devices.get_network_socket()->isOpen());
+    QVERIFY(devices.get_serial_port()->isOpen());
+    devices.choose(Link_Method::serial);
     devices.close_chosen_device();
-    QVERIFY(!devices.serial_port->isOpen());
+    QVERIFY(!devices.get_serial_port()->isOpen());
 }
 
 void Test_Link_Transport::closing_the_chosen_device_without_one_does_nothing() {
     Link_Transport devices;
     devices.close_chosen_device();
-    devices.method = Link_Method::network;
+    devices.choose(Link_Method::network);
     devices.close_chosen_device();
-    QVERIFY(!devices.serial_port);
-    QVERIFY(!devices.network_socket);
+    QVERIFY(devices.get_serial_port() == nullptr);
+    QVERIFY(devices.get_network_socket() == nullptr);
 }
 
 void Test_Link_Transport::closing_the_socket_deletes_it() {
+    QUdpSocket adapter;
+    QVERIFY(adapter.bind(QHostAddress::LocalHost, 0));
     Link_Transport devices;
-    devices.network_socket = std::make_unique<QUdpSocket>();
-    devices.socket_open_count = 1;
+    devices.use_socket(connected_socket(adapter));
     QVERIFY(devices.is_open());
-    const QPointer<QUdpSocket> socket = devices.network_socket.get();
+    const QPointer<QUdpSocket> socket = devices.get_network_socket();
     devices.close_socket();
     QVERIFY(socket.isNull());
-    QCOMPARE(devices.socket_open_count, 0);
+    QCOMPARE(devices.get_socket_open_count(), 0);
     QVERIFY(!devices.is_open());
 }
 
 void Test_Link_Transport::a_port_whose_closing_throws_stays_and_counts_on() {
     Pty_Port device;
+    // Checked until the port is destroyed.
+    bool fails = true;
     Link_Transport devices;
     devices.open_port(name_of(device));
-    bool fails = true;
-    connect(devices.serial_port.get(), &QIODevice::aboutToClose, this, [&fails] {
+    connect(devices.get_serial_port(), &QIODevice::aboutToClose, this, [&fails] {
         if (fails) {
             throw std::bad_alloc();
         }
     });
     QVERIFY_THROWS_EXCEPTION(std::bad_alloc, devices.close_port());
-    QVERIFY(devices.serial_port != nullptr);
-    QCOMPARE(devices.port_open_count, 1);
+    QVERIFY(devices.get_serial_port() != nullptr);
+    QCOMPARE(devices.get_port_open_count(), 1);
     fails = false;
-    devices.serial_port.reset();
 }
 
 void Test_Link_Transport::a_socket_whose_closing_throws_stays_and_counts_on() {
@@ -324,17 +343,16 @@ void Test_Link_Transport::a_socket_whose_closing_throws_stays_and_counts_on() {
     // Checked until the socket is destroyed.
     bool fails = true;
     Link_Transport devices;
-    devices.method = Link_Method::network;
-    devices.network_socket = connected_socket(adapter);
-    devices.socket_open_count = 1;
-    connect(devices.network_socket.get(), &QIODevice::aboutToClose, this, [&fails] {
+    devices.choose(Link_Method::network);
+    devices.use_socket(connected_socket(adapter));
+    connect(devices.get_network_socket(), &QIODevice::aboutToClose, this, [&fails] {
         if (fails) {
             throw std::bad_alloc();
         }
     });
     QVERIFY_THROWS_EXCEPTION(std::bad_alloc, devices.close_socket());
-    QVERIFY(devices.network_socket != nullptr);
-    QCOMPARE(devices.socket_open_count, 1);
+    QVERIFY(devices.get_network_socket() != nullptr);
+    QCOMPARE(devices.get_socket_open_count(), 1);
     // Nothing has been lost: the link still works.
     devices.write("still here");
     QVERIFY(wait_until([&] { return adapter.hasPendingDatagrams(); }));

@@ -153,7 +153,8 @@ void Test_Switch_Session::answer() {
 
 void Test_Switch_Session::at_first_nothing_is_open_and_nothing_is_said() {
     QVERIFY(!transport().is_open());
-    QVERIFY(!transport().serial_port && !transport().network_socket);
+    QVERIFY(transport().get_serial_port() == nullptr &&
+            transport().get_network_socket() == nullptr);
     QCOMPARE(session->get_current_USR_ip(), QString());
     QCOMPARE(said(), QStringList());
     session->writer.send_start_commands();
@@ -163,7 +164,7 @@ void Test_Switch_Session::at_first_nothing_is_open_and_nothing_is_said() {
 
 void Test_Switch_Session::opening_a_port_leads_its_chunks_to_the_dispatcher() {
     session->open_serial_port(port);
-    QCOMPARE(transport().port_open_count, 1);
+    QCOMPARE(transport().get_port_open_count(), 1);
     QCOMPARE(said(), is("pro") ? QStringList{"clear"} : QStringList());
     device->write("KM\n");
     QVERIFY(wait_until([this] { return session->state.km_connected; }));
@@ -196,8 +197,8 @@ void Test_Switch_Session::another_port_of_the_list_is_opened_and_asked() {
 
 void Test_Switch_Session::a_port_that_does_not_open_is_asked_nothing() {
     session->port_changed("pts/no-such-line");
-    QCOMPARE(transport().port_open_count, 0);
-    QVERIFY(!transport().serial_port->isOpen());
+    QCOMPARE(transport().get_port_open_count(), 0);
+    QVERIFY(!transport().get_serial_port()->isOpen());
     QVERIFY(session->state.info_report_pending);
     QCOMPARE(view->texts_of("end"), QStringList());
 }
@@ -215,10 +216,10 @@ void Test_Switch_Session::on_opens_the_port_and_asks() {
 
 void Test_Switch_Session::on_replaces_an_open_port() {
     session->turn_on(port);
-    const QPointer<QSerialPort> first = transport().serial_port.get();
+    const QPointer<QSerialPort> first = transport().get_serial_port();
     session->turn_on(port);
     QVERIFY(first.isNull());
-    QCOMPARE(transport().port_open_count, 1);
+    QCOMPARE(transport().get_port_open_count(), 1);
 }
 
 void Test_Switch_Session::off_before_an_answer() {
@@ -226,8 +227,8 @@ void Test_Switch_Session::off_before_an_answer() {
     view->records.clear();
     session->turn_off();
     QCOMPARE(said(), is("lite") ? QStringList() : QStringList{"disable"});
-    QVERIFY(!transport().serial_port);
-    QCOMPARE(transport().port_open_count, 0);
+    QVERIFY(transport().get_serial_port() == nullptr);
+    QCOMPARE(transport().get_port_open_count(), 0);
 }
 
 void Test_Switch_Session::off_after_an_answer() {
@@ -279,15 +280,15 @@ void Test_Switch_Session::a_vanished_port_is_not_shown_and_on_opens_it_again() {
     session->turn_on(port);
     answer();
     device->close();
-    QVERIFY(wait_until([this] { return !transport().serial_port->isOpen(); }));
+    QVERIFY(wait_until([this] { return !transport().get_serial_port()->isOpen(); }));
     QCOMPARE(said(), QStringList());
     QVERIFY(session->state.km_connected);
-    QCOMPARE(transport().port_open_count, 1);
+    QCOMPARE(transport().get_port_open_count(), 1);
     Pty_Port other;
     const QSignalSpy asked(&other, &Pty_Port::received);
     session->turn_on(other.device_name().mid(QString("/dev/").size()));
     QVERIFY(wait_until([&] { return !asked.isEmpty(); }));
-    QCOMPARE(transport().port_open_count, 1);
+    QCOMPARE(transport().get_port_open_count(), 1);
 }
 
 void Test_Switch_Session::a_later_refresh_comes_when_its_time_is_over() {
@@ -307,7 +308,7 @@ void Test_Switch_Session::a_reset_is_waited_for_as_long_as_the_link_needs() {
     QVERIFY(wait_until([this] { return !window->calls.isEmpty(); }));
     QCOMPARE(window->calls, QStringList{"refresh 2500"});
     // A socket takes precedence, whatever was chosen.
-    transport().network_socket = std::make_unique<QUdpSocket>();
+    transport().use_socket(std::make_unique<QUdpSocket>());
     window->calls.clear();
     window->clock.restart();
     session->refresh_after_reset();
@@ -327,31 +328,31 @@ void Test_Switch_Session::an_adapter_replaces_an_open_port() {
     session->connect_to_USR("127.0.0.1");
     QCOMPARE(said(), is("lite") ? (QStringList{"clear", "adapter:127.0.0.1"})
                                 : (QStringList{"clear", "disable", "adapter:127.0.0.1"}));
-    QVERIFY(!transport().serial_port);
-    QCOMPARE(transport().port_open_count, 0);
-    QCOMPARE(transport().socket_open_count, 1);
-    QCOMPARE(transport().network_socket->peerAddress(), QHostAddress("127.0.0.1"));
-    QCOMPARE(transport().network_socket->peerPort(), quint16(23));
+    QVERIFY(transport().get_serial_port() == nullptr);
+    QCOMPARE(transport().get_port_open_count(), 0);
+    QCOMPARE(transport().get_socket_open_count(), 1);
+    QCOMPARE(transport().get_network_socket()->peerAddress(), QHostAddress("127.0.0.1"));
+    QCOMPARE(transport().get_network_socket()->peerPort(), quint16(23));
     QCOMPARE(session->get_current_USR_ip(), QString("127.0.0.1"));
 }
 
 void Test_Switch_Session::a_second_adapter_replaces_the_first() {
     session->connect_to_USR("127.0.0.1");
-    const QPointer<QUdpSocket> first = transport().network_socket.get();
+    const QPointer<QUdpSocket> first = transport().get_network_socket();
     view->records.clear();
     session->connect_to_USR("127.0.0.2");
     QCOMPARE(said(), (QStringList{"clear", "disconnected", "adapter:127.0.0.2"}));
     QVERIFY(first.isNull());
-    QCOMPARE(transport().socket_open_count, 1);
-    QCOMPARE(transport().network_socket->peerAddress(), QHostAddress("127.0.0.2"));
+    QCOMPARE(transport().get_socket_open_count(), 1);
+    QCOMPARE(transport().get_network_socket()->peerAddress(), QHostAddress("127.0.0.2"));
 }
 
 void Test_Switch_Session::a_port_replaces_the_adapter() {
     session->connect_to_USR("127.0.0.1");
     view->records.clear();
     session->open_serial_port(port);
-    QVERIFY(!transport().network_socket);
-    QCOMPARE(transport().socket_open_count, 0);
+    QVERIFY(transport().get_network_socket() == nullptr);
+    QCOMPARE(transport().get_socket_open_count(), 0);
     const QStringList cleared = is("pro") ? QStringList{"clear"} : QStringList();
     QCOMPARE(said(), is("lite") ? cleared : cleared + QStringList{"disable"});
 }
@@ -388,18 +389,18 @@ void Test_Switch_Session::off_closes_the_chosen_device_only() {
     session->choose(Link_Method::network);
     view->records.clear();
     session->turn_off();
-    QVERIFY(transport().serial_port->isOpen());
+    QVERIFY(transport().get_serial_port()->isOpen());
     QCOMPARE(said(), QStringList());
     session->choose(Link_Method::serial);
     session->turn_off();
-    QVERIFY(!transport().serial_port);
+    QVERIFY(transport().get_serial_port() == nullptr);
 }
 
 void Test_Switch_Session::the_end_closes_the_chosen_device_and_keeps_it() {
     session->open_serial_port(port);
     session->close_device();
-    QVERIFY(!transport().serial_port->isOpen());
-    QCOMPARE(transport().port_open_count, 1);
+    QVERIFY(!transport().get_serial_port()->isOpen());
+    QCOMPARE(transport().get_port_open_count(), 1);
 }
 
 QTEST_MAIN(Test_Switch_Session)

@@ -52,14 +52,14 @@ void Test_Vanished_Port::cleanup() {
 
 void Test_Vanished_Port::a_vanished_end_lets_the_program_rest() {
     Open_Line line;
-    QSignalSpy ready(line.devices.serial_port.get(), &QSerialPort::readyRead);
+    QSignalSpy ready(line.devices.get_serial_port(), &QSerialPort::readyRead);
     line.device.write("KM\n");
     QVERIFY(wait_until([&] { return ready.size() == 1; }));
     line.device.close();
     const int rounds = count_event_rounds(watched_ms);
     QVERIFY2(rounds < max_rounds, qPrintable(QString::number(rounds)));
     QCOMPARE(ready.size(), 1);
-    QVERIFY(!line.devices.serial_port->isOpen());
+    QVERIFY(!line.devices.get_serial_port()->isOpen());
 }
 
 void Test_Vanished_Port::a_vanished_end_leaves_the_counter_as_it_was() {
@@ -67,8 +67,8 @@ void Test_Vanished_Port::a_vanished_end_leaves_the_counter_as_it_was() {
     line.state.km_connected = true;
     line.device.close();
     serve_events_for_a_while();
-    QCOMPARE(line.devices.port_open_count, 1);
-    QVERIFY(line.devices.serial_port != nullptr);
+    QCOMPARE(line.devices.get_port_open_count(), 1);
+    QVERIFY(line.devices.get_serial_port() != nullptr);
     QVERIFY(line.devices.is_open());
     QVERIFY(line.state.km_connected);
 }
@@ -76,8 +76,8 @@ void Test_Vanished_Port::a_vanished_end_leaves_the_counter_as_it_was() {
 void Test_Vanished_Port::the_last_words_before_vanishing_are_still_read() {
     Open_Line line;
     QByteArray read;
-    connect(line.devices.serial_port.get(), &QSerialPort::readyRead, this,
-            [&] { read += line.devices.serial_port->readAll(); });
+    connect(line.devices.get_serial_port(), &QSerialPort::readyRead, this,
+            [&] { read += line.devices.get_serial_port()->readAll(); });
     line.device.write("KM Port Limit: 2\n");
     QVERIFY(wait_until([&] { return read.endsWith('\n'); }));
     line.device.close();
@@ -95,7 +95,7 @@ void Test_Vanished_Port::commands_to_a_vanished_end_are_dropped_in_silence() {
     line.writer.writeData("raw");
     serve_events_for_a_while();
     QVERIFY(line.state.info_report_pending && line.state.report_in_progress);
-    QCOMPARE(line.devices.port_open_count, 1);
+    QCOMPARE(line.devices.get_port_open_count(), 1);
 }
 
 void Test_Vanished_Port::vanishing_with_unsent_bytes_lets_it_rest_as_well() {
@@ -109,23 +109,23 @@ void Test_Vanished_Port::vanishing_with_unsent_bytes_lets_it_rest_as_well() {
 
 void Test_Vanished_Port::a_read_that_fails_closes_the_port_and_lets_it_rest() {
     Open_Line line;
-    const Failing_Read failing_read(static_cast<int>(line.devices.serial_port->handle()));
+    const Failing_Read failing_read(static_cast<int>(line.devices.get_serial_port()->handle()));
     line.device.write("KM\n");
-    QVERIFY(wait_until([&] { return !line.devices.serial_port->isOpen(); }));
+    QVERIFY(wait_until([&] { return !line.devices.get_serial_port()->isOpen(); }));
     QVERIFY(failing_read.count() >= 1);
     const int rounds = count_event_rounds(watched_ms);
     QVERIFY2(rounds < max_rounds, qPrintable(QString::number(rounds)));
-    QCOMPARE(line.devices.port_open_count, 1);
+    QCOMPARE(line.devices.get_port_open_count(), 1);
 }
 
 void Test_Vanished_Port::a_line_that_stands_is_not_closed() {
     Open_Line line;
-    QSignalSpy ready(line.devices.serial_port.get(), &QSerialPort::readyRead);
+    QSignalSpy ready(line.devices.get_serial_port(), &QSerialPort::readyRead);
     line.device.write("KM\n");
     QVERIFY(wait_until([&] { return ready.size() == 1; }));
     line.writer.writeCommand(std::string("//c3"));
     QCOMPARE(line.received(), "//c3\r");
-    QVERIFY(line.devices.serial_port->isOpen());
+    QVERIFY(line.devices.get_serial_port()->isOpen());
 }
 
 void Test_Vanished_Port::a_vanished_port_is_closed_and_another_opened() {
@@ -133,12 +133,12 @@ void Test_Vanished_Port::a_vanished_port_is_closed_and_another_opened() {
     line.device.close();
     serve_events_for_a_while();
     line.devices.close_port();
-    QCOMPARE(line.devices.port_open_count, 0);
+    QCOMPARE(line.devices.get_port_open_count(), 0);
 
     Pty_Port other;
     QSignalSpy received(&other, &Pty_Port::received);
     line.devices.open_port(other.device_name());
-    QCOMPARE(line.devices.port_open_count, 1);
+    QCOMPARE(line.devices.get_port_open_count(), 1);
     line.writer.writeCommand(std::string("//c3"));
     QVERIFY(wait_until([&] { return received.size() == 1; }));
     QCOMPARE(received.first().first().toByteArray(), "//c3\r");

@@ -67,9 +67,9 @@ protected:
 Faulty_Port& make_faulty(Open_Line& line) {
     auto port = std::make_unique<Faulty_Port>(line.port_name());
     Faulty_Port& faulty = *port;
-    line.devices.serial_port->close();
-    line.devices.serial_port = std::move(port);
+    line.devices.get_serial_port()->close();
     faulty.open(QIODevice::ReadWrite);
+    line.devices.use_port(std::move(port));
     return faulty;
 }
 
@@ -119,7 +119,7 @@ void Test_Write_Failures::the_port_serves_on_after_a_write_data_error() {
     expect_failure("Write data error");
     line.writer.send_information_command();
     QVERIFY(line.state.info_report_pending);
-    QCOMPARE(line.devices.port_open_count, 1);
+    QCOMPARE(line.devices.get_port_open_count(), 1);
     port.fault = Faulty_Port::Fault::none;
     line.writer.writeCommand(std::string("//c3"));
     QCOMPARE(line.received(), "//c3\r");
@@ -132,7 +132,7 @@ void Test_Write_Failures::a_write_that_fails_without_an_exception_is_not_noticed
     QCOMPARE(line.received(), "");
     QCOMPARE(folder->entries(), QStringList());
     QCOMPARE(robot->snapshots().size(), 0);
-    QCOMPARE(line.devices.port_open_count, 1);
+    QCOMPARE(line.devices.get_port_open_count(), 1);
 }
 
 void Test_Write_Failures::a_developer_is_told_of_a_write_that_fails() {

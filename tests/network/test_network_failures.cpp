@@ -27,8 +27,8 @@ void failing_close_port(Link_Transport* devices) __asm__(
 
 // The socket itself fails while it closes.
 void failing_close_socket(Link_Transport* devices) {
-    if (closing_sockets_fails && devices->network_socket) {
-        QObject::connect(devices->network_socket.get(), &QIODevice::aboutToClose, [] {
+    if (closing_sockets_fails && devices->get_network_socket() != nullptr) {
+        QObject::connect(devices->get_network_socket(), &QIODevice::aboutToClose, [] {
             if (closing_sockets_fails) {
                 throw std::bad_alloc();
             }
