@@ -44,7 +44,7 @@ void Settings_Import_Export::create_settings_file() {
 }
 
 void Settings_Import_Export::load_settings_file() {
-    session.state.ui_changes_enabled = false;
+    const Flag_Guard silent(session.state.ui_changes_enabled, false);
     pages.mouse_speed.remove_custom_setting_items();
     const bool file_chosen = settings_file.read_chosen_file();
     if (file_chosen) {
@@ -114,7 +114,6 @@ void Settings_Import_Export::read_everything_back() {
     session.state.received_buff.clear();
     session.state.km_connected = false;
     session.writer.send_start_commands();
-    session.state.ui_changes_enabled = true;
 }
 
 void Settings_Import_Export::apply_lines(std::span<const Line_To_Load> lines) {
