@@ -3,28 +3,21 @@
 // The tool from its model dialog on, without a user: halvern-bench-tool <model> <task>. The model
 // is "Lite", "Plus" or "Pro"; tasks.h describes the tasks.
 
+#include "app/make_main_window.h"
 #include "app/start_up.h"
 #include "benchmarks/programs/startup_driver.h"
 #include "benchmarks/programs/tasks.h"
-#include "windows/halvern_velmoran_lite.h"
-#include "windows/halvern_velmoran_plus.h"
-#include "windows/halvern_velmoran_pro.h"
 
 #include <QApplication>
 #include <QLabel>
+#include <QMainWindow>
 #include <QTimer>
 
-namespace {
+#include <chrono>
+#include <exception>
+#include <functional>
 
-std::unique_ptr<QMainWindow> make_main_window(const std::string& km_type) {
-    if (km_type == "Lite") {
-        return std::make_unique<Halvern_Velmoran_LITE>();
-    }
-    if (km_type == "Plus") {
-        return std::make_unique<Halvern_Velmoran_PLUS>();
-    }
-    return std::make_unique<Halvern_Velmoran_PRO>();
-}
+namespace {
 
 bool is_filled(const QMainWindow& window) {
     return window.findChild<QLabel*>("label_Current_Hotkey_Trigger_Data")->text() == "Left Ctrl";
