@@ -3,6 +3,7 @@
 #include "app/event_log.h"
 
 #include <QDateTime>
+#include <QString>
 
 #include <filesystem>
 #include <fstream>

@@ -7,6 +7,8 @@
 #include "app/message_box.h"
 #include "ui_select_km_type_dialog.h"
 
+#include <QRadioButton>
+
 Select_KM_type_Dialog::Select_KM_type_Dialog(QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::Select_KM_type_Dialog>()) {
     ui->setupUi(this);

@@ -5,6 +5,7 @@
 #include "app/select_km_type_dialog.h"
 
 #include <QApplication>
+#include <QColor>
 #include <QLoggingCategory>
 #include <QMainWindow>
 #include <QNetworkProxy>

@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QFont>
 #include <QFontDatabase>
+#include <QObject>
 
 #include <algorithm>
 

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QProcess>
+#include <QStringList>
 #include <QTextStream>
 
 #include <algorithm>

@@ -9,6 +9,7 @@
 #include "usr/usr_searcher.h"
 
 #include <QLoggingCategory>
+#include <QMessageLogContext>
 #include <QSemaphore>
 #include <QThread>
 

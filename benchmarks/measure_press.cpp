@@ -11,6 +11,8 @@
 #include "tests/support/wait_until.h"
 
 #include <QMouseEvent>
+#include <QTableWidget>
+#include <QTableWidgetItem>
 #include <QWindow>
 
 namespace {

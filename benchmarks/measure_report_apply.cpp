@@ -12,7 +12,12 @@
 #include "tests/support/wait_until.h"
 #include "windows/window_widgets.h"
 
+#include <QComboBox>
 #include <QMainWindow>
+#include <QSignalBlocker>
+#include <QTableWidgetItem>
+#include <QTextDocument>
+#include <QTextEdit>
 #include <QWindow>
 
 namespace {

@@ -13,9 +13,11 @@
 
 #include <QEventLoop>
 #include <QMainWindow>
+#include <QTextEdit>
 #include <QTimer>
 #include <QWindow>
 
+#include <chrono>
 #include <functional>
 
 namespace {

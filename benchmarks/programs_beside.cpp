@@ -5,6 +5,7 @@
 #include "benchmarks/measurements.h"
 #include "sim/port_list.h"
 
+#include <QByteArrayList>
 #include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>

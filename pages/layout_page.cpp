@@ -12,8 +12,10 @@
 #include "pages/layout_tile.h"
 #include "pages/model_traits.h"
 
+#include <QColor>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QTableWidget>
 
 #include <algorithm>

@@ -2,7 +2,9 @@
 
 #pragma once
 
+#include <QString>
 #include <QTableWidgetItem>
+#include <QVariant>
 
 /// A tile of the layout's grid. A screen reader hears its channel and the number of its cell, which
 /// the switch counts from 1 to 16, row by row.

@@ -10,6 +10,7 @@
 
 #include <string>
 
+class QComboBox;
 class Switch_Session;
 
 /// The page of mouse speeds: a resolution for each channel, and four custom entries, which

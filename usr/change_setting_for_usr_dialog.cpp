@@ -9,6 +9,8 @@
 #include "usr/adapter_limits.h"
 #include "usr/usr_configurator.h"
 
+#include <QLineEdit>
+
 namespace {
 
 QString text_or(const QLineEdit& field, const QString& value_in_force) {

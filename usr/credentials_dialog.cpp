@@ -10,6 +10,8 @@
 #include "usr/adapter_limits.h"
 #include "usr/usr_configurator.h"
 
+#include <QLineEdit>
+
 Credentials_Dialog::Credentials_Dialog(const QString& given_current_ip,
                                        const QStringList& given_replies, QWidget* parent)
     : Wizard_Dialog(parent),

@@ -11,6 +11,7 @@
 
 #include <QIcon>
 #include <QSet>
+#include <QVariant>
 
 #include <algorithm>
 

@@ -5,6 +5,7 @@
 #include "windows/window_widgets.h"
 
 class QMainWindow;
+class QPushButton;
 class Switch_Session;
 
 /// The window around the pages: its fixed appearance, the three page buttons, and the Refresh

@@ -8,6 +8,9 @@
 #include <optional>
 #include <vector>
 
+class QComboBox;
+class QLabel;
+class QPushButton;
 class QStackedWidget;
 class QTextEdit;
 

@@ -10,6 +10,7 @@
 #include "ui_select_km_type_dialog.h"
 
 #include <QApplication>
+#include <QPushButton>
 
 namespace {
 

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <stdexcept>
 
 /// How the real program begins: the model dialog, and what follows from the choice.
 class Test_Program_Start : public QObject {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include <QList>
 #include <QSerialPortInfo>
 
 #include <stdexcept>

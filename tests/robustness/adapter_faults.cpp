@@ -8,6 +8,9 @@
 #include "tests/support/find_child.h"
 #include "tests/support/virtual_time.h"
 
+#include <QCoreApplication>
+#include <QEventLoop>
+
 namespace {
 
 constexpr int all_attempts = 100;

@@ -6,6 +6,7 @@
 #include "tests/support/virtual_time.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QPixmapCache>
 #include <QTest>
 #include <QTextDocument>

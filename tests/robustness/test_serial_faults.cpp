@@ -8,6 +8,8 @@
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
 
+#include <QCoreApplication>
+
 /// Every fault of the simulated switch on the serial line, on all three windows: what the user
 /// sees, and that nothing of the unit is changed by it.
 class Test_Serial_Faults : public QObject {

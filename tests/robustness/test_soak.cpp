@@ -10,7 +10,9 @@
 #include "tests/support/virtual_time.h"
 #include "tests/support/wait_until.h"
 
+#include <QApplication>
 #include <QFileDialog>
+#include <QTest>
 #include <QTextDocument>
 
 /// A Lite window over hours of use, in a minute. The clicks are the user's, the bytes are the
