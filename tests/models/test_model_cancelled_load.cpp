@@ -52,8 +52,13 @@ private slots:
     void cleanup();
 
     void the_second_parts_timer_starts_behind_the_questions();
+    void a_change_while_the_dialog_is_open_is_sent_if_custom_names_were_removed();
 
 private:
+    /// Loads, and cancels after it has selected an entry behind the open dialog.
+    void change_and_cancel(int km_index);
+    [[nodiscard]] QByteArrayList questions() const;
+
     Switch_Model tested = Switch_Model::lite;
     std::unique_ptr<Window_Fixture> fixture;
     std::unique_ptr<Modal_Robot> robot;
@@ -72,6 +77,22 @@ void Test_Model_Cancelled_Load::cleanup() {
     QCOMPARE(windows_left(), QStringList{});
 }
 
+void Test_Model_Cancelled_Load::change_and_cancel(int km_index) {
+    robot->expect({.class_name = "QFileDialog", .action = [this, km_index](QWidget& dialog) {
+                       fixture->combo("comboBox_KM_Control").setCurrentIndex(km_index);
+                       return press_key(Qt::Key_Escape)(dialog);
+                   }});
+    fixture->button("pushButton_Load_Settings_File").click();
+}
+
+QByteArrayList Test_Model_Cancelled_Load::questions() const {
+    QByteArrayList asked = {"//rl", "//??", "//BP"};
+    if (tested == Switch_Model::pro) {
+        asked.append("//QA");
+    }
+    return asked;
+}
+
 void Test_Model_Cancelled_Load::the_second_parts_timer_starts_behind_the_questions() {
     QVERIFY(fixture->open_filled());
     QCOMPARE(armed_second_parts(), 0);
@@ -85,15 +106,26 @@ void Test_Model_Cancelled_Load::the_second_parts_timer_starts_behind_the_questio
     // Without a file the second part does nothing.
     QVERIFY(fixture->wait_filled());
     QVERIFY(wait_until([] { return armed_second_parts() == 0; }));
-    QByteArrayList questions = {"//rl", "//??", "//BP"};
-    if (tested == Switch_Model::pro) {
-        questions.append("//QA");
-    }
-    QCOMPARE(fixture->commands(), questions);
+    QCOMPARE(fixture->commands(), questions());
     QCOMPARE(robot->snapshots().constLast().class_name, "QFileDialog");
     // What the user chooses is sent.
     fixture->combo("comboBox_KM_Control").setCurrentIndex(2);
     QCOMPARE(fixture->commands(), QByteArrayList{"//c3"});
+}
+
+void Test_Model_Cancelled_Load::
+    a_change_while_the_dialog_is_open_is_sent_if_custom_names_were_removed() {
+    QVERIFY(fixture->open_filled());
+    // No report puts the names back.
+    Fault_Plan plan;
+    plan.silence = true;
+    fixture->device.set_faults(plan);
+    change_and_cancel(2);
+    QCOMPARE(fixture->commands(), QByteArrayList{"//c3"} + questions());
+    change_and_cancel(3);
+    QCOMPARE(fixture->commands(), questions());
+    fixture->combo("comboBox_KM_Control").setCurrentIndex(1);
+    QCOMPARE(fixture->commands(), QByteArrayList{"//c2"});
 }
 
 int main(int argc, char** argv) {
