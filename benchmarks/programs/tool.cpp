@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMainWindow>
+#include <QStringList>
 #include <QTimer>
 
 #include <chrono>
