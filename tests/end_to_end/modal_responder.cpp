@@ -36,7 +36,7 @@ QString modal_line(const QWidget& modal) {
 }
 
 /// Reports when an object is destroyed. The object must be fully constructed by now.
-void tell_the_end(const QObject& object) {
+void report_destruction(const QObject& object) {
     const QString class_name = object.metaObject()->className();
     QObject::connect(&object, &QObject::destroyed, [class_name] { report("gone " + class_name); });
 }
@@ -90,7 +90,7 @@ Modal_Responder::Modal_Responder() : input(STDIN_FILENO, QSocketNotifier::Read) 
 bool Modal_Responder::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Show && watched->inherits("QMainWindow")) {
         report("shown " + name_and_title(static_cast<const QWidget&>(*watched)));
-        tell_the_end(*watched);
+        report_destruction(*watched);
     }
     return QObject::eventFilter(watched, event);
 }
@@ -141,7 +141,7 @@ void Modal_Responder::look() {
         met = modal;
         report(modal_line(*modal));
         if (modal->inherits("Select_KM_type_Dialog")) {
-            tell_the_end(*modal);
+            report_destruction(*modal);
         }
     }
     if (answers.isEmpty()) {

@@ -31,7 +31,7 @@ public:
         return stream.listen(proxy_address, proxy_port) &&
                datagrams.bind(proxy_address, proxy_port);
     }
-    [[nodiscard]] bool has_heard() {
+    [[nodiscard]] bool was_contacted() {
         // A connection counts even if it was closed again.
         return stream.waitForNewConnection(0) || stream.hasPendingConnections() ||
                datagrams.hasPendingDatagrams();
@@ -81,13 +81,13 @@ void Test_Program_Proxy::a_proxy_hears_nothing_while_the_search_finds_an_adapter
              qPrintable(program.lines().join('\n') + program.errors()));
     // One search, sent to the network and answered: without an answer a box would be open here.
     QCOMPARE(frames, QByteArrayList{"ff010102"});
-    QVERIFY(!proxy.has_heard());
+    QVERIFY(!proxy.was_contacted());
     program.answer("frame");
     QVERIFY(program.wait_for("shown Halvern_Velmoran_" + model));
     program.close_window();
     QVERIFY(program.wait_for_end());
     QCOMPARE(program.exit_status(), 0);
-    QVERIFY(!proxy.has_heard());
+    QVERIFY(!proxy.was_contacted());
 }
 
 int main(int argc, char** argv) {

@@ -83,17 +83,18 @@ void write_switch_seeds(const Seed_Folder& seeds, int number, Switch_Model model
     const QByteArray obeyed = answers(unit, settings, QByteArray(1, cut));
     const QByteArray notice = unit.notice_both(2);
     const QByteArray layout = unit.answer(layout_command);
-    const QByteArray layout_told = unit.answer("//BP");
+    const QByteArray layout_answer = unit.answer("//BP");
     const QByteArray after = which + pieces + pause;
     seeds.write("serial_replies", "settings-" + which, after + obeyed + notice + pause);
     seeds.write("serial_replies", "layout-" + which,
-                after + submit + layout + cut + layout_told + pause);
+                after + submit + layout + cut + layout_answer + pause);
     seeds.write("serial_replies", "no-layout-" + which, after + submit + layout + pause);
     seeds.write("serial_replies", "bad-layout-" + which,
-                after + layout + cut + layout_told.left(layout_told.size() / 2) + pause + report);
+                after + layout + cut + layout_answer.left(layout_answer.size() / 2) + pause +
+                    report);
     seeds.write("network_replies", "settings-" + which, which + pieces + obeyed + notice);
     seeds.write("network_replies", "layout-" + which,
-                which + pieces + submit + layout + cut + layout_told);
+                which + pieces + submit + layout + cut + layout_answer);
     seeds.write("network_replies", "bad-layout-" + which, which + pieces + layout + cut + "KM\n");
 }
 

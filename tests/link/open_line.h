@@ -37,6 +37,6 @@ public:
 
 private:
     /// A second descriptor of the line. Opened first, because the tool takes exclusive access.
-    int side_entrance;
+    int second_descriptor;
     QByteArray all_received;
 };

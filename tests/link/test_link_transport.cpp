@@ -54,7 +54,7 @@ termios attributes_of(int terminal) {
 }
 
 /// Gives a line settings that no unit has.
-void spoil_attributes(int terminal) {
+void corrupt_attributes(int terminal) {
     termios attributes = attributes_of(terminal);
     cfsetspeed(&attributes, B9600);
     attributes.c_cflag |= CSTOPB | CRTSCTS | PARODD;
@@ -109,7 +109,7 @@ void Test_Link_Transport::the_line_gets_the_units_fixed_parameters() {
     const Pty_Port device;
     const int line = ::open(qPrintable(device.device_name()), O_RDWR | O_NOCTTY | O_CLOEXEC);
     QVERIFY(line >= 0);
-    spoil_attributes(line);
+    corrupt_attributes(line);
     QCOMPARE(cfgetospeed(std::make_unique<termios>(attributes_of(line)).get()), speed_t(B9600));
 
     Link_Transport devices;

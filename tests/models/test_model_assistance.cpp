@@ -188,7 +188,7 @@ void Test_Model_Assistance::open(Switch_Model model) {
 void Test_Model_Assistance::every_control_has_a_name() {
     QFETCH(Switch_Model, model);
     open(model);
-    QCOMPARE(heard_names(fixture->window()), stated_names(model));
+    QCOMPARE(accessible_names(fixture->window()), stated_names(model));
 }
 
 void Test_Model_Assistance::labels_are_buddies_of_their_controls() {
@@ -241,14 +241,14 @@ void Test_Model_Assistance::the_indicator_is_heard_as_its_state() {
 void Test_Model_Assistance::tiles_are_heard_as_channel_and_cell() {
     QFETCH(Switch_Model, model);
     open(model);
-    QCOMPARE(heard_cells(fixture->window(), "tableWidget"),
+    QCOMPARE(accessible_cells(fixture->window(), "tableWidget"),
              (QStringList{"Channel 1, cell 1", "Channel 2, cell 2", "Channel 3, cell 3",
                           "Channel 4, cell 4"}));
     // As after dragging a tile: the same tile in another cell.
     auto& table = find_child<QTableWidget>(fixture->window(), "tableWidget");
     const QSignalBlocker quiet(table);
     table.setItem(2, 1, table.takeItem(0, 3));
-    QCOMPARE(heard_cells(fixture->window(), "tableWidget"),
+    QCOMPARE(accessible_cells(fixture->window(), "tableWidget"),
              (QStringList{"Channel 1, cell 1", "Channel 2, cell 2", "Channel 3, cell 3",
                           "Channel 4, cell 10"}));
 }
@@ -318,7 +318,7 @@ void Test_Model_Assistance::a_dialog_begins_where_one_types_first() {
     dialog->show();
     QVERIFY(wait_until([&] { return dialog->isActiveWindow(); }));
     QCOMPARE(tab_walk(*dialog), walk);
-    QCOMPARE(heard_names(*dialog), names);
+    QCOMPARE(accessible_names(*dialog), names);
     // Which button Enter presses, with the focus where it starts.
     QString pressed;
     for (QPushButton* button : dialog->findChildren<QPushButton*>()) {

@@ -166,7 +166,7 @@ void Test_Admin_Settings::a_failed_change_is_copied_all_the_same() {
     QVERIFY(at->open_network());
     at->robot.expect({.class_name = "Change_setting_for_USR_Dialog",
                       .action = in_order({[](QWidget&) {
-                                              spoil_coming_search();
+                                              fail_next_search();
                                               return QString();
                                           },
                                           apply("CELLAR").action})});

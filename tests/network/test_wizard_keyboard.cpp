@@ -67,7 +67,7 @@ void Test_Wizard_Keyboard::the_hardware_dialog_begins_at_its_list() {
     at->robot.expect(choose_network());
     at->robot.expect({.class_name = "Select_hardware_Dialog", .action = [&](QWidget& dialog) {
                           walk = tab_walk(dialog);
-                          names = heard_names(dialog);
+                          names = accessible_names(dialog);
                           return close_by_frame()(dialog);
                       }});
     at->open();
@@ -98,7 +98,7 @@ void Test_Wizard_Keyboard::the_ip_settings_begin_at_what_can_be_changed() {
                           find_child<QRadioButton>(dialog, other).click();
                           find_child<QRadioButton>(dialog, other).setFocus();
                           walk = tab_walk(dialog);
-                          names = heard_names(dialog);
+                          names = accessible_names(dialog);
                           return close_by_frame()(dialog);
                       }});
     at->open();

@@ -196,11 +196,11 @@ void Test_Wizard_Paths::a_refused_login_can_be_left_without_a_link() {
 
 void Test_Wizard_Paths::a_failed_reading_brings_a_new_login() {
     const auto spoil = [](QWidget&) {
-        spoil_coming_search();
+        fail_next_search();
         return QString();
     };
     const auto serve_again = [this](QWidget&) {
-        fake_waiting::while_blocked([this] { at->network.catch_up(); });
+        fake_waiting::while_blocked([this] { at->network.process_pending(); });
         return QString();
     };
     at->expect_network_path(2);

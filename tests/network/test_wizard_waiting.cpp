@@ -59,7 +59,7 @@ void Test_Wizard_Waiting::watch_waits() {
     fake_waiting::while_blocked([this] {
         windows_at_waits << windows_on_screen();
         cursors_at_waits << cursor_shown();
-        at->network.catch_up();
+        at->network.process_pending();
     });
 }
 

@@ -135,7 +135,7 @@ const std::vector<Adapter_Fault_Case>& adapter_fault_cases() {
     return cases;
 }
 
-void set_up_as_told(Network_Fixture& at, const Adapter_Fault_Case& fault) {
+void set_up_as_described(Network_Fixture& at, const Adapter_Fault_Case& fault) {
     QString error;
     const auto options = read_adapter_options(fault.arguments(), error);
     if (!options) {
@@ -149,14 +149,14 @@ void set_up_as_told(Network_Fixture& at, const Adapter_Fault_Case& fault) {
         // The tool and the adapter share a thread: the adapter's timer runs while the tool sleeps,
         // 500 ms each time.
         fake_waiting::while_blocked([&at] {
-            at.network.catch_up();
+            at.network.process_pending();
             virtual_time::leap(std::chrono::milliseconds(500));
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         });
     }
     if (fault.lasts_searches > 0) {
         fake_waiting::while_blocked([&at, searches = fault.lasts_searches] {
-            at.network.catch_up();
+            at.network.process_pending();
             if (fake_waiting::block_count() == searches) {
                 at.adapter.unit().set_faults({});
             }

@@ -39,7 +39,7 @@ struct Adapter_Fault_Case {
 const std::vector<Adapter_Fault_Case>& adapter_fault_cases();
 
 /// Puts the adapter and its switch into the state that the command line describes.
-void set_up_as_told(Network_Fixture& at, const Adapter_Fault_Case& fault);
+void set_up_as_described(Network_Fixture& at, const Adapter_Fault_Case& fault);
 
 /// The robot will follow the network path as far as possible.
 /// @param names receives the list from which the user chooses.

@@ -53,8 +53,8 @@ int length_of_run(int all_steps) {
 }
 
 Soak::Soak(const Window_Fixture& opened_window, std::function<void()> drop_record,
-           std::function<QByteArray()> tell_why)
-    : window(opened_window), forget(std::move(drop_record)), why(std::move(tell_why)) {}
+           std::function<QByteArray()> explain)
+    : window(opened_window), forget(std::move(drop_record)), why(std::move(explain)) {}
 
 qint64 Soak::shown() const {
     // The document counts the end of its last line.

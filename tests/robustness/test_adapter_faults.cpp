@@ -67,7 +67,7 @@ QStringList texts(const Adapter_State& state) {
 /// In the child: follows the path to the box after which the process ends, and prints what it saw.
 void bring_to_its_end(Switch_Model model, const Adapter_Fault_Case& fault) {
     Network_Fixture at(model);
-    set_up_as_told(at, fault);
+    set_up_as_described(at, fault);
     QStringList names;
     expect_path(at, fault, names);
     at.robot.expect({.class_name = "QMessageBox", .action = [&](QWidget& box) {
@@ -96,8 +96,8 @@ void Test_Adapter_Faults::what_the_user_meets_on_the_path() {
 
     Network_Fixture at(model);
     at.unit.set_state(used_unit());
-    const QByteArray unit_before = told_by(at.unit);
-    set_up_as_told(at, fault);
+    const QByteArray unit_before = full_report(at.unit);
+    set_up_as_described(at, fault);
     const QStringList adapter_before = texts(at.adapter.unit().state());
 
     QStringList names;
@@ -126,7 +126,7 @@ void Test_Adapter_Faults::what_the_user_meets_on_the_path() {
     QCOMPARE(at.network.frames_of("04"), QByteArrayList());
     QCOMPARE(texts(at.adapter.unit().state()), adapter_before);
     QCOMPARE(at.taken, at.start_commands());
-    QCOMPARE(told_by(at.unit), unit_before);
+    QCOMPARE(full_report(at.unit), unit_before);
     QVERIFY2(at.robot.done(), at.robot.why());
 }
 

@@ -53,7 +53,7 @@ void Test_Network_Soak::init() {
     QVERIFY(at->open_network());
     const auto forget = [this] {
         at->taken.clear();
-        at->robot.forget_snapshots();
+        at->robot.clear_snapshots();
         at->network.forget();
     };
     soak = std::make_unique<Soak>(*at, forget, [this] { return at->robot.why(); });

@@ -145,7 +145,7 @@ void Test_Soak::refreshing_leaves_nothing_behind() {
 void Test_Soak::loading_settings_leaves_nothing_behind() {
     const QString path = fixture->path();
     QVERIFY(fixture->save(path));
-    const QByteArray before = told_by(lite->device.unit());
+    const QByteArray before = full_report(lite->device.unit());
     // Qt keeps a little memory of each file dialog: measured on dialogs that the test itself opens
     // in the same way.
     constexpr qint64 no_limit = 1'000'000;
@@ -157,7 +157,7 @@ void Test_Soak::loading_settings_leaves_nothing_behind() {
             QFileDialog dialog;
             dialog.setWindowTitle("Select file");
             const bool accepted = dialog.exec() == QDialog::Accepted;
-            fixture->robot.forget_snapshots();
+            fixture->robot.clear_snapshots();
             return accepted && fixture->robot.done();
         },
         no_limit);
@@ -168,7 +168,7 @@ void Test_Soak::loading_settings_leaves_nothing_behind() {
                 return false;
             }
             lite->device.clear_record();
-            fixture->robot.forget_snapshots();
+            fixture->robot.clear_snapshots();
             fixture->expect_applied_box();
             virtual_time::leap(second_part_wait);
             // The tool then reads back the layout that the unit confirms.
@@ -180,7 +180,7 @@ void Test_Soak::loading_settings_leaves_nothing_behind() {
             return true;
         },
         kept_by_dialogs);
-    QCOMPARE(told_by(lite->device.unit()), before);
+    QCOMPARE(full_report(lite->device.unit()), before);
 }
 
 int main(int argc, char** argv) {

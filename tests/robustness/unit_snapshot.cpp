@@ -158,7 +158,7 @@ QString link_status(const Window_Fixture& at) {
     return odd.isEmpty() ? status : status + ", but for " + odd.join(", ");
 }
 
-QByteArray told_by(const Switch_Logic& unit) {
+QByteArray full_report(const Switch_Logic& unit) {
     const Switch_State& state = unit.state();
     return status_report(state) + information_report(state) + layout_report(state) +
            audio_report(state);

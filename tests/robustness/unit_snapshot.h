@@ -26,4 +26,4 @@ QString differences(const Unit_Snapshot& shown, const Unit_Snapshot& wanted);
 QString link_status(const Window_Fixture& at);
 
 /// The whole state of a unit, as its own reports give it.
-QByteArray told_by(const Switch_Logic& unit);
+QByteArray full_report(const Switch_Logic& unit);

@@ -62,13 +62,13 @@ void set_capabilities(const Capabilities& capabilities) {
     }
 }
 
-const char* heard_category = nullptr;
-QStringList heard_lines;
+const char* collected_category = nullptr;
+QStringList collected_lines;
 QtMessageHandler earlier_handler = nullptr;
 
 void hear(QtMsgType type, const QMessageLogContext& context, const QString& line) {
-    if (qstrcmp(context.category, heard_category) == 0) {
-        heard_lines.append(line);
+    if (qstrcmp(context.category, collected_category) == 0) {
+        collected_lines.append(line);
     } else {
         earlier_handler(type, context, line);
     }
@@ -109,12 +109,12 @@ gid_t another_group() {
     return getegid();
 }
 
-Heard_Diagnostics::Heard_Diagnostics(const char* category) {
-    heard_category = category;
-    heard_lines.clear();
+Collected_Diagnostics::Collected_Diagnostics(const char* category) {
+    collected_category = category;
+    collected_lines.clear();
     earlier_handler = qInstallMessageHandler(hear);
 }
 
-Heard_Diagnostics::~Heard_Diagnostics() { qInstallMessageHandler(earlier_handler); }
+Collected_Diagnostics::~Collected_Diagnostics() { qInstallMessageHandler(earlier_handler); }
 
-QStringList Heard_Diagnostics::lines() { return heard_lines; }
+QStringList Collected_Diagnostics::lines() { return collected_lines; }

@@ -49,12 +49,12 @@ private:
 gid_t another_group();
 
 /// Records a logging category for the lifetime of an object; other categories are printed as usual.
-class Heard_Diagnostics {
+class Collected_Diagnostics {
 public:
-    explicit Heard_Diagnostics(const char* category);
-    ~Heard_Diagnostics();
-    Heard_Diagnostics(const Heard_Diagnostics&) = delete;
-    Heard_Diagnostics& operator=(const Heard_Diagnostics&) = delete;
+    explicit Collected_Diagnostics(const char* category);
+    ~Collected_Diagnostics();
+    Collected_Diagnostics(const Collected_Diagnostics&) = delete;
+    Collected_Diagnostics& operator=(const Collected_Diagnostics&) = delete;
 
     [[nodiscard]] static QStringList lines();
 };

@@ -15,7 +15,7 @@ void Line_Load_Test::init() {
         QCOMPARE(open_log(), 1);
     }
     QVERIFY(fixture->open_filled());
-    fixture->robot.forget_snapshots();
+    fixture->robot.clear_snapshots();
     fixture->silence_switch();
     // So that a line which is not applied leaves something other than what its absence means.
     fixture->window_fixture.combo("comboBox_KM_Control").setCurrentIndex(3);

@@ -327,7 +327,7 @@ void Test_Settings_Keep::what_failed_is_told_to_a_developer_only() {
     fixture->write("precious\n");
     QCOMPARE(mkfifo(fixture->path("pipe").toUtf8(), 0600), 0);
     const auto told = [&](const QString& path, const auto& save) {
-        const Heard_Diagnostics diagnostics("halvern.settings");
+        const Collected_Diagnostics diagnostics("halvern.settings");
         return save(path) ? diagnostics.lines().join('|') : QString("not saved");
     };
     const auto over = [&](const QString& path) { return save_over(path); };

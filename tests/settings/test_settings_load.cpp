@@ -51,7 +51,7 @@ void Test_Settings_Load::init() {
     lines = Settings_Lines(model);
     fixture = std::make_unique<Settings_Fixture>(model);
     QVERIFY(fixture->open_filled());
-    fixture->robot.forget_snapshots();
+    fixture->robot.clear_snapshots();
 }
 
 void Test_Settings_Load::cleanup() {

@@ -67,7 +67,7 @@ void Test_Settings_Load_Files::init() {
     lines = Settings_Lines(model);
     fixture = std::make_unique<Settings_Fixture>(model);
     QVERIFY(fixture->open_filled());
-    fixture->robot.forget_snapshots();
+    fixture->robot.clear_snapshots();
     fixture->silence_switch();
     audio_before = fixture->checked_audio_boxes();
     QCOMPARE(audio_before.isEmpty(), !fixture->is_pro());

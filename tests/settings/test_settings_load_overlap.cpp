@@ -45,7 +45,7 @@ void Test_Settings_Load_Overlap::init() {
     second["USB Control: "] = "//u4";
     fixture = std::make_unique<Settings_Fixture>(model);
     QVERIFY(fixture->open_filled());
-    fixture->robot.forget_snapshots();
+    fixture->robot.clear_snapshots();
     fixture->silence_switch();
 }
 

@@ -33,7 +33,7 @@ private slots:
     void a_line_of_10_mb_loads();
 
 private:
-    void tell_time(const char* part, const Processor_Time& since) const;
+    void print_time(const char* part, const Processor_Time& since) const;
 
     std::unique_ptr<Settings_Fixture> fixture;
     Settings_Lines lines;
@@ -62,7 +62,7 @@ void Test_Settings_Load_Size::cleanup() {
     QCOMPARE(windows_left(), QStringList());
 }
 
-void Test_Settings_Load_Size::tell_time(const char* part, const Processor_Time& since) const {
+void Test_Settings_Load_Size::print_time(const char* part, const Processor_Time& since) const {
     qInfo("%s, %s: %lld ms", QTest::currentDataTag() ? QTest::currentDataTag() : "100 MB", part,
           since.elapsed());
 }
@@ -73,11 +73,11 @@ void Test_Settings_Load_Size::a_file_of_100_mb_loads() {
         noise.repeated(100 * megabyte / static_cast<int>(noise.size())) + lines.text());
     Processor_Time time;
     QVERIFY2(fixture->load_first_part(path), fixture->robot.why());
-    tell_time("first part", time);
+    print_time("first part", time);
     QVERIFY(time.elapsed() < max_part);
     time = {};
     QVERIFY2(fixture->wait_for_second_part(), fixture->robot.why());
-    tell_time("second part", time);
+    print_time("second part", time);
     QVERIFY(time.elapsed() < max_part);
     QCOMPARE(look_at(*fixture), good_snapshot(*fixture));
     QCOMPARE(fixture->window_fixture.commands(),
@@ -98,17 +98,17 @@ void Test_Settings_Load_Size::a_line_of_10_mb_loads() {
     const QString path = fixture->write(lines.text());
     Processor_Time time;
     QVERIFY2(fixture->load_first_part(path), fixture->robot.why());
-    tell_time("first part", time);
+    print_time("first part", time);
     QVERIFY(time.elapsed() < max_part);
     time = {};
     QVERIFY2(fixture->wait_for_second_part(), fixture->robot.why());
-    tell_time("second part", time);
+    print_time("second part", time);
     QVERIFY(time.elapsed() < max_part);
     // The page that shows the text has to be drawn, too.
     time = {};
     fixture->window_fixture.button("pushButton_Mouse_Speed_Settings").click();
     fixture->window_fixture.window().grab();
-    tell_time("drawing", time);
+    print_time("drawing", time);
     QVERIFY(time.elapsed() < max_part);
 }
 

@@ -58,7 +58,7 @@ void Test_Settings_Save_Dialog::init() {
     QFETCH_GLOBAL(const Switch_Model, model);
     fixture = std::make_unique<Settings_Fixture>(model);
     QVERIFY(fixture->open_filled());
-    fixture->robot.forget_snapshots();
+    fixture->robot.clear_snapshots();
 }
 
 void Test_Settings_Save_Dialog::cleanup() {

@@ -20,7 +20,7 @@ constexpr std::array control_roles = {QAccessible::Button,       QAccessible::Ch
 
 /// The caption of a control. On Linux the name of a combo box is its chosen item; its caption is
 /// its label, or else its description.
-QString heard_name(const QAccessibleInterface& control) {
+QString accessible_name(const QAccessibleInterface& control) {
     if (control.role() == QAccessible::ComboBox) {
         for (const auto& [label, relation] : control.relations(QAccessible::Label)) {
             return label->text(QAccessible::Name);
@@ -32,7 +32,7 @@ QString heard_name(const QAccessibleInterface& control) {
 
 void collect_names(const QAccessibleInterface& part, QStringList& names) {
     if (std::ranges::find(control_roles, part.role()) != control_roles.end()) {
-        names << part.object()->objectName() + ": " + heard_name(part);
+        names << part.object()->objectName() + ": " + accessible_name(part);
         return;
     }
     for (int child = 0; child < part.childCount(); ++child) {
@@ -44,14 +44,14 @@ void collect_names(const QAccessibleInterface& part, QStringList& names) {
 
 } // namespace
 
-QStringList heard_names(QWidget& window) {
+QStringList accessible_names(QWidget& window) {
     QStringList names;
     collect_names(*QAccessible::queryAccessibleInterface(&window), names);
     names.sort();
     return names;
 }
 
-QStringList heard_cells(QWidget& window, const QString& table) {
+QStringList accessible_cells(QWidget& window, const QString& table) {
     auto& widget = find_child<QTableWidget>(window, table);
     QAccessibleTableInterface* cells =
         QAccessible::queryAccessibleInterface(&widget)->tableInterface();

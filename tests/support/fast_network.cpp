@@ -14,7 +14,7 @@ Fast_Network::Fast_Network() {
     connect(this, &Adapter_Network::frame_received, this,
             [this](const QByteArray& frame) { all_frames << frame.toHex(); });
     fake_waiting::reset();
-    fake_waiting::while_blocked([this] { catch_up(); });
+    fake_waiting::while_blocked([this] { process_pending(); });
 }
 
 Fast_Network::~Fast_Network() { fake_waiting::reset(); }
@@ -49,13 +49,13 @@ void Fast_Network::forget() {
     all_notes.clear();
 }
 
-void Fast_Network::catch_up() {
+void Fast_Network::process_pending() {
     virtual_time::let_datagrams_arrive();
     serve();
     virtual_time::let_datagrams_arrive();
 }
 
-void spoil_coming_search() {
+void fail_next_search() {
     constexpr int readings_until_the_reply_is_taken = 50;
     fake_waiting::while_blocked([] { Raw_Sender().send("abc"); });
     fake_waiting::at_clock_reading(readings_until_the_reply_is_taken,

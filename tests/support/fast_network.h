@@ -30,7 +30,7 @@ public:
     void forget();
 
     /// Processes what has been sent since the tool last blocked.
-    void catch_up();
+    void process_pending();
 
 private:
     const Virtual_Time time;
@@ -39,4 +39,4 @@ private:
 };
 
 /// Makes the next search fail after it has added a reply of 3 bytes to its list.
-void spoil_coming_search();
+void fail_next_search();

@@ -74,7 +74,7 @@ public:
     /// Everything found, in order, whether it matched or not.
     const QList<Modal_Snapshot>& snapshots() const { return all_snapshots; }
     /// For tests with hundreds of them.
-    void forget_snapshots() { all_snapshots = {}; }
+    void clear_snapshots() { all_snapshots = {}; }
 
     const QStringList& failures() const { return failure_texts; }
 

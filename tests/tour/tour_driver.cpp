@@ -199,14 +199,14 @@ void Tour_Driver::see_layout_read_back(int unit_number) {
 }
 
 void Tour_Driver::report_step(const QString& seen) {
-    steps_told += 1;
-    outside::print(QString("%1 %2  %3").arg(stage, -stage_column).arg(steps_told, 2).arg(seen));
+    steps_reported += 1;
+    outside::print(QString("%1 %2  %3").arg(stage, -stage_column).arg(steps_reported, 2).arg(seen));
 }
 
 void Tour_Driver::take_picture(const QString& name) {
     see("a window in front", on_screen::is_painted);
     const QString path = QDir(pictures).filePath(
-        QString("%1-%2-%3.png").arg(stage).arg(steps_told + 1, 2, 10, QChar('0')).arg(name));
+        QString("%1-%2-%3.png").arg(stage).arg(steps_reported + 1, 2, 10, QChar('0')).arg(name));
     in_gui([] {
         on_screen::repaint();
         return true;

@@ -64,5 +64,5 @@ private:
 
     QString stage;
     QString pictures;
-    int steps_told = 0;
+    int steps_reported = 0;
 };

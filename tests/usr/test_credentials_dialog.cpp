@@ -167,7 +167,7 @@ void Test_Credentials_Dialog::the_dialog_stands_while_it_logs_in() {
     Credentials_Dialog dialog(adapter_ip, {});
     QList<bool> visible_meanwhile;
     fake_waiting::while_blocked([&] {
-        network.catch_up();
+        network.process_pending();
         visible_meanwhile << dialog.isVisible();
     });
     Modal_Robot robot;
@@ -198,7 +198,7 @@ void Test_Credentials_Dialog::a_failed_reading_ends_the_dialog_with_minus_one() 
     expect_warning(robot, "Error in getting data from the USR");
     expect_warning(robot, "Get ip allocation error");
     Credentials_Dialog dialog(adapter_ip, {});
-    spoil_coming_search();
+    fail_next_search();
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
     QCOMPARE(dialog.get_ip_allocation(), QString("-1"));

@@ -81,7 +81,7 @@ void Test_Hostile_Datagrams::a_search_survives_a_datagram_of_every_size() {
             if (!sent) {
                 sent = sender.send(random_bytes(size));
             }
-            network.catch_up();
+            network.process_pending();
         });
         QCOMPARE(searcher.search_USR_in_network(), 1);
         QVERIFY(sent);
@@ -101,7 +101,7 @@ void Test_Hostile_Datagrams::a_search_survives_mixed_random_datagrams() {
                 sender.send(random_bytes(QRandomGenerator::global()->bounded(80)));
             }
             is_first = false;
-            network.catch_up();
+            network.process_pending();
         });
         configurator.get_data_from_USR();
         for (const QString& reply : configurator.get_USR_replies()) {
@@ -185,7 +185,7 @@ void Test_Hostile_Datagrams::a_search_ends_when_a_flood_of_wrong_sizes_ends() {
                 std::make_unique<Datagram_Flood>(QByteArray(size, 'f'), search_port, whole_flood);
         }
         flood->wait_for_more(some);
-        network.catch_up();
+        network.process_pending();
     });
     QCOMPARE(searcher.search_USR_in_network(), 1);
     QCOMPARE_GT(fake_waiting::block_count(), 1);
@@ -213,7 +213,7 @@ void Test_Hostile_Datagrams::a_login_goes_through_when_a_flood_ends() {
                 }
             });
     fake_waiting::while_blocked([&] {
-        network.catch_up();
+        network.process_pending();
         if (flood) {
             flood->wait_for_more(some);
         }

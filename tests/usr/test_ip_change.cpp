@@ -207,7 +207,7 @@ void Test_IP_Change::an_adapter_that_turns_up_during_the_logins_is_read() {
         if (network.frames_of("03").size() == logins_before + 5 && !adapter.is_online()) {
             is_back = adapter.go_online();
         }
-        network.catch_up();
+        network.process_pending();
     });
 
     Modal_Robot robot;

@@ -212,7 +212,7 @@ void Test_Select_Hardware_Dialog::the_buttons_are_disabled_during_a_refresh() {
     const Select_hardware_Dialog dialog;
     QList<bool> enabled_meanwhile;
     fake_waiting::while_blocked([&] {
-        network.catch_up();
+        network.process_pending();
         enabled_meanwhile << button_of(dialog, "pushButton_Refresh").isEnabled()
                           << button_of(dialog, "pushButton_Continue").isEnabled();
     });

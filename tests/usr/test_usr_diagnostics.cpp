@@ -35,7 +35,7 @@ private:
 
 namespace {
 
-QStringList& told_lines() {
+QStringList& logged_lines() {
     static QStringList lines;
     return lines;
 }
@@ -58,15 +58,15 @@ QStringList Test_USR_Diagnostics::lines_of_a_conversation() {
     state.username = "keller";
     state.password = "geheim";
     network.add(state);
-    told_lines().clear();
+    logged_lines().clear();
     const QtMessageHandler earlier = qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext&, const QString& text) { told_lines() << text; });
+        [](QtMsgType, const QMessageLogContext&, const QString& text) { logged_lines() << text; });
     USR_configurator configurator("127.0.0.2", "127.0.0.2", "255.0.0.0", "127.0.0.1", "80",
                                   "keller", "geheim");
     configurator.login_to_USR();
     configurator.change_credentials_and_name("dach", "offen", "OSTREL");
     qInstallMessageHandler(earlier);
-    return told_lines();
+    return logged_lines();
 }
 
 void Test_USR_Diagnostics::nothing_is_told_unless_switched_on() {
@@ -113,26 +113,26 @@ void Test_USR_Diagnostics::a_frame_that_could_not_be_sent_is_told() {
     configurator.get_data_from_USR();
     // As on a computer without a default route.
     QVERIFY(change_route("del"));
-    told_lines().clear();
+    logged_lines().clear();
     const QtMessageHandler earlier = qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext&, const QString& text) { told_lines() << text; });
+        [](QtMsgType, const QMessageLogContext&, const QString& text) { logged_lines() << text; });
     const int setup = configurator.setup_USR();
     qInstallMessageHandler(earlier);
     QVERIFY(change_route("add"));
     // The adapter confirms nothing, and a frame that was not sent is not a failure.
     QCOMPARE(setup, 1);
-    const QString all = told_lines().join('\n');
+    const QString all = logged_lines().join('\n');
     QVERIFY2(all.contains("broadcast goes by \"no interface: "), qPrintable(all));
-    QCOMPARE(told_lines().filter("the search frame was not sent: \"").size(), 1);
+    QCOMPARE(logged_lines().filter("the search frame was not sent: \"").size(), 1);
     // The configuration and its confirmation.
-    QCOMPARE(told_lines().filter("the frame was not sent: \"").size(), 2);
+    QCOMPARE(logged_lines().filter("the frame was not sent: \"").size(), 2);
 }
 
 void Test_USR_Diagnostics::a_failure_is_told_in_the_words_of_its_exception() {
     const Debug_Lines debug_lines;
-    told_lines().clear();
+    logged_lines().clear();
     const QtMessageHandler earlier = qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext&, const QString& text) { told_lines() << text; });
+        [](QtMsgType, const QMessageLogContext&, const QString& text) { logged_lines() << text; });
     Modal_Robot robot;
     expect_warning(robot, "Search USR error");
     fake_waiting::fail_at_next_block();
@@ -141,8 +141,8 @@ void Test_USR_Diagnostics::a_failure_is_told_in_the_words_of_its_exception() {
     report_failure("no exception");
     qInstallMessageHandler(earlier);
     QVERIFY2(robot.done(), robot.why());
-    QCOMPARE(told_lines().filter("Search USR error because: no blocking now").size(), 1);
-    QCOMPARE(told_lines().filter("because").size(), 1);
+    QCOMPARE(logged_lines().filter("Search USR error because: no blocking now").size(), 1);
+    QCOMPARE(logged_lines().filter("because").size(), 1);
 }
 
 void Test_USR_Diagnostics::no_user_name_or_password_is_ever_told_data() {

@@ -294,7 +294,7 @@ void Test_USR_Login::the_last_reply_of_the_target_address_counts() {
     const QByteArray second_reply = Adapter_Logic(namesake).search_reply();
     Raw_Sender sender;
     fake_waiting::while_blocked([&] {
-        network.catch_up();
+        network.process_pending();
         if (logins(network) == 0) {
             sender.send(second_reply);
         }
@@ -346,7 +346,7 @@ void Test_USR_Login::a_failed_search_fails_each_reading_in_turn() {
         expect_warning(robot, text);
     }
     USR_configurator configurator(adapter_ip, "admin", "admin");
-    spoil_coming_search();
+    fail_next_search();
     QCOMPARE((configurator.*reading)(), QString("-1"));
     QVERIFY2(robot.done(), robot.why());
     QCOMPARE(log.entries(), texts);
@@ -358,7 +358,7 @@ void Test_USR_Login::a_failed_search_leaves_the_name_empty() {
     expect_warning(robot, "Search USR error");
     expect_warning(robot, "Error in getting data from the USR");
     USR_configurator configurator(adapter_ip, "admin", "admin");
-    spoil_coming_search();
+    fail_next_search();
     QCOMPARE(configurator.get_usr_name(), QString());
     QVERIFY2(robot.done(), robot.why());
 }

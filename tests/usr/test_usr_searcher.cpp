@@ -198,7 +198,7 @@ void Test_USR_Searcher::each_reply_of_wrong_length_starts_the_search_over() {
         if (sent < times && sender.send(QByteArray(size, 'x'))) {
             ++sent;
         }
-        network.catch_up();
+        network.process_pending();
     });
     USR_searcher searcher;
     QCOMPARE(searcher.search_USR_in_network(), 1);
@@ -313,7 +313,7 @@ void Test_USR_Searcher::a_failure_of_the_repetition_is_shown_once() {
     Fast_Network network;
     network.add_adapter().unit().set_faults({.search_reply_bytes = 20});
     fake_waiting::while_blocked([&] {
-        network.catch_up();
+        network.process_pending();
         fake_waiting::fail_at_next_block();
     });
     Modal_Robot robot;

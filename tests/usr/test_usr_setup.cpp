@@ -92,7 +92,7 @@ void Test_USR_Setup::a_setup_is_a_search_the_configuration_and_the_apply() {
     network.add_adapter();
     Writing_Configurator configurator;
     QCOMPARE(configurator.setup_USR(), 1);
-    network.catch_up();
+    network.process_pending();
     QCOMPARE(network.notes(), QStringList({"127.0.0.2: search, answered",
                                            "127.0.0.2: configuration, waits for its apply",
                                            "127.0.0.77: apply, restarts as 127.0.0.77"}));
@@ -108,7 +108,7 @@ void Test_USR_Setup::the_adapter_takes_the_settings_over() {
     USR_configurator configurator(adapter_ip, "127.1.2.3", "255.255.254.0", "127.9.8.7", "80",
                                   "admin", "admin");
     QCOMPARE(configurator.setup_USR(), 1);
-    network.catch_up();
+    network.process_pending();
     const Adapter_State& state = only_state(network);
     QCOMPARE(state.dhcp, false);
     QCOMPARE(state.static_ip.toString(), QString("127.1.2.3"));
@@ -128,7 +128,7 @@ void Test_USR_Setup::the_configuration_can_be_set_to_dhcp() {
     network.adapters().front()->unit().set_state(state);
     Writing_Configurator configurator("127.0.0.2", "00");
     QCOMPARE(configurator.setup_USR(), 1);
-    network.catch_up();
+    network.process_pending();
     QCOMPARE(only_state(network).dhcp, true);
     QCOMPARE(only_state(network).address.toString(), QString("127.0.0.90"));
 }
@@ -137,7 +137,7 @@ void Test_USR_Setup::an_adapter_that_is_not_there_is_written_to_without_mac_addr
     Fast_Network network;
     Writing_Configurator configurator;
     QCOMPARE(configurator.setup_USR(), 1);
-    network.catch_up();
+    network.process_pending();
     // The tool knows neither MAC address nor name.
     QCOMPARE(network.frames_of("05").first().size(), 2 * (89 - 6 - 6 - 16));
     QCOMPARE(network.frames_of("04").first().size(), 2 * (22 - 6));
@@ -176,7 +176,7 @@ void Test_USR_Setup::a_failed_search_fails_the_setup() {
         expect_warning(robot, text);
     }
     Writing_Configurator configurator;
-    spoil_coming_search();
+    fail_next_search();
     QCOMPARE(configurator.setup_USR(), -1);
     QVERIFY2(robot.done(), robot.why());
     QCOMPARE(log.entries(), texts);
@@ -187,7 +187,7 @@ void Test_USR_Setup::new_credentials_and_name_reach_the_adapter() {
     network.add_adapter();
     Writing_Configurator configurator("127.0.0.2");
     QCOMPARE(configurator.change_credentials_and_name("keller", "geheim", "WEST WING"), 1);
-    network.catch_up();
+    network.process_pending();
     QCOMPARE(only_state(network).username, QByteArray("keller"));
     QCOMPARE(only_state(network).password, QByteArray("geheim"));
     QCOMPARE(only_state(network).name, QByteArray("WEST WING"));
@@ -200,7 +200,7 @@ void Test_USR_Setup::the_new_credentials_are_in_force_for_the_next_frames() {
     Writing_Configurator configurator("127.0.0.2");
     QCOMPARE(configurator.change_credentials_and_name("keller", "geheim", "WEST"), 1);
     QCOMPARE(configurator.change_credentials_and_name("dach", "offen", "EAST"), 1);
-    network.catch_up();
+    network.process_pending();
     QCOMPARE(only_state(network).username, QByteArray("dach"));
     QCOMPARE(only_state(network).password, QByteArray("offen"));
     QCOMPARE(only_state(network).name, QByteArray("EAST"));
@@ -253,7 +253,7 @@ void Test_USR_Setup::values_that_just_fit_are_sent() {
     network.add_adapter();
     Writing_Configurator configurator;
     QCOMPARE(configurator.change_credentials_and_name(username, password, name), 1);
-    network.catch_up();
+    network.process_pending();
     QCOMPARE(only_state(network).username, username.toUtf8());
     QCOMPARE(only_state(network).password, password.toUtf8());
     QCOMPARE(only_state(network).name, name.toUtf8());
@@ -264,7 +264,7 @@ void Test_USR_Setup::a_name_of_16_two_byte_characters_grows_the_frame() {
     network.add_adapter();
     Writing_Configurator configurator;
     QCOMPARE(configurator.change_credentials_and_name("u", "p", QString(16, QChar(0xfc))), 1);
-    network.catch_up();
+    network.process_pending();
     const QByteArray frame = network.frames_of("05").first();
     QCOMPARE(frame.size(), 2 * (89 + 16));
     QCOMPARE(frame.mid(2, 2), QByteArray("56"));
@@ -306,12 +306,12 @@ void Test_USR_Setup::the_new_name_is_carried_once() {
     network.add_adapter();
     Writing_Configurator configurator("127.0.0.2");
     QCOMPARE(configurator.change_credentials_and_name("admin", "admin", "WEST"), 1);
-    network.catch_up();
+    network.process_pending();
     Adapter_State renamed = only_state(network);
     renamed.name = "THIRD";
     network.adapters().front()->unit().set_state(renamed);
     QCOMPARE(configurator.setup_USR(), 1);
-    network.catch_up();
+    network.process_pending();
     QCOMPARE(only_state(network).name, QByteArray("THIRD"));
 }
 
@@ -357,7 +357,7 @@ void Test_USR_Setup::a_failed_search_for_it_is_reported() {
         expect_warning(robot, text);
     }
     Writing_Configurator configurator;
-    spoil_coming_search();
+    fail_next_search();
     QCOMPARE(configurator.get_IP_after_hanging(), QString());
     QVERIFY2(robot.done(), robot.why());
     QCOMPARE(log.entries(), texts);

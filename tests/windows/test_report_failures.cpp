@@ -38,7 +38,7 @@ private slots:
 private:
     void be_silent();
     void expect_box();
-    void say_and_see_the_box(const QByteArray& text);
+    void send_and_see_the_box(const QByteArray& text);
     int index_of(const QString& box) const { return lite->combo(box).currentIndex(); }
     QString text_of(const QString& label) const { return lite->label(label).text(); }
     /// The channels that the grid shows as inactive.
@@ -98,7 +98,7 @@ void Test_Report_Failures::expect_box() {
                    .action = press_button("OK")});
 }
 
-void Test_Report_Failures::say_and_see_the_box(const QByteArray& text) {
+void Test_Report_Failures::send_and_see_the_box(const QByteArray& text) {
     expect_box();
     lite->device.send(text);
     QVERIFY2(wait_until([&] { return robot->done(); }), robot->why());
@@ -168,7 +168,7 @@ void Test_Report_Failures::a_missing_key_that_must_be_there_raises_the_box() {
     QFETCH(const int, names);
     const QString label_before = text_of("label_Custom_1");
     // "Buzzer: off" would show.
-    say_and_see_the_box(report_without(key).replace("Buzzer: on", "Buzzer: off"));
+    send_and_see_the_box(report_without(key).replace("Buzzer: on", "Buzzer: off"));
     QCOMPARE(text_of("label_Current_Hotkey_Trigger_Data"), "Scroll Lock");
     QCOMPARE(lite->line_edit("lineEdit_MouseParking_y").text(), "34");
     QCOMPARE(index_of("comboBox_USB_Control"), 1);
@@ -187,12 +187,12 @@ void Test_Report_Failures::a_missing_key_that_must_be_there_raises_the_box() {
 }
 
 void Test_Report_Failures::a_custom_entry_shorter_than_its_columns_raises_the_box() {
-    say_and_see_the_box(other_report().replace("C2\t210 220 TREE", "C2\t210 220"));
+    send_and_see_the_box(other_report().replace("C2\t210 220 TREE", "C2\t210 220"));
     QCOMPARE(lite->resolution(1).count(), 10);
 }
 
 void Test_Report_Failures::a_port_limit_that_is_no_number_raises_the_box_after_the_information() {
-    say_and_see_the_box(other_report().replace("Port Limit: 3", "Port Limit: all"));
+    send_and_see_the_box(other_report().replace("Port Limit: 3", "Port Limit: all"));
     QCOMPARE(text_of("label_Current_Hotkey_Trigger_Data"), "Scroll Lock");
     QCOMPARE(index_of("comboBox_KM_Control"), 2);
     QCOMPARE(index_of("comboBox_Select_active_port"), 0);
@@ -201,12 +201,12 @@ void Test_Report_Failures::a_port_limit_that_is_no_number_raises_the_box_after_t
 }
 
 void Test_Report_Failures::a_port_limit_beyond_all_numbers_raises_the_box() {
-    say_and_see_the_box(other_report().replace("Port Limit: 3", "Port Limit: 99999999999"));
+    send_and_see_the_box(other_report().replace("Port Limit: 3", "Port Limit: 99999999999"));
     QCOMPARE(index_of("comboBox_Select_active_port"), 0);
 }
 
 void Test_Report_Failures::a_report_without_a_layout_line_fills_all_but_the_layout() {
-    say_and_see_the_box(report_without("//FF"));
+    send_and_see_the_box(report_without("//FF"));
     QVERIFY(lite->is_filled());
     QVERIFY(!lite->button("pushButton_ON_Beep").isEnabled());
     QCOMPARE(lite->resolution(3).currentIndex(), 12);
@@ -223,13 +223,13 @@ void Test_Report_Failures::a_layout_key_that_is_missing_or_short_raises_the_box_
 
 void Test_Report_Failures::a_layout_key_that_is_missing_or_short_raises_the_box() {
     QFETCH(const QByteArray, line);
-    say_and_see_the_box(other_report().replace("//FF01B05FF02B06FF03B07FF04B11", line));
+    send_and_see_the_box(other_report().replace("//FF01B05FF02B06FF03B07FF04B11", line));
     QVERIFY(lite->is_filled());
     QVERIFY(!lite->button("pushButton_ON_Beep").isEnabled());
 }
 
 void Test_Report_Failures::without_a_layout_line_the_report_counts_one_port_more_than_the_user() {
-    say_and_see_the_box(report_without("//FF").replace("Port Limit: 3", "Port Limit: 2"));
+    send_and_see_the_box(report_without("//FF").replace("Port Limit: 3", "Port Limit: 2"));
     QCOMPARE(index_of("comboBox_Select_active_port"), 0);
     QCOMPARE(inactive(), QStringList{"Channel 4"});
     lite->combo("comboBox_Select_active_port").setCurrentIndex(2);
@@ -266,7 +266,7 @@ void Test_Report_Failures::after_the_box_the_user_can_send_and_refresh() {
 }
 
 void Test_Report_Failures::a_failed_report_keeps_the_buffer() {
-    say_and_see_the_box("//RL\nchannel **C");
+    send_and_see_the_box("//RL\nchannel **C");
     QCOMPARE(index_of("comboBox_KM_Control"), 0);
     QVERIFY(lite->say(" 3\n"));
     QCOMPARE(index_of("comboBox_KM_Control"), 2);
