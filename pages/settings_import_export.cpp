@@ -44,6 +44,14 @@ void Settings_Import_Export::create_settings_file() {
 }
 
 void Settings_Import_Export::load_settings_file() {
+    const bool file_chosen = load_first_part();
+    if (file_chosen || model.arms_second_part_after_cancel) {
+        QTimer::singleShot(second_part_wait_ms, Qt::PreciseTimer, &timer_target,
+                           SLOT(load_second_part_of_settings()));
+    }
+}
+
+bool Settings_Import_Export::load_first_part() {
     const Flag_Guard silent(session.state.ui_changes_enabled, false);
     pages.mouse_speed.remove_custom_setting_items();
     const bool file_chosen = settings_file.read_chosen_file();
@@ -53,10 +61,7 @@ void Settings_Import_Export::load_settings_file() {
     } else {
         read_everything_back();
     }
-    if (file_chosen || model.arms_second_part_after_cancel) {
-        QTimer::singleShot(second_part_wait_ms, Qt::PreciseTimer, &timer_target,
-                           SLOT(load_second_part_of_settings()));
-    }
+    return file_chosen;
 }
 
 void Settings_Import_Export::load_second_part_of_settings() {

@@ -39,6 +39,8 @@ public:
 private:
     [[nodiscard]] std::vector<Setting_Line> lines_to_save() const;
     [[nodiscard]] std::vector<Setting_Line> audio_lines_to_save() const;
+    /// The part before the timer. @return whether a file was chosen.
+    bool load_first_part();
     void read_everything_back();
     void apply_lines(std::span<const Line_To_Load> lines);
     /// Applies one line to the widgets and then sends its value unchanged, an empty value as a
