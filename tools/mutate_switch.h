@@ -3,25 +3,30 @@
 #pragma once
 
 // What tools/mutate builds into the product in addition to its faults. HALVERN_MUTANT is the number
-// of the fault that is on; if HALVERN_MUTANT_TRACE names a file, the numbers of the reached faults
-// are written there.
+// of the fault that is on. If HALVERN_MUTANT_TRACE names a file, each reached fault is marked at its
+// place there. The file is mapped, because a test may limit the size of what its process writes.
 
 #include <cstdlib>
 #include <fcntl.h>
 #include <functional>
-#include <string>
+#include <sys/mman.h>
 #include <unistd.h>
-#include <utility>
+
+inline char* halvern_mutant_marks() {
+    constexpr std::size_t length = 10000;
+    const char* trace = std::getenv("HALVERN_MUTANT_TRACE");
+    const int file = trace ? ::open(trace, O_RDWR | O_CLOEXEC) : -1;
+    void* marks = file < 0 ? MAP_FAILED
+                           : ::mmap(nullptr, length, PROT_WRITE, MAP_SHARED, file, 0);
+    ::close(file);
+    return marks == MAP_FAILED ? nullptr : static_cast<char*>(marks);
+}
 
 inline bool halvern_mutant(int number) {
     static const int active = std::atoi(std::getenv("HALVERN_MUTANT") ?: "0");
-    static const std::string trace = std::getenv("HALVERN_MUTANT_TRACE") ?: "";
-    static bool seen[10000];
-    if (!trace.empty() && !std::exchange(seen[number], true)) {
-        const std::string line = std::to_string(number) + '\n';
-        const int file = ::open(trace.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
-        (void)!::write(file, line.data(), line.size());
-        ::close(file);
+    static char* const marks = halvern_mutant_marks();
+    if (marks) {
+        marks[number] = 1;
     }
     return number == active;
 }

@@ -91,6 +91,7 @@ void Test_Audio_State::a_text_is_read_as_a_state_data() {
     QTest::newRow("1 F") << "1 F" << follow();
     QTest::newRow("13F") << "13F" << follow();
     QTest::newRow("13F2") << "13F2" << follow(channels({2}));
+    QTest::newRow("F after another letter") << "XF" << follow();
     QTest::newRow("1F and a line end") << "1F\n" << follow();
     QTest::newRow("1 3") << "1 3" << channels({1, 3});
     QTest::newRow("4 2 order") << "4 2" << channels({2, 4});

@@ -136,7 +136,7 @@ void Test_Custom_Setting::resolutions_stand_one_character_behind_their_key_data(
     QTest::newRow("the first character does not count")
         << "Channels resolution:91 2" << QStringList{"1", "2"};
     QTest::newRow("twelve characters and no more")
-        << "Channels resolution: C1 C2 C3      4" << QStringList{"10", "11", "12"};
+        << "Channels resolution: C1 C2 C3    4" << QStringList{"10", "11", "12"};
     QTest::newRow("the twelfth character counts")
         << "Channels resolution: C1 C2 C3   4" << QStringList{"10", "11", "12", "4"};
     QTest::newRow("CR LF") << "Channels resolution: 1 2 3 4\r\nBuzzer: on\r\n"

@@ -72,7 +72,7 @@ void Test_Model_Readers::a_notice_for_both_sets_the_two_channels_and_on_the_pro_
 void Test_Model_Readers::reading_a_confirmed_layout_back_disarms_dragging_on_the_lite_only() {
     QVERIFY(fixture->open_filled());
     QVERIFY(QMetaObject::invokeMethod(&fixture->window(), "on_tableWidget_cellPressed",
-                                      Qt::DirectConnection, Q_ARG(int, 0), Q_ARG(int, 0)));
+                                      Qt::DirectConnection, Q_ARG(int, 0), Q_ARG(int, 1)));
     QVERIFY(table().dragEnabled());
 
     QVERIFY(fixture->say("//FF01B13FF02B14FF03B15FF04B16\n"));
