@@ -38,7 +38,9 @@ private:
 void hide_and_stay_painted(QWidget& dialog) {
     if (dialog.isVisible() && !QGuiApplication::platformName().startsWith("wayland")) {
         auto* picture = new Picture(dialog);
-        QTimer::singleShot(0, picture, &QObject::deleteLater);
+        // Not deleteLater(): if the process ends before it is done, newer versions of Qt do it
+        // while the process exits, when a window can no longer be destroyed.
+        QTimer::singleShot(0, picture, [picture] { delete picture; });
     }
     dialog.hide();
 }

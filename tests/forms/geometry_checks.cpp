@@ -46,7 +46,8 @@ bool fits(QSize needed, QSize room) {
 bool label_fits(const QLabel& label) {
     const QRect room = label.contentsRect();
     if (!label.pixmap().isNull()) {
-        return fits(label.pixmap().size(), room.size());
+        // On a scaled screen newer versions of Qt choose a pixmap with more pixels.
+        return fits(label.pixmap().deviceIndependentSize().toSize(), room.size());
     }
     const int flags = label.wordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine;
     const QRect needed = label.fontMetrics().boundingRect(
