@@ -3,8 +3,9 @@
 #pragma once
 
 // What tools/mutate builds into the product in addition to its faults. HALVERN_MUTANT is the number
-// of the fault that is on. If HALVERN_MUTANT_TRACE names a file, each reached fault is marked at its
-// place there. The file is mapped, because a test may limit the size of what its process writes.
+// of the fault that is on. If HALVERN_MUTANT_TRACE names a file, each reached fault is marked at
+// its place there. The file is mapped, because a test may limit the size of what its process
+// writes.
 
 #include <cstdlib>
 #include <fcntl.h>
@@ -16,8 +17,7 @@ inline char* halvern_mutant_marks() {
     constexpr std::size_t length = 10000;
     const char* trace = std::getenv("HALVERN_MUTANT_TRACE");
     const int file = trace ? ::open(trace, O_RDWR | O_CLOEXEC) : -1;
-    void* marks = file < 0 ? MAP_FAILED
-                           : ::mmap(nullptr, length, PROT_WRITE, MAP_SHARED, file, 0);
+    void* marks = file < 0 ? MAP_FAILED : ::mmap(nullptr, length, PROT_WRITE, MAP_SHARED, file, 0);
     ::close(file);
     return marks == MAP_FAILED ? nullptr : static_cast<char*>(marks);
 }
