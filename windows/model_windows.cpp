@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/make_main_window.h"
-
 #include "windows/halvern_velmoran_lite.h"
 #include "windows/halvern_velmoran_plus.h"
 #include "windows/halvern_velmoran_pro.h"
