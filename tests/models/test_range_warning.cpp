@@ -78,8 +78,10 @@ void Test_Range_Warning::open_with_500_typed(Switch_Model model, const QString& 
     robot = std::make_unique<Modal_Robot>();
     fixture = make_model_fixture(model, *robot);
     QVERIFY(fixture->open_filled());
-    // Repeated, because the window manager ignores a request while it is busy with the window.
-    const QStringList activate = {"windowactivate", QString::number(fixture->window().winId())};
+    // Repeated, because the window manager ignores a request while it is busy with the window. The
+    // focus as well: if the window could not take it yet, the manager may take it for given.
+    const QString window = QString::number(fixture->window().winId());
+    const QStringList activate = {"windowactivate", window, "windowfocus", window};
     QVERIFY(wait_until(
         [&] { return fixture->window().isActiveWindow() || (x11_input(activate), false); },
         max_wait));
