@@ -3,6 +3,7 @@
 #include "tests/robustness/resource_counts.h"
 #include "tests/robustness/soak.h"
 #include "tests/robustness/unit_snapshot.h"
+#include "tests/support/close_fixture.h"
 #include "tests/support/expect_box.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/sample_units.h"
@@ -77,12 +78,8 @@ void Test_Soak::init() {
 }
 
 void Test_Soak::cleanup() {
-    const bool done = fixture->robot.done();
-    const QByteArray why = fixture->robot.why();
     soak.reset();
-    fixture.reset();
-    QVERIFY2(done, why.constData());
-    QCOMPARE(windows_left(), QStringList());
+    close_fixture(fixture);
 }
 
 bool Test_Soak::wait_all_shown() const {

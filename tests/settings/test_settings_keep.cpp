@@ -3,6 +3,7 @@
 #include "pages/model_traits.h"
 #include "tests/settings/kept_rights.h"
 #include "tests/support/bare_window.h"
+#include "tests/support/close_fixture.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/settings_fixture.h"
 
@@ -95,13 +96,7 @@ void Test_Settings_Keep::init() {
     fixture->silence_switch();
 }
 
-void Test_Settings_Keep::cleanup() {
-    const bool robot_done = fixture->robot.done();
-    const QByteArray why = fixture->robot.why();
-    fixture.reset();
-    QVERIFY2(robot_done, why);
-    QCOMPARE(windows_left(), QStringList());
-}
+void Test_Settings_Keep::cleanup() { close_fixture(fixture); }
 
 bool Test_Settings_Keep::save_over(const QString& path) {
     fixture->expect_file_dialog("Save Settings File", choose_file(path));
@@ -339,6 +334,20 @@ void Test_Settings_Keep::what_failed_is_told_to_a_developer_only() {
     QCOMPARE(told(fixture->path("pipe"), over).count("is no regular file"), 1);
     QCOMPARE(told(fixture->path(QChar(0xD83D)), anew).count("no valid name of a file"), 1);
     QVERIFY(told("/nowhere/to/be/found.txt", anew).contains("nothing can be written beside"));
+    {
+        // Can be opened for appending, but not for overwriting, which reads it first.
+        QVERIFY(QDir(fixture->path("")).mkdir("closed"));
+        const QString path = fixture->write(old_text, "closed/unreadable.txt");
+        QCOMPARE(chmod(path.toUtf8(), 0200), 0);
+        QCOMPARE(chmod(fixture->path("closed").toUtf8(), 0555), 0);
+        {
+            const Plain_Rights plain;
+            QCOMPARE(told(path, over).count("did not open:"), 1);
+        }
+        QCOMPARE(chmod(fixture->path("closed").toUtf8(), 0755), 0);
+        QCOMPARE(chmod(path.toUtf8(), 0600), 0);
+        QCOMPARE(Settings_Fixture::read(path), old_text);
+    }
     {
         const Full_Disk full(100);
         const QString line = told(fixture->path(), over);

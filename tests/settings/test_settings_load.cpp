@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/close_fixture.h"
 #include "tests/support/layout_table.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/settings_fixture.h"
@@ -54,13 +55,7 @@ void Test_Settings_Load::init() {
     fixture->robot.clear_snapshots();
 }
 
-void Test_Settings_Load::cleanup() {
-    const bool robot_done = fixture->robot.done();
-    const QByteArray why = fixture->robot.why();
-    fixture.reset();
-    QVERIFY2(robot_done, why);
-    QCOMPARE(windows_left(), QStringList());
-}
+void Test_Settings_Load::cleanup() { close_fixture(fixture); }
 
 void Test_Settings_Load::the_dialog_selects_any_file() {
     QStringList filters;

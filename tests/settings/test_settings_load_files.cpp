@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/settings/settings_snapshot.h"
+#include "tests/support/close_fixture.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/settings_fixture.h"
 #include "tests/support/wait_until.h"
@@ -73,13 +74,7 @@ void Test_Settings_Load_Files::init() {
     QCOMPARE(audio_before.isEmpty(), !fixture->is_pro());
 }
 
-void Test_Settings_Load_Files::cleanup() {
-    const bool robot_done = fixture->robot.done();
-    const QByteArray why = fixture->robot.why();
-    fixture.reset();
-    QVERIFY2(robot_done, why);
-    QCOMPARE(windows_left(), QStringList());
-}
+void Test_Settings_Load_Files::cleanup() { close_fixture(fixture); }
 
 bool Test_Settings_Load_Files::load(const QString& path, int first_part_errors, int mode_errors) {
     return fixture->load_first_part(path, first_part_errors) &&

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/close_fixture.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/settings_fixture.h"
 #include "tests/support/virtual_time.h"
@@ -49,13 +50,7 @@ void Test_Settings_Load_Overlap::init() {
     fixture->silence_switch();
 }
 
-void Test_Settings_Load_Overlap::cleanup() {
-    const bool robot_done = fixture->robot.done();
-    const QByteArray why = fixture->robot.why();
-    fixture.reset();
-    QVERIFY2(robot_done, why);
-    QCOMPARE(windows_left(), QStringList());
-}
+void Test_Settings_Load_Overlap::cleanup() { close_fixture(fixture); }
 
 void Test_Settings_Load_Overlap::
     a_second_file_gets_the_first_ones_second_part_early_and_its_own_later() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/settings/settings_snapshot.h"
+#include "tests/support/close_fixture.h"
 #include "tests/support/settings_fixture.h"
 #include "tests/support/wait_until.h"
 
@@ -54,13 +55,7 @@ void Test_Settings_Load_Size::init() {
     fixture->silence_switch();
 }
 
-void Test_Settings_Load_Size::cleanup() {
-    const bool robot_done = fixture->robot.done();
-    const QByteArray why = fixture->robot.why();
-    fixture.reset();
-    QVERIFY2(robot_done, why);
-    QCOMPARE(windows_left(), QStringList());
-}
+void Test_Settings_Load_Size::cleanup() { close_fixture(fixture); }
 
 void Test_Settings_Load_Size::print_time(const char* part, const Processor_Time& since) const {
     qInfo("%s, %s: %lld ms", QTest::currentDataTag() ? QTest::currentDataTag() : "100 MB", part,

@@ -2,6 +2,7 @@
 
 #include "sim/switch_report.h"
 #include "tests/settings/settings_snapshot.h"
+#include "tests/support/close_fixture.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/settings_fixture.h"
 #include "tests/support/wait_until.h"
@@ -46,13 +47,7 @@ void Test_Settings_Losses::init() {
     QCOMPARE(custom_items(), unit_names);
 }
 
-void Test_Settings_Losses::cleanup() {
-    const bool robot_done = fixture->robot.done();
-    const QByteArray why = fixture->robot.why();
-    fixture.reset();
-    QVERIFY2(robot_done, why);
-    QCOMPARE(windows_left(), QStringList());
-}
+void Test_Settings_Losses::cleanup() { close_fixture(fixture); }
 
 QStringList Test_Settings_Losses::custom_items() const {
     QStringList items;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/close_fixture.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/sample_units.h"
 #include "tests/support/settings_fixture.h"
@@ -74,13 +75,7 @@ void Test_Settings_Save::init() {
     fixture = std::make_unique<Settings_Fixture>(model);
 }
 
-void Test_Settings_Save::cleanup() {
-    const bool robot_done = fixture->robot.done();
-    const QByteArray why = fixture->robot.why();
-    fixture.reset();
-    QVERIFY2(robot_done, why);
-    QCOMPARE(windows_left(), QStringList());
-}
+void Test_Settings_Save::cleanup() { close_fixture(fixture); }
 
 QByteArrayList Test_Settings_Save::saved_lines() {
     const QString path = fixture->path("lines.txt");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/event_log.h"
+#include "tests/support/close_fixture.h"
 #include "tests/support/log_folder.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/settings_fixture.h"
@@ -61,13 +62,7 @@ void Test_Settings_Save_Dialog::init() {
     fixture->robot.clear_snapshots();
 }
 
-void Test_Settings_Save_Dialog::cleanup() {
-    const bool robot_done = fixture->robot.done();
-    const QByteArray why = fixture->robot.why();
-    fixture.reset();
-    QVERIFY2(robot_done, why);
-    QCOMPARE(windows_left(), QStringList());
-}
+void Test_Settings_Save_Dialog::cleanup() { close_fixture(fixture); }
 
 void Test_Settings_Save_Dialog::the_dialog_begins_in_the_users_home_and_shows_text_files() {
     QString directory;

@@ -2,6 +2,8 @@
 
 #include "tests/support/network_test.h"
 
+#include "tests/support/close_fixture.h"
+
 void Network_Test::initTestCase_data() {
     QTest::addColumn<Switch_Model>("model");
     QTest::newRow("Plus") << Switch_Model::plus;
@@ -14,10 +16,6 @@ void Network_Test::init() {
 }
 
 void Network_Test::cleanup() {
-    const bool done = at->robot.done();
-    const QByteArray why = at->robot.why();
-    at.reset();
-    QVERIFY2(done, why.constData());
-    QCOMPARE(windows_left(), QStringList());
+    close_fixture(at);
     QCOMPARE(Network_Fixture::socket_count(), 0);
 }
