@@ -2,6 +2,7 @@
 
 #include "app/event_log.h"
 #include "tests/link/reply_bench.h"
+#include "tests/support/expect_box.h"
 #include "tests/support/log_folder.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/stated_wait.h"
@@ -86,12 +87,7 @@ void Test_Serial_Reports::fail_at(const QString& step) const {
 }
 
 void Test_Serial_Reports::expect_failure_box() {
-    robot->expect({.class_name = "QMessageBox",
-                   .title = "Information",
-                   .text = "Setting data from TQL error",
-                   .icon = QMessageBox::Warning,
-                   .buttons = QStringList{"OK"},
-                   .action = press_button("OK")});
+    expect_warning(*robot, "Setting data from TQL error");
 }
 
 void Test_Serial_Reports::the_report_is_read_1000_ms_after_its_first_chunk() {

@@ -2,6 +2,7 @@
 
 #include "tests/support/settings_fixture.h"
 
+#include "tests/support/expect_box.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/wait_until.h"
 
@@ -59,31 +60,15 @@ QByteArray Settings_Fixture::read(const QString& file_path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
 }
 
-void Settings_Fixture::expect_saved_box() {
-    robot.expect({.class_name = "QMessageBox",
-                  .title = "Information",
-                  .text = "File saved",
-                  .icon = QMessageBox::Information,
-                  .buttons = QStringList{"OK"}});
-}
+void Settings_Fixture::expect_saved_box() { expect_information(robot, "File saved"); }
 
 void Settings_Fixture::expect_error_boxes(int count) {
     for (int i = 0; i < count; ++i) {
-        robot.expect({.class_name = "QMessageBox",
-                      .title = "Information",
-                      .text = "Error in setting the interface",
-                      .icon = QMessageBox::Warning,
-                      .buttons = QStringList{"OK"}});
+        expect_warning(robot, "Error in setting the interface");
     }
 }
 
-void Settings_Fixture::expect_applied_box() {
-    robot.expect({.class_name = "QMessageBox",
-                  .title = "Information",
-                  .text = "Settings file applied",
-                  .icon = QMessageBox::Information,
-                  .buttons = QStringList{"OK"}});
-}
+void Settings_Fixture::expect_applied_box() { expect_information(robot, "Settings file applied"); }
 
 void Settings_Fixture::expect_file_dialog(const QString& title, const Modal_Action& action) {
     robot.expect({.class_name = "QFileDialog", .title = title, .action = action});

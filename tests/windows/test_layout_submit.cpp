@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/expect_box.h"
 #include "tests/support/layout_table.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
@@ -67,11 +68,7 @@ bool Test_Layout_Submit::open_with(const Positions& positions, int port_limit) {
 }
 
 void Test_Layout_Submit::expect_connected() {
-    robot->expect({.class_name = "QMessageBox",
-                   .title = "Information",
-                   .text = "Display topology has been updated",
-                   .icon = QMessageBox::Information,
-                   .buttons = QStringList{"OK"}});
+    expect_information(*robot, "Display topology has been updated");
 }
 
 void Test_Layout_Submit::silence() {
@@ -110,11 +107,7 @@ void Test_Layout_Submit::the_box_tells_whether_the_displays_touch() {
     if (connected) {
         expect_connected();
     } else {
-        robot->expect({.class_name = "QMessageBox",
-                       .title = "Information",
-                       .text = "Failed to update, connect all displays",
-                       .icon = QMessageBox::Warning,
-                       .buttons = QStringList{"OK"}});
+        expect_warning(*robot, "Failed to update, connect all displays");
     }
     QByteArray command = "//";
     for (int channel = 1; channel <= 4; ++channel) {

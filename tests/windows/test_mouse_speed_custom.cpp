@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/expect_box.h"
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/wait_until.h"
@@ -36,7 +37,6 @@ private:
     void choose_entry(int number);
     void type(const QString& name, const QString& x, const QString& y);
     void submit();
-    void expect_warning(const QString& text);
 
     std::unique_ptr<Modal_Robot> robot;
     std::unique_ptr<Lite_Fixture> lite;
@@ -80,14 +80,6 @@ void Test_Mouse_Speed_Custom::type(const QString& name, const QString& x, const 
 void Test_Mouse_Speed_Custom::submit() {
     QTest::mouseClick(&lite->button("pushButton_Submit_Custom_Mouse_Movement_Settings"),
                       Qt::LeftButton);
-}
-
-void Test_Mouse_Speed_Custom::expect_warning(const QString& text) {
-    robot->expect({.class_name = "QMessageBox",
-                   .title = "Information",
-                   .text = text,
-                   .icon = QMessageBox::Warning,
-                   .buttons = QStringList{"OK"}});
 }
 
 void Test_Mouse_Speed_Custom::an_entry_goes_out_with_two_c_and_a_blank_at_its_end() {
@@ -200,7 +192,7 @@ void Test_Mouse_Speed_Custom::the_first_failing_check_alone_is_told() {
     QFETCH(const QString, warning);
     choose_entry(2);
     type(name, x, y);
-    expect_warning(warning);
+    expect_warning(*robot, warning);
     submit();
     QVERIFY2(robot->done(), robot->why());
     QCOMPARE(lite->commands(), QByteArrayList());
@@ -242,7 +234,7 @@ void Test_Mouse_Speed_Custom::a_taken_name_is_refused() {
     QFETCH(const QString, name);
     choose_entry(number);
     type(name, "1", "1");
-    expect_warning("This custom name already exists");
+    expect_warning(*robot, "This custom name already exists");
     submit();
     QVERIFY2(robot->done(), robot->why());
     QCOMPARE(lite->commands(), QByteArrayList());
@@ -300,7 +292,7 @@ void Test_Mouse_Speed_Custom::the_switch_is_asked_for_everything_after_800_ms() 
 
 void Test_Mouse_Speed_Custom::a_refused_entry_starts_no_refresh() {
     type("BANK", "0", "1");
-    expect_warning("Mouse Speed Range is between 1-500");
+    expect_warning(*robot, "Mouse Speed Range is between 1-500");
     submit();
     QVERIFY(!wait_until([&] { return !lite->is_filled(); }, refresh_wait + 400));
     QCOMPARE(lite->commands(), QByteArrayList());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "sim/switch_report.h"
+#include "tests/support/expect_box.h"
 #include "tests/support/lite_fixture.h"
 #include "tests/support/modal_robot.h"
 #include "tests/support/sample_units.h"
@@ -89,14 +90,7 @@ void Test_Report_Failures::be_silent() {
     lite->device.set_faults(plan);
 }
 
-void Test_Report_Failures::expect_box() {
-    robot->expect({.class_name = "QMessageBox",
-                   .title = "Information",
-                   .text = "Setting data from TQL error",
-                   .icon = QMessageBox::Warning,
-                   .buttons = QStringList{"OK"},
-                   .action = press_button("OK")});
-}
+void Test_Report_Failures::expect_box() { expect_warning(*robot, "Setting data from TQL error"); }
 
 void Test_Report_Failures::send_and_see_the_box(const QByteArray& text) {
     expect_box();
