@@ -29,7 +29,8 @@ public:
     /// Makes a new socket object and connects it to a port of an adapter. It counts once
     /// wait_for_socket() has found it connected.
     void connect_socket(const QHostAddress& address, quint16 port);
-    /// Waits at most this long for the connection.
+    /// Waits at most this long for the connection. @return whether the socket is connected, and so
+    /// counts as open.
     [[nodiscard]] bool wait_for_socket(int milliseconds);
     /// Replace the port, or the socket, by this one. It counts if it is open.
     void use_port(std::unique_ptr<QSerialPort> port);
