@@ -29,11 +29,12 @@ bool Desktop::is_ready() const {
 
 QString Desktop::find_window(const QString& title) const {
     QString window;
-    (void)run_tool({"search", "--sync", "--onlyvisible", "--name", exactly(title)}, &window);
-    // The window manager manages a window a little after it becomes visible.
+    // The search itself fails if another window disappears meanwhile. The window manager manages a
+    // window a little after it becomes visible.
     const bool managed = wait_until(
         [&] {
-            return run_tool({"get_desktop_for_window", window});
+            return run_tool({"search", "--onlyvisible", "--name", exactly(title)}, &window) &&
+                   run_tool({"get_desktop_for_window", window});
         },
         max_wait);
     return managed ? window : QString();
@@ -73,12 +74,17 @@ bool Desktop::click(const QString& window, const QPoint& place) const {
 
 bool Desktop::press(const QString& window, const QString& keys) const {
     // Repeated, because the window manager ignores a request while it is still mapping the window.
+    QString active;
     const auto becomes_active = [&] {
-        QString active;
         return run_tool({"windowactivate", window}) && run_tool({"getactivewindow"}, &active) &&
                active == window;
     };
-    return wait_until(becomes_active, max_wait) && run_tool({"key", keys});
+    if (!wait_until(becomes_active, max_wait)) {
+        qWarning("window \"%s\" did not become active, but \"%s\" is", qPrintable(window),
+                 qPrintable(active));
+        return false;
+    }
+    return run_tool({"key", keys});
 }
 
 bool Desktop::run_tool(const QStringList& arguments, QString* output) const {

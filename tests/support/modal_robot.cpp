@@ -98,6 +98,11 @@ void Modal_Robot::look() {
     if (modal == nullptr || !modal->isVisible() || modal == awaiting_action) {
         return;
     }
+    // A window manager may activate it some time after it is shown. If it were hidden before that,
+    // Qt would take the hidden widget for the active one.
+    if (QGuiApplication::platformName() == "xcb" && !modal->isActiveWindow()) {
+        return;
+    }
     known.removeAll(nullptr);
     if (known.contains(modal)) {
         meet_again(*modal);
