@@ -324,10 +324,14 @@ void Test_Start_Up::disabled_captions_can_be_read_on_the_buttons_grey() {
     set_light_palette();
     const QColor button_grey(189, 189, 189);
     const QPalette palette = QApplication::palette();
-    QVERIFY(contrast(palette.color(QPalette::Disabled, QPalette::ButtonText), button_grey) >= 3);
-    // A disabled caption still differs from an enabled one.
-    QVERIFY(palette.color(QPalette::Disabled, QPalette::ButtonText) !=
-            palette.color(QPalette::Active, QPalette::ButtonText));
+    // Differs from the black of an enabled caption as well.
+    const QColor caption_grey(90, 90, 90);
+    QVERIFY(contrast(caption_grey, button_grey) >= 3);
+    for (const QPalette::ColorRole role :
+         {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        QCOMPARE(palette.color(QPalette::Disabled, role), caption_grey);
+        QCOMPARE(palette.color(QPalette::Active, role), QColor(Qt::black));
+    }
 }
 
 void Test_Start_Up::the_text_font_stays_when_a_theme_sets_another() {
