@@ -7,8 +7,6 @@
 #include <QPushButton>
 #include <QTableWidget>
 
-#include <array>
-
 namespace {
 
 /// The name of a control.
@@ -78,23 +76,22 @@ constexpr Control_Name control_names[] = {
     {"Change_setting_for_USR_Dialog", "lineEdit_Password", "label_4", nullptr},
 };
 
-/// The initial state of a dialog.
+/// The initial state of a dialog that needs another one than Qt's, which is the first control in
+/// the order of Tab, and the first button for Enter.
 struct Dialog_Start {
     const char* form;
     /// The button that Enter presses; nullptr if the only button changes a device.
     const char* button;
-    /// The first of these that is enabled gets the focus.
-    std::array<const char*, 2> focus;
+    /// Gets the focus if it is enabled; nullptr for Qt's choice.
+    const char* focus;
 };
 
 constexpr Dialog_Start dialog_starts[] = {
-    {"Select_KM_type_Dialog", "pushButton_Continue", {"radioButton_PRO"}},
-    {"Select_connection_method_Dialog", "pushButton_continue", {"radioButton_TCP_IP"}},
-    {"Select_hardware_Dialog", "pushButton_Continue", {"comboBox"}},
-    {"Credentials_Dialog", "pushButton_ip_allocation", {"lineEdit_username"}},
-    {"IP_Settings_Dialog", "pushButton_Connect", {"lineEdit_IPv4_Address", "radioButton_DHCP"}},
-    {"Change_setting_for_USR_Dialog", nullptr, {"lineEdit_Name"}},
-    {"Yes_No_Dialog", "pushButton_Cancel", {"pushButton_Cancel"}},
+    {"Select_KM_type_Dialog", "pushButton_Continue", "radioButton_PRO"},
+    {"Select_hardware_Dialog", "pushButton_Continue", nullptr},
+    {"IP_Settings_Dialog", "pushButton_Connect", "lineEdit_IPv4_Address"},
+    {"Change_setting_for_USR_Dialog", nullptr, nullptr},
+    {"Yes_No_Dialog", "pushButton_Cancel", nullptr},
 };
 
 /// "USB Control:  " is read as "USB Control".
@@ -135,13 +132,10 @@ void choose_enter_button(const QWidget& dialog, const char* name) {
     }
 }
 
-void choose_first_focus(const QWidget& dialog, const std::array<const char*, 2>& names) {
-    for (const char* name : names) {
-        auto* control = name != nullptr ? dialog.findChild<QWidget*>(name) : nullptr;
-        if (control != nullptr && control->isEnabled()) {
-            control->setFocus();
-            return;
-        }
+void choose_first_focus(const QWidget& dialog, const char* name) {
+    auto* control = name != nullptr ? dialog.findChild<QWidget*>(name) : nullptr;
+    if (control != nullptr && control->isEnabled()) {
+        control->setFocus();
     }
 }
 
