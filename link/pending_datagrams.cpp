@@ -4,10 +4,12 @@
 
 #include <QUdpSocket>
 
+#include <limits>
+
 namespace {
 
-/// The maximum length of an IPv4 datagram.
-constexpr qsizetype max_datagram_size = 65'535;
+/// IPv4 and UDP state a datagram's length in 16 bits.
+constexpr qsizetype max_datagram_size = std::numeric_limits<quint16>::max();
 
 /// The default of Linux for a socket is some 200 KB.
 constexpr qsizetype max_bytes = 16'777'216;
