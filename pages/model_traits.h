@@ -3,7 +3,6 @@
 #pragma once
 
 #include "link/session_traits.h"
-#include "settings/setting_index.h"
 
 /// Where the mouse mode command and the settings file take the mode from.
 enum class Mouse_Mode_Source {
@@ -28,8 +27,6 @@ struct Model_Traits {
     /// The timer of a load's second part also starts when the file dialog was cancelled. Without a
     /// file it does nothing; if a file is chosen meanwhile, the second part runs too early.
     bool arms_second_part_after_cancel;
-    /// The last line, by its index, whose value is also sent to the switch during a load.
-    Setting_Index highest_sent_setting;
 };
 
 inline constexpr Model_Traits lite_model{
@@ -39,14 +36,12 @@ inline constexpr Model_Traits lite_model{
             .controls_fall_with_device = false,
             .reports_failed_closing = false,
             .clears_terminal_on_port_open = false,
-            .network_notice_order = Notice_Order::layout_first,
         },
     .mouse_mode_source = Mouse_Mode_Source::km_control,
     .disarms_drag_after_read_back = true,
     .logs_coordinate_lookup = true,
     .forgives_bad_grid_position = false,
     .arms_second_part_after_cancel = false,
-    .highest_sent_setting = Setting_Index::audio_state,
 };
 
 inline constexpr Model_Traits plus_model{
@@ -63,7 +58,6 @@ inline constexpr Model_Traits plus_model{
     .logs_coordinate_lookup = false,
     .forgives_bad_grid_position = true,
     .arms_second_part_after_cancel = true,
-    .highest_sent_setting = Setting_Index::audio_state,
 };
 
 inline constexpr Model_Traits pro_model{
@@ -80,5 +74,4 @@ inline constexpr Model_Traits pro_model{
     .logs_coordinate_lookup = false,
     .forgives_bad_grid_position = false,
     .arms_second_part_after_cancel = true,
-    .highest_sent_setting = Setting_Index::audio_command,
 };

@@ -13,10 +13,15 @@
 #include "pages/model_traits.h"
 #include "pages/mouse_speed_page.h"
 #include "pages/setting_values.h"
+#include "settings/setting_index.h"
 
 #include <QTimer>
 
 namespace {
+
+/// The last line whose value is also sent to the switch during a load. What comes behind it, the
+/// audio state and the labels, is no command.
+constexpr Setting_Index highest_sent_setting = Setting_Index::audio_command;
 
 /// The number of a line in its group of four, counting from 1.
 int number_in_group(Setting_Index index, Setting_Index first) {
@@ -129,7 +134,7 @@ void Settings_Import_Export::apply_lines(std::span<const Line_To_Load> lines) {
 
 void Settings_Import_Export::apply_and_send_setting(Setting_Index index, const std::string& value) {
     apply_setting_line(index, value);
-    if (index <= model.highest_sent_setting) {
+    if (index <= highest_sent_setting) {
         session.writer.writeCommand(std::string(value));
     }
 }
