@@ -29,5 +29,6 @@ void keep_start_quiet();
 ///
 /// @param construction_failure takes an exception that left the making of the window. The caller
 ///        throws it on once the application object is gone as well; no event loop runs then.
-/// @return the exit status of the event loop; 0 at once if no model was chosen.
+/// @return the exit status of the event loop; 0 at once if no model was chosen, 1 if the window
+///         could not be made.
 int run_tool(const Window_Factory& make_window, std::exception_ptr& construction_failure);

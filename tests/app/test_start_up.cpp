@@ -267,13 +267,14 @@ void Test_Start_Up::a_factory_that_throws_hands_over_its_exception() {
     Modal_Robot robot;
     robot.expect(choose_model("radioButton_PLUS"));
     std::exception_ptr failure;
-    run_tool(
+    const int status = run_tool(
         [](const std::string&) -> std::unique_ptr<QMainWindow> {
             throw std::out_of_range("no such adapter");
         },
         failure);
     QVERIFY2(robot.done(), robot.why());
     QVERIFY(failure);
+    QCOMPARE(status, 1);
     try {
         std::rethrow_exception(failure);
     } catch (const std::out_of_range& handed_over) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/bare_window.h"
+#include "tests/support/model_fixture.h"
 #include "windows/halvern_velmoran_lite.h"
 #include "windows/halvern_velmoran_plus.h"
 #include "windows/halvern_velmoran_pro.h"
@@ -12,7 +13,8 @@
 #include <algorithm>
 
 /// Compares the slots of each main window with slots.txt: forms and timers find them by name only,
-/// so a missing slot would not be noticed before its button is pressed.
+/// so a missing slot would not be noticed before its button is pressed. Calls the methods of
+/// sending.
 class Test_Model_Slots : public QObject {
     Q_OBJECT
 
@@ -20,7 +22,8 @@ private slots:
     void initTestCase();
     void each_window_has_exactly_its_slots_data();
     void each_window_has_exactly_its_slots();
-    void plus_and_pro_have_as_methods_what_are_slots_of_the_lite();
+    void every_window_sends_by_each_of_its_methods_data() { add_model_rows(); }
+    void every_window_sends_by_each_of_its_methods();
     void the_window_of_tests_has_no_name_of_its_own();
 
 private:
@@ -47,6 +50,19 @@ QByteArrayList slots_of(const QMetaObject& window) {
         }
     }
     return sorted(names);
+}
+
+/// Slots of the Lite, plain methods of the others.
+template <class Window>
+void send_by_each_method(QMainWindow& main_window) {
+    auto& window = dynamic_cast<Window&>(main_window);
+    std::string command = "//c2";
+    window.writeCommand(command);
+    window.writeCommand(std::string("//u3"));
+    window.writeData("//R\r");
+    window.send_initial_command();
+    window.send_information_command();
+    window.send_current_layout_command();
 }
 
 } // namespace
@@ -87,20 +103,26 @@ void Test_Model_Slots::each_window_has_exactly_its_slots() {
     QCOMPARE(window->superClass(), &QMainWindow::staticMetaObject);
 }
 
-template <class Window>
-concept Sends_Commands = requires(Window& window, std::string& command) {
-    window.writeCommand(command);
-    window.writeCommand(std::string());
-    window.writeData(QByteArray());
-    window.send_initial_command();
-    window.send_information_command();
-    window.send_current_layout_command();
-};
-
-void Test_Model_Slots::plus_and_pro_have_as_methods_what_are_slots_of_the_lite() {
-    QVERIFY(Sends_Commands<Halvern_Velmoran_LITE>);
-    QVERIFY(Sends_Commands<Halvern_Velmoran_PLUS>);
-    QVERIFY(Sends_Commands<Halvern_Velmoran_PRO>);
+void Test_Model_Slots::every_window_sends_by_each_of_its_methods() {
+    QFETCH(Switch_Model, model);
+    Modal_Robot robot;
+    const std::unique_ptr<Window_Fixture> fixture = make_model_fixture(model, robot);
+    QVERIFY(fixture->open_filled());
+    switch (model) {
+    case Switch_Model::lite:
+        send_by_each_method<Halvern_Velmoran_LITE>(fixture->window());
+        break;
+    case Switch_Model::plus:
+        send_by_each_method<Halvern_Velmoran_PLUS>(fixture->window());
+        break;
+    case Switch_Model::pro:
+        send_by_each_method<Halvern_Velmoran_PRO>(fixture->window());
+        break;
+    }
+    const QByteArrayList expected{"//c2", "//u3", "//R", "//rl", "//??", "//BP"};
+    QCOMPARE(fixture->commands(), expected);
+    fixture->close();
+    QVERIFY2(robot.done(), robot.why());
 }
 
 void Test_Model_Slots::the_window_of_tests_has_no_name_of_its_own() {
@@ -112,6 +134,6 @@ void Test_Model_Slots::the_window_of_tests_has_no_name_of_its_own() {
     }
 }
 
-QTEST_APPLESS_MAIN(Test_Model_Slots)
+QTEST_MAIN(Test_Model_Slots)
 
 #include "test_model_slots.moc"
