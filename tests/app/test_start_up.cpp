@@ -318,7 +318,8 @@ void Test_Start_Up::a_dark_theme_gives_way_to_the_light_palette() {
         QVERIFY(contrast(palette.color(group, QPalette::ButtonText),
                          palette.color(group, QPalette::Button)) > 7);
     }
-    QVERIFY(palette.color(QPalette::Window).lightness() > 200);
+    QCOMPARE(palette.color(QPalette::Window), QColor(239, 239, 239));
+    QCOMPARE(palette.color(QPalette::Base), QColor(Qt::white));
 }
 
 void Test_Start_Up::disabled_captions_can_be_read_on_the_buttons_grey() {
