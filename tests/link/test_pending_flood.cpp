@@ -36,6 +36,7 @@ void Test_Pending_Flood::a_flood_of_datagrams_ends_data() {
     QTest::newRow("small ones") << qint64(36) << 10'000;
     // 16 MiB, and the datagram that exceeds it.
     QTest::newRow("the longest") << qint64(65'507) << 257;
+    QTest::newRow("16 MiB to the byte") << qint64(16'384) << 1025;
 }
 
 void Test_Pending_Flood::a_flood_of_datagrams_ends() {
