@@ -76,8 +76,8 @@ constexpr Control_Name control_names[] = {
     {"Change_setting_for_USR_Dialog", "lineEdit_Password", "label_4", nullptr},
 };
 
-/// The initial state of a dialog that needs another one than Qt's, which is the first control in
-/// the order of Tab, and the first button for Enter.
+/// How a dialog starts if Qt's own choice does not fit. Qt gives the focus to the first control in
+/// the tab order, and Enter presses the first button.
 struct Dialog_Start {
     const char* form;
     /// The button that Enter presses; nullptr if the only button changes a device.

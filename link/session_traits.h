@@ -15,6 +15,6 @@ struct Session_Traits {
     bool reports_failed_closing;
     /// Opening a serial port clears the terminal first.
     bool clears_terminal_on_port_open;
-    /// Of no meaning to a model without a network link.
+    /// A model without a network link does not use it.
     Notice_Order network_notice_order = Notice_Order::layout_first;
 };

@@ -13,8 +13,8 @@
 #include <algorithm>
 
 /// Compares the slots of each main window with slots.txt: forms and timers find them by name only,
-/// so a missing slot would not be noticed before its button is pressed. Calls the methods of
-/// sending.
+/// so a missing slot would not be noticed before its button is pressed. Also calls the methods that
+/// send.
 class Test_Model_Slots : public QObject {
     Q_OBJECT
 
@@ -58,6 +58,8 @@ void send_by_each_method(QMainWindow& main_window) {
     auto& window = dynamic_cast<Window&>(main_window);
     std::string command = "//c2";
     window.writeCommand(command);
+    // The carriage return is appended to the caller's own text.
+    QCOMPARE(command, std::string("//c2\r"));
     window.writeCommand(std::string("//u3"));
     window.writeData("//R\r");
     window.send_initial_command();
