@@ -32,8 +32,6 @@ private slots:
     void storing_again_replaces_what_was_stored();
 };
 
-Q_DECLARE_METATYPE(Modal_Action)
-
 namespace {
 
 QRadioButton& radio(const Select_KM_type_Dialog& dialog, const char* name) {

@@ -26,8 +26,6 @@ private slots:
     void the_last_answer_counts();
 };
 
-Q_DECLARE_METATYPE(Modal_Action)
-
 void Test_Yes_No_Dialog::cleanup() { QCOMPARE(windows_left(), QStringList()); }
 
 void Test_Yes_No_Dialog::it_has_its_fixed_look() {

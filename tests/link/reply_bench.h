@@ -11,6 +11,9 @@
 #include <QList>
 #include <QObject>
 
+/// What the unit answers to a new layout.
+inline const QByteArray layout_saved = "Saving horizontal dimension as 4\n";
+
 /// The slots that a reply dispatcher's timers call, in place of a window's. Each call is recorded
 /// as the time since this object was created, in milliseconds.
 class Timed_Slots : public QObject {

@@ -55,7 +55,6 @@ Q_DECLARE_METATYPE(Notice_Order)
 
 namespace {
 
-const QByteArray saved = "Saving horizontal dimension as 4\n";
 const QByteArray report = "KM Port Limit: 2\n//FF01B01\nBuzzer: on\n";
 
 /// The records of the steps after the report: the notices and the audio.
@@ -189,7 +188,7 @@ void Test_Network_Replies::an_applied_report_empties_the_buffer_and_a_notice_doe
 void Test_Network_Replies::no_timer_takes_part() {
     bench->line.writer.send_start_commands();
     take(report);
-    take(saved);
+    take(layout_saved);
     take(report);
     QVERIFY(!wait_until(
         [&] {
@@ -285,7 +284,7 @@ void Test_Network_Replies::the_layout_is_asked_for_at_its_place_in_the_order() {
             records_before_question.append(record);
         }
     };
-    take(saved);
+    take(layout_saved);
     QCOMPARE(notice_words(records_before_question), before);
     QCOMPARE(notice_words(records()).size(), 4);
     QCOMPARE(bench->line.received(), "//BP\r");
@@ -293,7 +292,7 @@ void Test_Network_Replies::the_layout_is_asked_for_at_its_place_in_the_order() {
 
 void Test_Network_Replies::a_saved_layout_asks_for_the_layout_and_the_next_chunk_is_it() {
     state().received_buff = "left over";
-    take(saved);
+    take(layout_saved);
     QVERIFY(state().layout_saved_pending);
     QVERIFY(state().layout_report_pending);
     QCOMPARE(state().received_buff, "");
@@ -311,8 +310,8 @@ void Test_Network_Replies::a_saved_layout_asks_for_the_layout_and_the_next_chunk
 }
 
 void Test_Network_Replies::a_saved_layout_beside_a_notice_keeps_the_notice() {
-    take(saved + "**C 2\n");
-    QCOMPARE(bench->view.texts_of("km"), QStringList{QString(saved) + "**C 2\n"});
+    take(layout_saved + "**C 2\n");
+    QCOMPARE(bench->view.texts_of("km"), QStringList{QString(layout_saved) + "**C 2\n"});
 }
 
 void Test_Network_Replies::a_saved_layout_is_not_seen_across_two_chunks() {

@@ -54,12 +54,6 @@ private:
     std::unique_ptr<Modal_Robot> robot;
 };
 
-namespace {
-
-const QByteArray saved = "Saving horizontal dimension as 4\n";
-
-} // namespace
-
 void Test_Serial_Chunks::init() {
     robot = std::make_unique<Modal_Robot>();
     bench = std::make_unique<Reply_Bench>();
@@ -281,13 +275,13 @@ void Test_Serial_Chunks::without_a_notice_the_buffer_stays() {
 void Test_Serial_Chunks::a_saved_layout_asks_for_the_layout_with_an_empty_buffer() {
     take("older text\n");
     records().clear();
-    take(saved);
+    take(layout_saved);
     QCOMPARE(state().received_buff, "");
     QVERIFY(state().layout_report_pending);
     // Handled in the same run: the timer is running.
     QVERIFY(!state().layout_saved_pending);
     QCOMPARE(bench->line.received(), "//BP\r");
-    const QStringList expected{"both:", "km:", "usb:", "show:" + QString(saved), "audio:"};
+    const QStringList expected{"both:", "km:", "usb:", "show:" + QString(layout_saved), "audio:"};
     QCOMPARE(records(), expected);
     take("//FF01B01\n");
     QCOMPARE(state().received_buff, "//FF01B01\n");
@@ -303,9 +297,9 @@ void Test_Serial_Chunks::a_saved_layout_is_seen_across_two_chunks() {
 
 void Test_Serial_Chunks::a_saved_layout_beside_a_notice_loses_the_notice() {
     answer_notices();
-    take("**C 2\n" + saved + "**C 3\n");
+    take("**C 2\n" + layout_saved + "**C 3\n");
     QCOMPARE(bench->view.texts_of("km"), QStringList{""});
-    QCOMPARE(bench->view.texts_of("show"), QStringList{"**C 2\n" + saved + "**C 3\n"});
+    QCOMPARE(bench->view.texts_of("show"), QStringList{"**C 2\n" + layout_saved + "**C 3\n"});
     QVERIFY(!state().buff_clear_pending);
     QCOMPARE(bench->line.received(), "//BP\r");
 }
@@ -315,7 +309,7 @@ void Test_Serial_Chunks::a_saved_layout_takes_the_wish_to_empty_the_buffer_down(
     state().report_in_progress = true;
     take("**C 2\n");
     QVERIFY(state().buff_clear_pending);
-    take(saved);
+    take(layout_saved);
     QVERIFY(!state().buff_clear_pending);
     state().report_in_progress = false;
     take("//FF01B01\n");
@@ -324,7 +318,7 @@ void Test_Serial_Chunks::a_saved_layout_takes_the_wish_to_empty_the_buffer_down(
 
 void Test_Serial_Chunks::a_saved_layout_raises_its_flags_although_writing_is_disabled() {
     state().write_enabled = false;
-    take(saved);
+    take(layout_saved);
     QCOMPARE(bench->line.received(), "");
     QVERIFY(state().layout_report_pending);
     QCOMPARE(state().received_buff, "");

@@ -59,7 +59,6 @@ private:
 
 namespace {
 
-const QByteArray saved = "Saving horizontal dimension as 4\n";
 constexpr int max_wait = 20'000;
 
 } // namespace
@@ -120,7 +119,7 @@ void Test_Serial_Reports::without_a_question_no_chunk_starts_the_wait() {
 
 void Test_Serial_Reports::the_layout_is_read_1000_ms_after_its_confirmation() {
     const qint64 confirmation = bench->window.clock.elapsed();
-    bench->replies.take_serial_chunk(saved);
+    bench->replies.take_serial_chunk(layout_saved);
     bench->replies.take_serial_chunk("//FF01B01\n");
     QVERIFY(wait_until([&] { return !bench->window.layout_calls.isEmpty(); }, max_wait));
     const milliseconds waited(bench->window.layout_calls.first() - confirmation);
@@ -131,7 +130,7 @@ void Test_Serial_Reports::the_layout_is_read_1000_ms_after_its_confirmation() {
 
 void Test_Serial_Reports::both_waits_can_run_at_once() {
     state().info_report_pending = true;
-    bench->replies.take_serial_chunk(saved);
+    bench->replies.take_serial_chunk(layout_saved);
     QVERIFY(wait_until(
         [&] {
             return bench->window.report_calls.size() == 1 && bench->window.layout_calls.size() == 1;

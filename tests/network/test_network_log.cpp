@@ -24,7 +24,6 @@ private slots:
 namespace {
 
 const QByteArray two_lines = "Start.........\nStop.........\n";
-const char* const failure = "Setting data from TQL error";
 
 } // namespace
 
@@ -62,7 +61,7 @@ void Test_Network_Log::a_failure_stands_between_the_two_lines_and_is_there_at_on
     QStringList while_the_box_stands;
     at->robot.expect({.class_name = "QMessageBox",
                       .title = "Information",
-                      .text = failure,
+                      .text = report_failure,
                       .icon = QMessageBox::Warning,
                       .action = in_order({[&](QWidget&) {
                                               while_the_box_stands = folder.entries();
@@ -71,7 +70,7 @@ void Test_Network_Log::a_failure_stands_between_the_two_lines_and_is_there_at_on
                                           press_button("OK")})});
     at->adapter.send_from_switch(at->report().first(at->report().indexOf("C1\t")));
     QVERIFY(wait_until([&] { return at->robot.done(); }));
-    QCOMPARE(while_the_box_stands, QStringList(failure));
+    QCOMPARE(while_the_box_stands, QStringList(report_failure));
     at->close();
     const QRegularExpression form(
         R"(\AStart\.{9}\nSetting data from TQL error   \d{4}-\d\d-\d\d \d\d:\d\d:\d\d\nStop\.{9}\n\z)");
@@ -110,7 +109,7 @@ void Test_Network_Log::a_second_run_empties_the_log_of_the_first() {
 void Test_Network_Log::without_the_folder_no_file_appears() {
     const Log_Folder folder(Log_Folder::Folder::missing);
     QVERIFY(at->open_silent());
-    expect_warning(at->robot, failure);
+    expect_warning(at->robot, report_failure);
     at->adapter.send_from_switch(at->report().first(at->report().indexOf("C1\t")));
     QVERIFY(wait_until([&] { return at->robot.done(); }));
     at->close();

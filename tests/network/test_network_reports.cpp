@@ -57,12 +57,6 @@ private:
     }
 };
 
-namespace {
-
-const char* const failure = "Setting data from TQL error";
-
-} // namespace
-
 void Test_Network_Reports::a_report_in_one_chunk_is_applied_at_once() {
     QVERIFY(at->open_silent());
     at->unit.set_state(used_unit());
@@ -92,7 +86,7 @@ void Test_Network_Reports::a_split_report_is_an_error_and_its_rest_is_only_shown
     at->unit.set_state(used_unit());
     const QByteArray report = at->report();
     const qsizetype cut = report.indexOf("C1\t");
-    expect_warning(at->robot, failure);
+    expect_warning(at->robot, report_failure);
     at->adapter.send_from_switch(report.first(cut));
     QVERIFY(wait_until([&] { return at->robot.done(); }));
     QVERIFY(at->is_connected());
@@ -109,13 +103,13 @@ void Test_Network_Reports::what_comes_in_while_a_box_stands_is_shown_and_not_the
     const QByteArray report = at->report();
     const qsizetype cut = report.indexOf("C1\t");
     const QString whole = QString::fromUtf8(report);
-    at->robot.expect({.class_name = "QMessageBox", .text = failure, .action = [&](QWidget& box) {
-                          at->adapter.send_from_switch(report.sliced(cut));
-                          const bool heard =
-                              wait_until([&] { return at->terminal_text() == whole; }, 2000);
-                          const QString trouble = press_button("OK")(box);
-                          return heard ? trouble : "not heard beside the box";
-                      }});
+    at->robot.expect(
+        {.class_name = "QMessageBox", .text = report_failure, .action = [&](QWidget& box) {
+             at->adapter.send_from_switch(report.sliced(cut));
+             const bool heard = wait_until([&] { return at->terminal_text() == whole; }, 2000);
+             const QString trouble = press_button("OK")(box);
+             return heard ? trouble : "not heard beside the box";
+         }});
     at->adapter.send_from_switch(report.first(cut));
     QVERIFY2(wait_until([&] { return at->robot.done(); }), at->robot.why());
     QCOMPARE(at->terminal_text(), whole);
@@ -177,7 +171,7 @@ void Test_Network_Reports::a_refusal_hides_no_report_behind_it() {
 
 void Test_Network_Reports::an_adapter_that_splits_is_healed_by_a_refresh_in_one_piece() {
     QVERIFY(at->open_silent());
-    expect_warning(at->robot, failure);
+    expect_warning(at->robot, report_failure);
     at->adapter.send_from_switch(at->report().first(at->report().indexOf("C1\t")));
     QVERIFY(wait_until([&] { return at->robot.done(); }));
     at->wake_switch();

@@ -3,6 +3,7 @@
 #include "sim/adapter_options.h"
 #include "tests/robustness/adapter_faults.h"
 #include "tests/robustness/unit_snapshot.h"
+#include "tests/support/all_reports.h"
 #include "tests/support/network_test.h"
 #include "tests/support/sample_units.h"
 #include "tests/support/wait_until.h"
@@ -96,7 +97,7 @@ void Test_Adapter_Faults::what_the_user_meets_on_the_path() {
 
     Network_Fixture at(model);
     at.unit.set_state(used_unit());
-    const QByteArray unit_before = full_report(at.unit);
+    const QByteArray unit_before = all_reports(at.unit.state());
     set_up_as_described(at, fault);
     const QStringList adapter_before = texts(at.adapter.unit().state());
 
@@ -126,7 +127,7 @@ void Test_Adapter_Faults::what_the_user_meets_on_the_path() {
     QCOMPARE(at.network.frames_of("04"), QByteArrayList());
     QCOMPARE(texts(at.adapter.unit().state()), adapter_before);
     QCOMPARE(at.taken, at.start_commands());
-    QCOMPARE(full_report(at.unit), unit_before);
+    QCOMPARE(all_reports(at.unit.state()), unit_before);
     QVERIFY2(at.robot.done(), at.robot.why());
 }
 

@@ -2,6 +2,7 @@
 
 #include "sim/switch_behind_adapter.h"
 #include "tests/robustness/switch_faults.h"
+#include "tests/support/all_reports.h"
 #include "tests/support/expect_box.h"
 #include "tests/support/network_test.h"
 #include "tests/support/sample_units.h"
@@ -63,7 +64,7 @@ void Test_Network_Faults::what_the_user_sees_of_a_fault() {
 
     Network_Fixture at(model);
     at.unit.set_state(used_unit());
-    const QByteArray before = full_report(at.unit);
+    const QByteArray before = all_reports(at.unit.state());
     const QByteArray report = at.report();
     Switch_Behind_Adapter place(at.adapter, at.unit);
     place.set_faults(plan);
@@ -91,7 +92,7 @@ void Test_Network_Faults::what_the_user_sees_of_a_fault() {
 
     // Only questions were sent, and the unit is unchanged.
     QCOMPARE(at.taken, at.start_commands());
-    QCOMPARE(full_report(at.unit), before);
+    QCOMPARE(all_reports(at.unit.state()), before);
 
     // The window has lost nothing either: without the fault it shows all of the unit.
     place.set_faults({});
@@ -102,7 +103,7 @@ void Test_Network_Faults::what_the_user_sees_of_a_fault() {
     QCOMPARE(link_status(at), QString("connected"));
     QCOMPARE(differences(look_at_unit(at), wanted_after_refresh(snapshot, of_unit)), QString());
     QCOMPARE(at.taken, at.start_commands());
-    QCOMPARE(full_report(at.unit), before);
+    QCOMPARE(all_reports(at.unit.state()), before);
     QVERIFY2(at.robot.done(), at.robot.why());
 }
 

@@ -2,6 +2,7 @@
 
 #include "sim/port_list.h"
 #include "tests/robustness/switch_faults.h"
+#include "tests/support/all_reports.h"
 #include "tests/support/expect_box.h"
 #include "tests/support/model_fixture.h"
 #include "tests/support/sample_units.h"
@@ -90,7 +91,7 @@ void Test_Serial_Faults::what_the_user_sees_of_a_fault() {
     connect(&at->device, &Simulated_Switch::sent, this, &Test_Serial_Faults::note_sent);
     at->device.unit().set_state(used_unit());
     at->device.set_faults(plan);
-    const QByteArray before = full_report(at->device.unit());
+    const QByteArray before = all_reports(at->device.unit().state());
 
     at->open();
     const Unit_Snapshot at_start = look_at_unit(*at);
@@ -114,7 +115,7 @@ void Test_Serial_Faults::what_the_user_sees_of_a_fault() {
     for (const QByteArray& command : at->device.received_commands()) {
         QVERIFY2(questions(model).contains(command), command.constData());
     }
-    QCOMPARE(full_report(at->device.unit()), before);
+    QCOMPARE(all_reports(at->device.unit().state()), before);
 
     // The window has lost nothing either: without the fault it shows all of the unit.
     if (!at->device.is_on_line()) {
@@ -131,7 +132,7 @@ void Test_Serial_Faults::what_the_user_sees_of_a_fault() {
     QCOMPARE(link_status(*at), QString("connected"));
     QCOMPARE(differences(look_at_unit(*at), wanted_after_refresh(snapshot, of_unit)), QString());
     QCOMPARE(at->device.received_commands(), questions(model));
-    QCOMPARE(full_report(at->device.unit()), before);
+    QCOMPARE(all_reports(at->device.unit().state()), before);
 }
 
 QTEST_MAIN(Test_Serial_Faults)

@@ -2,8 +2,6 @@
 
 #include "tests/robustness/unit_snapshot.h"
 
-#include "sim/switch_report.h"
-
 #include <QCheckBox>
 #include <QStringList>
 
@@ -156,10 +154,4 @@ QString link_status(const Window_Fixture& at) {
     }
     const QString status = green ? "connected" : "not connected";
     return odd.isEmpty() ? status : status + ", but for " + odd.join(", ");
-}
-
-QByteArray full_report(const Switch_Logic& unit) {
-    const Switch_State& state = unit.state();
-    return status_report(state) + information_report(state) + layout_report(state) +
-           audio_report(state);
 }

@@ -24,6 +24,3 @@ QString differences(const Unit_Snapshot& shown, const Unit_Snapshot& wanted);
 
 /// What the link's own widgets show: "connected", "not connected", or the contradiction.
 QString link_status(const Window_Fixture& at);
-
-/// The whole state of a unit, as its own reports give it.
-QByteArray full_report(const Switch_Logic& unit);

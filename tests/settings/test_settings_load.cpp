@@ -41,12 +41,6 @@ private:
     Settings_Lines lines;
 };
 
-namespace {
-
-constexpr int second_part_wait = 2000;
-
-} // namespace
-
 void Test_Settings_Load::init() {
     QFETCH_GLOBAL(const Switch_Model, model);
     lines = Settings_Lines(model);
@@ -93,7 +87,7 @@ void Test_Settings_Load::the_two_parts_go_out_in_order_2000_ms_apart() {
                                return press_key(Qt::Key_Return)(box);
                            }});
     QVERIFY(wait_until([&] { return fixture->robot.done(); }, 10'000));
-    QVERIFY2(wait >= second_part_wait, QByteArray::number(wait));
+    QVERIFY2(wait >= second_part_wait_ms, QByteArray::number(wait));
     QCOMPARE(fixture->window_fixture.commands(), fixture->sent_in_second_part(lines));
 }
 
@@ -294,7 +288,8 @@ void Test_Settings_Load::cancelling_reads_everything_back() {
     QCOMPARE(fixture->window_fixture.resolution(3).itemText(10), "WALL");
     QCOMPARE(fixture->window_fixture.resolution(1).count(), 13);
     // No second part follows.
-    QVERIFY(!wait_until([&] { return fixture->robot.snapshots().size() > 1; }, second_part_wait));
+    QVERIFY(
+        !wait_until([&] { return fixture->robot.snapshots().size() > 1; }, second_part_wait_ms));
     QCOMPARE(fixture->window_fixture.commands(), QByteArrayList());
 }
 

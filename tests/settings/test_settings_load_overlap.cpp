@@ -32,12 +32,6 @@ private:
     Settings_Lines second;
 };
 
-namespace {
-
-constexpr int second_part_wait = 2000;
-
-} // namespace
-
 void Test_Settings_Load_Overlap::init() {
     QFETCH_GLOBAL(const Switch_Model, model);
     first = Settings_Lines(model);
@@ -78,7 +72,7 @@ void Test_Settings_Load_Overlap::
         // The first timer fires in this time, and only it could send anything.
         (void)wait_until(
             [&] { return !fixture->window_fixture.device.received_commands().isEmpty(); },
-            second_part_wait + 500);
+            second_part_wait_ms + 500);
         meanwhile = fixture->window_fixture.device.received_commands();
         return choose_file(second_path)(modal);
     });
@@ -99,7 +93,7 @@ void Test_Settings_Load_Overlap::
     QCOMPARE(fixture->window_fixture.commands(), fixture->start_commands());
     const auto boxes = fixture->robot.snapshots().size();
     QVERIFY(!wait_until([&] { return fixture->robot.snapshots().size() > boxes; },
-                        second_part_wait + 500));
+                        second_part_wait_ms + 500));
     QCOMPARE(fixture->window_fixture.commands(), QByteArrayList());
 }
 
@@ -120,7 +114,7 @@ void Test_Settings_Load_Overlap::the_window_may_close_between_the_parts() {
     const auto boxes = fixture->robot.snapshots().size();
     fixture->window_fixture.close();
     QVERIFY(!wait_until([&] { return fixture->robot.snapshots().size() > boxes; },
-                        second_part_wait + 500));
+                        second_part_wait_ms + 500));
 }
 
 void Test_Settings_Load_Overlap::a_second_part_without_a_load_does_nothing() {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "sim/state_file.h"
-#include "sim/switch_report.h"
+#include "tests/support/all_reports.h"
 #include "tests/support/sample_units.h"
 
 #include <QFile>
@@ -23,11 +23,6 @@ private slots:
 };
 
 namespace {
-
-QByteArray all_reports(const Switch_State& state) {
-    return status_report(state) + information_report(state) + layout_report(state) +
-           audio_report(state);
-}
 
 /// With the ends of ranges, an empty name and one with a blank. No command sets the hotkey.
 Switch_State changed_state() {

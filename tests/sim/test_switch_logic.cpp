@@ -2,6 +2,7 @@
 
 #include "sim/switch_logic.h"
 #include "sim/switch_report.h"
+#include "tests/support/all_reports.h"
 
 #include <QTest>
 
@@ -33,15 +34,6 @@ private slots:
     void other_answers_hold_nothing_the_tool_looks_for();
     void settings_last_until_they_are_changed_again();
 };
-
-namespace {
-
-QByteArray all_reports(const Switch_State& state) {
-    return status_report(state) + information_report(state) + layout_report(state) +
-           audio_report(state);
-}
-
-} // namespace
 
 void Test_Switch_Logic::each_query_is_answered_by_its_report() {
     Switch_Logic unit(Switch_Model::pro);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "sim/switch_report.h"
+#include "tests/support/all_reports.h"
 
 #include <QTest>
 
@@ -41,11 +42,6 @@ Switch_State changed_state() {
     state.resolutions = {1, 11, 3, 4};
     state.layout_positions = {1, 2, 5, 16};
     return state;
-}
-
-QByteArray all_reports(const Switch_State& state) {
-    return status_report(state) + information_report(state) + layout_report(state) +
-           audio_report(state);
 }
 
 } // namespace

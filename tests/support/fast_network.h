@@ -7,6 +7,9 @@
 
 #include <QByteArrayList>
 
+/// The address of the first adapter.
+inline constexpr const char* adapter_ip = "127.0.0.2";
+
 /// Simulated adapters in the test's own thread: they run while the tool blocks that thread, so that
 /// a search takes no real time and its result does not depend on a race. For programs linked with
 /// fake_waiting. Time is virtual as long as it exists.

@@ -5,6 +5,15 @@
 #include "tests/support/window_fixture.h"
 #include "windows/halvern_velmoran_lite.h"
 
+/// What a Lite asks when its line has opened.
+inline const QByteArrayList question_list{"//rl", "//??", "//BP"};
+
+inline void be_silent(Simulated_Switch& device) {
+    Fault_Plan plan;
+    plan.silence = true;
+    device.set_faults(plan);
+}
+
 /// A Lite window and the simulated switch at the other end of its first listed port.
 ///
 ///     Lite_Fixture lite;

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <QMetaType>
 #include <QString>
 
 #include <functional>
@@ -12,6 +13,7 @@ class QWidget;
 /// What a Modal_Robot does with a modal widget. Returns nothing, or why it could not be done. It is
 /// called from the event loop: do not use QVERIFY inside.
 using Modal_Action = std::function<QString(QWidget& modal)>;
+Q_DECLARE_METATYPE(Modal_Action)
 
 /// Clicks the visible and enabled button with this caption; "&" in captions is ignored.
 Modal_Action press_button(const QString& caption);

@@ -10,6 +10,8 @@
 
 #include <memory>
 
+inline constexpr const char* report_failure = "Setting data from TQL error";
+
 /// Base class of the tests of the network link: each test function runs with a new fixture, on the
 /// Plus and on the Pro.
 class Network_Test : public QObject {

@@ -117,3 +117,6 @@ private:
 
 /// Labels of the lines that the first part of a load sends, in order.
 extern const QByteArrayList first_part_labels;
+
+/// The time between the two parts of a load.
+inline constexpr int second_part_wait_ms = 2000;

@@ -12,6 +12,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+inline constexpr const char* ip_settings_class = "IP_Settings_Dialog";
+
 /// The widgets of an IP_Settings_Dialog, by name.
 struct Ip_Dialog_Widgets {
     explicit Ip_Dialog_Widgets(const IP_Settings_Dialog& dialog)

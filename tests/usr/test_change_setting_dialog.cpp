@@ -35,14 +35,14 @@ private slots:
 
 namespace {
 
-constexpr const char* class_name = "Change_setting_for_USR_Dialog";
-constexpr const char* adapter_ip = "127.0.0.2";
-const char* const success = "Settings were applied successfully";
+constexpr const char* change_setting_class = "Change_setting_for_USR_Dialog";
+const char* const settings_applied = "Settings were applied successfully";
 
-class Shown_Dialog : public Change_setting_for_USR_Dialog {
+class Shown_Change_Dialog : public Change_setting_for_USR_Dialog {
 public:
-    explicit Shown_Dialog(const QString& address = "127.0.0.2", const QString& user = "admin",
-                          const QString& word = "admin", const QString& name = "OSTREL")
+    explicit Shown_Change_Dialog(const QString& address = "127.0.0.2",
+                                 const QString& user = "admin", const QString& word = "admin",
+                                 const QString& name = "OSTREL")
         : Change_setting_for_USR_Dialog(adapter_ip, address, "255.0.0.0", "127.0.0.1", "80", user,
                                         word, name) {}
 };
@@ -61,7 +61,7 @@ const Adapter_State& only_state(const Fast_Network& network) {
 void Test_Change_Setting_Dialog::cleanup() { QCOMPARE(windows_left(), QStringList()); }
 
 void Test_Change_Setting_Dialog::it_has_its_size_title_and_icon() {
-    const Shown_Dialog dialog;
+    const Shown_Change_Dialog dialog;
     QCOMPARE(dialog.minimumSize(), QSize(425, 341));
     QCOMPARE(dialog.maximumSize(), QSize(425, 341));
     QCOMPARE(dialog.windowTitle(), QString("Velmoran Ostrel"));
@@ -69,7 +69,7 @@ void Test_Change_Setting_Dialog::it_has_its_size_title_and_icon() {
 }
 
 void Test_Change_Setting_Dialog::it_starts_with_empty_fields_and_the_values_in_force() {
-    const Shown_Dialog dialog;
+    const Shown_Change_Dialog dialog;
     for (const char* name : {"lineEdit_Name", "lineEdit_Username", "lineEdit_Password"}) {
         QCOMPARE(find_child<QLineEdit>(dialog, name).text(), QString());
     }
@@ -114,10 +114,10 @@ void Test_Change_Setting_Dialog::what_was_typed_is_checked_in_order() {
     Fast_Network network;
     network.add_adapter();
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = apply(name, username, password)});
+    robot.expect({.class_name = change_setting_class, .action = apply(name, username, password)});
     expect_warning(robot, warning);
-    robot.expect({.class_name = class_name, .action = close_by_frame()});
-    Shown_Dialog dialog;
+    robot.expect({.class_name = change_setting_class, .action = close_by_frame()});
+    Shown_Change_Dialog dialog;
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
     QCOMPARE(network.serve(), 0);
@@ -129,9 +129,10 @@ void Test_Change_Setting_Dialog::new_values_are_sent_and_taken_over() {
     Fast_Network network;
     network.add_adapter();
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = apply("WEST WING", "keller", "geheim")});
-    expect_information(robot, success);
-    Shown_Dialog dialog;
+    robot.expect(
+        {.class_name = change_setting_class, .action = apply("WEST WING", "keller", "geheim")});
+    expect_information(robot, settings_applied);
+    Shown_Change_Dialog dialog;
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
     network.serve();
@@ -149,10 +150,10 @@ void Test_Change_Setting_Dialog::blank_fields_send_the_values_in_force() {
     Fast_Network network;
     network.add_adapter();
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = press_object("pushButton_Apply")});
-    expect_information(robot, success);
+    robot.expect({.class_name = change_setting_class, .action = press_object("pushButton_Apply")});
+    expect_information(robot, settings_applied);
     // The current name is written from its text, whatever the adapter's reply contains.
-    Shown_Dialog dialog("127.0.0.2", "admin", "admin", "FROM TEXT");
+    Shown_Change_Dialog dialog("127.0.0.2", "admin", "admin", "FROM TEXT");
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
     network.serve();
@@ -167,10 +168,10 @@ void Test_Change_Setting_Dialog::the_longest_values_are_accepted() {
     Fast_Network network;
     network.add_adapter();
     Modal_Robot robot;
-    robot.expect(
-        {.class_name = class_name, .action = apply("sixteen letters!", "123456", "654321")});
-    expect_information(robot, success);
-    Shown_Dialog dialog;
+    robot.expect({.class_name = change_setting_class,
+                  .action = apply("sixteen letters!", "123456", "654321")});
+    expect_information(robot, settings_applied);
+    Shown_Change_Dialog dialog;
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
     network.serve();
@@ -182,8 +183,8 @@ void Test_Change_Setting_Dialog::the_ip_settings_are_passed_along() {
     Fast_Network network;
     network.add_adapter();
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = apply("WEST", "", "")});
-    expect_information(robot, success);
+    robot.expect({.class_name = change_setting_class, .action = apply("WEST", "", "")});
+    expect_information(robot, settings_applied);
     Change_setting_for_USR_Dialog dialog(adapter_ip, "127.1.2.3", "255.255.254.0", "127.9.8.7",
                                          "00", "admin", "admin", "OSTREL");
     dialog.exec();
@@ -199,11 +200,12 @@ void Test_Change_Setting_Dialog::a_failed_change_is_followed_by_the_success_mess
     Fast_Network network;
     network.add_adapter();
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = apply("WEST WING", "keller", "geheim")});
+    robot.expect(
+        {.class_name = change_setting_class, .action = apply("WEST WING", "keller", "geheim")});
     expect_warning(robot, "Error in the setup of USR");
-    expect_information(robot, success);
+    expect_information(robot, settings_applied);
     // The state after a failed reading.
-    Shown_Dialog dialog("-1");
+    Shown_Change_Dialog dialog("-1");
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
     QVERIFY(dialog.is_settings_applied());
@@ -216,9 +218,9 @@ void Test_Change_Setting_Dialog::a_name_of_several_byte_characters_is_sent_whole
     Fast_Network network;
     network.add_adapter();
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = press_object("pushButton_Apply")});
-    expect_information(robot, success);
-    Shown_Dialog dialog;
+    robot.expect({.class_name = change_setting_class, .action = press_object("pushButton_Apply")});
+    expect_information(robot, settings_applied);
+    Shown_Change_Dialog dialog;
     find_child<QLineEdit>(dialog, "lineEdit_Name").setText(QString(16, QChar(0xfc)));
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
@@ -231,10 +233,10 @@ void Test_Change_Setting_Dialog::closed_after_a_failed_check_nothing_is_applied(
     Fast_Network network;
     network.add_adapter();
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = apply("", "keller", "1234567")});
+    robot.expect({.class_name = change_setting_class, .action = apply("", "keller", "1234567")});
     expect_warning(robot, "Password is too long");
-    robot.expect({.class_name = class_name, .action = close_by_frame()});
-    Shown_Dialog dialog;
+    robot.expect({.class_name = change_setting_class, .action = close_by_frame()});
+    Shown_Change_Dialog dialog;
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
     QVERIFY(!dialog.is_settings_applied());
@@ -245,15 +247,15 @@ void Test_Change_Setting_Dialog::after_a_change_the_next_dialog_works_with_the_n
     Fast_Network network;
     network.add_adapter();
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = apply("", "", "geheim")});
-    expect_information(robot, success);
-    Shown_Dialog first;
+    robot.expect({.class_name = change_setting_class, .action = apply("", "", "geheim")});
+    expect_information(robot, settings_applied);
+    Shown_Change_Dialog first;
     first.exec();
     QVERIFY2(robot.done(), robot.why());
-    robot.expect({.class_name = class_name, .action = apply("EAST", "", "")});
-    expect_information(robot, success);
-    Shown_Dialog second("127.0.0.2", first.get_username(), first.get_password(),
-                        first.get_usr_name());
+    robot.expect({.class_name = change_setting_class, .action = apply("EAST", "", "")});
+    expect_information(robot, settings_applied);
+    Shown_Change_Dialog second("127.0.0.2", first.get_username(), first.get_password(),
+                               first.get_usr_name());
     second.exec();
     QVERIFY2(robot.done(), robot.why());
     network.serve();
@@ -263,8 +265,8 @@ void Test_Change_Setting_Dialog::after_a_change_the_next_dialog_works_with_the_n
 
 void Test_Change_Setting_Dialog::escape_applies_nothing() {
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = press_key(Qt::Key_Escape)});
-    Shown_Dialog dialog;
+    robot.expect({.class_name = change_setting_class, .action = press_key(Qt::Key_Escape)});
+    Shown_Change_Dialog dialog;
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
     QVERIFY(!dialog.is_settings_applied());

@@ -36,8 +36,7 @@ private slots:
 
 namespace {
 
-constexpr const char* class_name = "Credentials_Dialog";
-constexpr const char* adapter_ip = "127.0.0.2";
+constexpr const char* credentials_class = "Credentials_Dialog";
 
 Modal_Action log_in(const QString& username, const QString& password) {
     return in_order({type_into("lineEdit_username", username),
@@ -107,9 +106,9 @@ void Test_Credentials_Dialog::what_was_typed_is_checked_in_order() {
     Fast_Network network;
     network.add_adapter();
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = log_in(username, password)});
+    robot.expect({.class_name = credentials_class, .action = log_in(username, password)});
     expect_warning(robot, warning);
-    robot.expect({.class_name = class_name, .action = close_by_frame()});
+    robot.expect({.class_name = credentials_class, .action = close_by_frame()});
     Credentials_Dialog dialog(adapter_ip, {});
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
@@ -127,7 +126,7 @@ void Test_Credentials_Dialog::six_characters_each_are_sent() {
     state.password = "abcdef";
     network.add(state);
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = log_in("123456", "abcdef")});
+    robot.expect({.class_name = credentials_class, .action = log_in("123456", "abcdef")});
     Credentials_Dialog dialog(adapter_ip, {});
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
@@ -149,7 +148,7 @@ void Test_Credentials_Dialog::a_good_login_ends_the_dialog_with_the_allocation()
     state.dhcp = dhcp;
     network.add(state);
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = log_in("admin", "admin")});
+    robot.expect({.class_name = credentials_class, .action = log_in("admin", "admin")});
     Credentials_Dialog dialog(adapter_ip, {});
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
@@ -171,7 +170,7 @@ void Test_Credentials_Dialog::the_dialog_stands_while_it_logs_in() {
         visible_meanwhile << dialog.isVisible();
     });
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = log_in("admin", "admin")});
+    robot.expect({.class_name = credentials_class, .action = log_in("admin", "admin")});
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
     QCOMPARE(visible_meanwhile, QList<bool>({true, true}));
@@ -181,7 +180,7 @@ void Test_Credentials_Dialog::a_refused_login_ends_the_dialog_with_minus_one() {
     Fast_Network network;
     network.add_adapter();
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = log_in("admin", "wrong")});
+    robot.expect({.class_name = credentials_class, .action = log_in("admin", "wrong")});
     expect_warning(robot, "Bad credentials");
     Credentials_Dialog dialog(adapter_ip, {});
     dialog.exec();
@@ -193,7 +192,7 @@ void Test_Credentials_Dialog::a_refused_login_ends_the_dialog_with_minus_one() {
 void Test_Credentials_Dialog::a_failed_reading_ends_the_dialog_with_minus_one() {
     const Fast_Network network;
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = log_in("admin", "admin")});
+    robot.expect({.class_name = credentials_class, .action = log_in("admin", "admin")});
     expect_warning(robot, "Search USR error");
     expect_warning(robot, "Error in getting data from the USR");
     expect_warning(robot, "Get ip allocation error");
@@ -206,7 +205,7 @@ void Test_Credentials_Dialog::a_failed_reading_ends_the_dialog_with_minus_one() 
 
 void Test_Credentials_Dialog::the_frames_close_button_sets_the_flag() {
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = close_by_frame()});
+    robot.expect({.class_name = credentials_class, .action = close_by_frame()});
     Credentials_Dialog dialog(adapter_ip, {});
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());
@@ -216,7 +215,7 @@ void Test_Credentials_Dialog::the_frames_close_button_sets_the_flag() {
 
 void Test_Credentials_Dialog::escape_leaves_an_empty_allocation() {
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = press_key(Qt::Key_Escape)});
+    robot.expect({.class_name = credentials_class, .action = press_key(Qt::Key_Escape)});
     Credentials_Dialog dialog(adapter_ip, {});
     dialog.exec();
     QVERIFY2(robot.done(), robot.why());

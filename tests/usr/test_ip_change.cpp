@@ -39,12 +39,10 @@ private slots:
 
 namespace {
 
-constexpr const char* class_name = "IP_Settings_Dialog";
-constexpr const char* adapter_ip = "127.0.0.2";
 constexpr const char* new_ip = "127.0.0.77";
 constexpr int max_wait_ms = 20'000;
 
-const char* const success = "The IP was applied successfully";
+const char* const ip_applied = "The IP was applied successfully";
 
 std::unique_ptr<IP_Settings_Dialog> make_dialog(const QString& allocation) {
     return std::make_unique<IP_Settings_Dialog>(adapter_ip, "admin", "admin", allocation);
@@ -117,7 +115,7 @@ void Test_IP_Change::a_static_address_is_looked_for_after_3500_ms() {
     widgets.gateway.setText("127.0.0.3");
 
     Modal_Robot robot;
-    expect_information(robot, success);
+    expect_information(robot, ip_applied);
     const First_Frame first_frame(network);
     widgets.apply.click();
     QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, max_wait_ms), robot.why());
@@ -152,7 +150,7 @@ void Test_IP_Change::dhcp_sends_the_fields_text_and_is_looked_for_after_6000_ms(
     widgets.dhcp.click();
 
     Modal_Robot robot;
-    expect_information(robot, success);
+    expect_information(robot, ip_applied);
     const First_Frame first_frame(network);
     widgets.apply.click();
     QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, max_wait_ms), robot.why());
@@ -181,7 +179,7 @@ void Test_IP_Change::an_adapter_that_does_not_come_back_is_asked_400_times_and_s
     expect_warning(robot, "Get static IP error");
     expect_warning(robot, "Get subnet mask error");
     expect_warning(robot, "Get gateway error");
-    expect_information(robot, success);
+    expect_information(robot, ip_applied);
     widgets.apply.click();
     QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, max_wait_ms), robot.why());
     QVERIFY2(robot.done(), robot.why());
@@ -211,7 +209,7 @@ void Test_IP_Change::an_adapter_that_turns_up_during_the_logins_is_read() {
     });
 
     Modal_Robot robot;
-    expect_information(robot, success);
+    expect_information(robot, ip_applied);
     widgets.apply.click();
     QVERIFY2(wait_until([&] { return widgets.apply.isEnabled(); }, max_wait_ms), robot.why());
     QVERIFY2(robot.done(), robot.why());
@@ -227,14 +225,14 @@ void Test_IP_Change::closed_during_the_wait_the_dialog_still_finishes() {
     const auto dialog = make_dialog("80");
     Ip_Dialog_Widgets(*dialog).address.setText(new_ip);
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = press_object("pushButton_Apply_IP")});
+    robot.expect({.class_name = ip_settings_class, .action = press_object("pushButton_Apply_IP")});
     // After the settings have been sent.
-    robot.expect({.class_name = class_name, .action = [&](QWidget& modal) {
+    robot.expect({.class_name = ip_settings_class, .action = [&](QWidget& modal) {
                       const bool is_sent = wait_until(
                           [&] { return !network.frames_of("04").isEmpty(); }, max_wait_ms);
                       return is_sent ? close_by_frame()(modal) : QString("nothing was sent");
                   }});
-    expect_information(robot, success);
+    expect_information(robot, ip_applied);
     dialog->exec();
     QVERIFY(dialog->is_closed_by_user());
     QCOMPARE(dialog->get_current_ip(), QString(adapter_ip));
@@ -268,8 +266,8 @@ void Test_IP_Change::the_waiting_box_can_be_dismissed_and_the_dialog_used_beside
     bool dialog_took_the_mouse = false;
     bool box_took_the_mouse = false;
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = press_object("pushButton_Apply_IP")});
-    robot.expect({.class_name = class_name, .action = [&](QWidget&) {
+    robot.expect({.class_name = ip_settings_class, .action = press_object("pushButton_Apply_IP")});
+    robot.expect({.class_name = ip_settings_class, .action = [&](QWidget&) {
                       const QPointer<QMessageBox> box = waiting_box();
                       box_was_visible = box != nullptr;
                       if (!box) {
@@ -282,8 +280,8 @@ void Test_IP_Change::the_waiting_box_can_be_dismissed_and_the_dialog_used_beside
                       box_took_the_mouse = !box->isVisible();
                       return QString();
                   }});
-    expect_information(robot, success);
-    robot.expect({.class_name = class_name, .action = close_by_frame()});
+    expect_information(robot, ip_applied);
+    robot.expect({.class_name = ip_settings_class, .action = close_by_frame()});
     robot.set_patience(std::chrono::seconds(20));
     dialog->exec();
     QVERIFY2(robot.done(), robot.why());

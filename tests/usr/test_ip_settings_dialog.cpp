@@ -40,21 +40,19 @@ private slots:
 
 namespace {
 
-constexpr const char* class_name = "IP_Settings_Dialog";
-constexpr const char* adapter_ip = "127.0.0.2";
 const QList<bool> all_enabled(4, true);
 const QList<bool> all_disabled(4, false);
 
 /// Reads the adapter at 127.0.0.2, with the allocation that an earlier login has read.
-class Shown_Dialog : public IP_Settings_Dialog {
+class Shown_IP_Dialog : public IP_Settings_Dialog {
 public:
-    explicit Shown_Dialog(const QString& allocation)
+    explicit Shown_IP_Dialog(const QString& allocation)
         : IP_Settings_Dialog(adapter_ip, "admin", "admin", allocation) {}
 };
 
 QString run(IP_Settings_Dialog& dialog, const Modal_Action& action) {
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = action});
+    robot.expect({.class_name = ip_settings_class, .action = action});
     dialog.exec();
     return robot.failures().join('\n');
 }
@@ -72,7 +70,7 @@ void Test_IP_Settings_Dialog::cleanup() { QCOMPARE(windows_left(), QStringList()
 void Test_IP_Settings_Dialog::it_has_its_size_title_and_icon() {
     Fast_Network network;
     network.add_adapter();
-    const Shown_Dialog dialog("00");
+    const Shown_IP_Dialog dialog("00");
     QCOMPARE(dialog.minimumSize(), QSize(500, 450));
     QCOMPARE(dialog.maximumSize(), QSize(500, 450));
     QCOMPARE(dialog.windowTitle(), QString("Velmoran Ostrel"));
@@ -88,7 +86,7 @@ void Test_IP_Settings_Dialog::it_reads_the_settings_with_one_login_before_it_sho
     state.subnet_mask = QHostAddress("255.255.254.0");
     state.gateway = QHostAddress("10.20.30.40");
     adapter.unit().set_state(state);
-    const Shown_Dialog dialog("00");
+    const Shown_IP_Dialog dialog("00");
     QVERIFY(!dialog.isVisible());
     QCOMPARE(network.frames_of("03").size(), 1);
     const Ip_Dialog_Widgets widgets(dialog);
@@ -118,7 +116,7 @@ void Test_IP_Settings_Dialog::the_allocation_decides_what_can_be_typed() {
     QFETCH(const bool, is_static);
     Fast_Network network;
     network.add_adapter();
-    const Shown_Dialog dialog(allocation);
+    const Shown_IP_Dialog dialog(allocation);
     const Ip_Dialog_Widgets widgets(dialog);
     QCOMPARE(widgets.edits_enabled(), QList<bool>(3, is_static));
     QCOMPARE(widgets.fixed.isChecked(), is_static);
@@ -130,7 +128,7 @@ void Test_IP_Settings_Dialog::the_allocation_decides_what_can_be_typed() {
 void Test_IP_Settings_Dialog::dhcp_disables_the_fields_and_keeps_their_text() {
     Fast_Network network;
     network.add_adapter();
-    const Shown_Dialog dialog("80");
+    const Shown_IP_Dialog dialog("80");
     const Ip_Dialog_Widgets widgets(dialog);
     widgets.address.setText("1.2.3.4");
     widgets.dhcp.click();
@@ -142,7 +140,7 @@ void Test_IP_Settings_Dialog::dhcp_disables_the_fields_and_keeps_their_text() {
 void Test_IP_Settings_Dialog::static_enables_the_fields() {
     Fast_Network network;
     network.add_adapter();
-    const Shown_Dialog dialog("00");
+    const Shown_IP_Dialog dialog("00");
     const Ip_Dialog_Widgets widgets(dialog);
     widgets.fixed.click();
     QCOMPARE(widgets.edits_enabled(), QList<bool>(3, true));
@@ -177,7 +175,7 @@ void Test_IP_Settings_Dialog::a_silent_adapter_is_asked_by_each_reading_anew() {
         expect_warning(robot, "Get subnet mask error");
         expect_warning(robot, "Get gateway error");
     }
-    const Shown_Dialog dialog("80");
+    const Shown_IP_Dialog dialog("80");
     QVERIFY2(robot.done(), robot.why());
     QCOMPARE(Ip_Dialog_Widgets(dialog).texts(), QStringList({"-1", "-1", "-1"}));
     QCOMPARE(network.frames_of("03").size(), 6 * 100);
@@ -186,7 +184,7 @@ void Test_IP_Settings_Dialog::a_silent_adapter_is_asked_by_each_reading_anew() {
 void Test_IP_Settings_Dialog::apply_freezes_the_buttons_and_asks_to_wait() {
     Fast_Network network;
     network.add_adapter();
-    Shown_Dialog dialog("80");
+    Shown_IP_Dialog dialog("80");
     dialog.show();
     const Ip_Dialog_Widgets widgets(dialog);
     const qsizetype frames_before = network.frames().size();
@@ -227,7 +225,7 @@ void Test_IP_Settings_Dialog::a_text_of_wrong_shape_is_not_applied() {
     QFETCH(const QString, gateway);
     Fast_Network network;
     network.add_adapter();
-    Shown_Dialog dialog("80");
+    Shown_IP_Dialog dialog("80");
     dialog.show();
     const Ip_Dialog_Widgets widgets(dialog);
     widgets.address.setText(address);
@@ -256,7 +254,7 @@ void Test_IP_Settings_Dialog::a_number_above_255_fails_in_composing_the_frame() 
     QFETCH(const QString, address);
     Fast_Network network;
     network.add_adapter();
-    Shown_Dialog dialog("80");
+    Shown_IP_Dialog dialog("80");
     dialog.show();
     const Ip_Dialog_Widgets widgets(dialog);
     widgets.address.setText(address);
@@ -275,7 +273,7 @@ void Test_IP_Settings_Dialog::a_number_above_255_fails_in_composing_the_frame() 
 void Test_IP_Settings_Dialog::after_a_failed_apply_the_waiting_box_stays_up() {
     Fast_Network network;
     network.add_adapter();
-    Shown_Dialog dialog("80");
+    Shown_IP_Dialog dialog("80");
     dialog.show();
     const Ip_Dialog_Widgets widgets(dialog);
     widgets.address.setText("10.0.7");
@@ -295,7 +293,7 @@ void Test_IP_Settings_Dialog::after_a_failed_apply_the_waiting_box_stays_up() {
 void Test_IP_Settings_Dialog::without_an_allocation_nothing_is_applied() {
     Fast_Network network;
     network.add_adapter();
-    Shown_Dialog dialog("80");
+    Shown_IP_Dialog dialog("80");
     dialog.show();
     const Ip_Dialog_Widgets widgets(dialog);
     // The form alone never reaches this state.
@@ -317,7 +315,7 @@ void Test_IP_Settings_Dialog::without_an_allocation_nothing_is_applied() {
 void Test_IP_Settings_Dialog::connect_ends_the_dialog() {
     Fast_Network network;
     network.add_adapter();
-    Shown_Dialog dialog("00");
+    Shown_IP_Dialog dialog("00");
     QCOMPARE(run(dialog, press_object("pushButton_Connect")), QString());
     QVERIFY(!dialog.isVisible());
     QVERIFY(!dialog.is_closed_by_user());
@@ -327,7 +325,7 @@ void Test_IP_Settings_Dialog::connect_ends_the_dialog() {
 void Test_IP_Settings_Dialog::the_frames_close_button_sets_the_flag() {
     Fast_Network network;
     network.add_adapter();
-    Shown_Dialog dialog("00");
+    Shown_IP_Dialog dialog("00");
     QCOMPARE(run(dialog, close_by_frame()), QString());
     QVERIFY(dialog.is_closed_by_user());
 }
@@ -335,7 +333,7 @@ void Test_IP_Settings_Dialog::the_frames_close_button_sets_the_flag() {
 void Test_IP_Settings_Dialog::escape_ends_it_without_the_flag() {
     Fast_Network network;
     network.add_adapter();
-    Shown_Dialog dialog("00");
+    Shown_IP_Dialog dialog("00");
     QCOMPARE(run(dialog, press_key(Qt::Key_Escape)), QString());
     QVERIFY(!dialog.isVisible());
     QVERIFY(!dialog.is_closed_by_user());
@@ -344,7 +342,7 @@ void Test_IP_Settings_Dialog::escape_ends_it_without_the_flag() {
 void Test_IP_Settings_Dialog::values_set_from_outside_are_kept() {
     Fast_Network network;
     network.add_adapter();
-    Shown_Dialog dialog("00");
+    Shown_IP_Dialog dialog("00");
     dialog.set_username("keller");
     dialog.set_password("geheim");
     dialog.set_usr_name("WEST WING");

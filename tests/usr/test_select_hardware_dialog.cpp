@@ -44,7 +44,7 @@ private slots:
 
 namespace {
 
-constexpr const char* class_name = "Select_hardware_Dialog";
+constexpr const char* select_hardware_class = "Select_hardware_Dialog";
 
 QComboBox& box_of(const Select_hardware_Dialog& dialog) {
     return find_child<QComboBox>(dialog, "comboBox");
@@ -64,7 +64,7 @@ QPushButton& button_of(const Select_hardware_Dialog& dialog, const char* name) {
 
 QString run(Select_hardware_Dialog& dialog, const Modal_Action& action) {
     Modal_Robot robot;
-    robot.expect({.class_name = class_name, .action = action});
+    robot.expect({.class_name = select_hardware_class, .action = action});
     dialog.exec();
     return robot.failures().join('\n');
 }

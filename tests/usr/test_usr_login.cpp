@@ -47,8 +47,6 @@ private slots:
 
 namespace {
 
-constexpr const char* adapter_ip = "127.0.0.2";
-
 int logins(const Fast_Network& network) { return static_cast<int>(network.frames_of("03").size()); }
 
 using Reading = QString (USR_configurator::*)();

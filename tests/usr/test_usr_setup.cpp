@@ -65,8 +65,6 @@ private slots:
 
 namespace {
 
-constexpr const char* adapter_ip = "127.0.0.2";
-
 /// A conversation that writes a static address to the adapter at 127.0.0.2.
 class Writing_Configurator : public USR_configurator {
 public:

@@ -34,7 +34,6 @@ private:
 
 namespace {
 
-const QByteArrayList question_list{"//rl", "//??", "//BP"};
 /// More than the 2500 ms after which a refresh would follow.
 constexpr int past_any_refresh_ms = 2800;
 

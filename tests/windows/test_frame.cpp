@@ -46,8 +46,6 @@ private:
 
 namespace {
 
-const QByteArrayList question_list{"//rl", "//??", "//BP"};
-
 const QString active =
     "background-color: rgb(77, 156, 238); border: 2.5px solid rgb(189, 189, 189); border-radius: "
     "10px";

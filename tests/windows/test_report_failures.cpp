@@ -51,8 +51,6 @@ private:
 
 namespace {
 
-const QByteArrayList question_list{"//rl", "//??", "//BP"};
-
 QByteArray other_report() {
     const Switch_State state = used_unit();
     return status_report(state) + information_report(state) + layout_report(state);

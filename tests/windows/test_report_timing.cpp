@@ -45,8 +45,6 @@ private:
 
 namespace {
 
-const QByteArrayList question_list{"//rl", "//??", "//BP"};
-
 QByteArray whole_report() {
     const Switch_State state;
     return status_report(state) + information_report(state) + layout_report(state);

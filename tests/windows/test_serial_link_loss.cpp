@@ -42,8 +42,6 @@ private:
 
 namespace {
 
-const QByteArrayList question_list{"//rl", "//??", "//BP"};
-
 void serve_events_for(int milliseconds) {
     QEventLoop loop;
     QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);

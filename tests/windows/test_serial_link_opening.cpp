@@ -49,14 +49,7 @@ private:
 namespace {
 
 const QByteArray questions("//rl\r//??\r//BP\r");
-const QByteArrayList question_list{"//rl", "//??", "//BP"};
 const QString no_such_port = "/dev/pts/no_such_port";
-
-void be_silent(Simulated_Switch& device) {
-    Fault_Plan plan;
-    plan.silence = true;
-    device.set_faults(plan);
-}
 
 /// A complete report after padding.
 QByteArray report_of_995_characters() {

@@ -40,8 +40,6 @@ private:
 
 namespace {
 
-const QByteArrayList question_list{"//rl", "//??", "//BP"};
-
 QStringList sorted(QStringList names) {
     names.sort();
     return names;
@@ -56,12 +54,6 @@ QStringList without(const QStringList& names, const QStringList& others) {
         }
     }
     return sorted(rest);
-}
-
-void be_silent(Simulated_Switch& device) {
-    Fault_Plan plan;
-    plan.silence = true;
-    device.set_faults(plan);
 }
 
 } // namespace

@@ -43,14 +43,6 @@ private:
 
 namespace {
 
-const QByteArrayList question_list{"//rl", "//??", "//BP"};
-
-void be_silent(Simulated_Switch& device) {
-    Fault_Plan plan;
-    plan.silence = true;
-    device.set_faults(plan);
-}
-
 void be_healthy(Simulated_Switch& device) { device.set_faults(Fault_Plan()); }
 
 } // namespace
